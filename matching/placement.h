@@ -1,0 +1,66 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "matching/vote.h"
+
+namespace matching {
+
+/// One recording as the placement sees it. Index in the list = file index of the votes.
+struct Recording {
+  std::string name;       // for messages
+  std::int64_t samples;   // exact length at 8000 Hz; 0 = no sound (the dummy, a marker)
+  int device = -1;        // recordings of one device (>= 0) never overlap; -1 = a device of its own
+};
+
+/// Reads `count` samples (mono, 8000 Hz, full scale 1.0) of recording `file` from sample `first`
+/// on; samples before the start or past the end are 0. Callable from any thread.
+using SoundReader =
+    std::function<std::vector<float>(int file, std::int64_t first, std::int64_t count)>;
+
+/// Where one recording stands in its group, and how sure and exact that is.
+struct Placed {
+  int file;
+  double offsetSeconds;             // from the group's earliest member; >= 0
+  double confidence;                // 0 to 1; of those given 0.9, nine in ten are right
+  std::optional<double> errorSeconds;  // estimated error of the offset; none if not measured
+  std::optional<double> driftPpm;   // clock against the group's; none where the overlap is too short
+  std::vector<int> matchedWith;     // files it was matched with, strongest first
+};
+
+struct PlacedGroup {
+  std::vector<Placed> members;  // at least two, by offset then by file
+};
+
+/// A recording left alone: what was tried, in one plain sentence.
+struct Alone {
+  int file;
+  std::string tried;
+};
+
+struct Placement {
+  std::vector<PlacedGroup> groups;  // by size, then by first file
+  std::vector<Alone> alone;         // by file
+  std::vector<std::string> doubts;  // contradictory pairs dropped, repeated music: sentences
+};
+
+/// First form: connected components of the accepted pairs, offsets of the vote, positions from
+/// the best-supported spanning tree; pairs that contradict it by more than 0.1 s are named.
+Placement placeByVotes(std::span<const Recording> recordings, std::span<const PairVote> votes);
+
+struct PlacementProgress {
+  std::function<void(int done, int total)> step;  // may be empty; called from the calling thread
+  std::function<bool()> cancelled;                // may be empty; polled between steps
+};
+
+/// Full form: votes give candidates, the sound decides. Deterministic: the order of threads
+/// changes nothing. Memory: linear in the number of recordings.
+Placement placeBySound(std::span<const Recording> recordings, std::span<const PairVote> votes,
+                       const SoundReader& sound, const PlacementProgress& progress = {});
+
+}  // namespace matching
