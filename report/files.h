@@ -1,0 +1,19 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+
+#include "report/status.h"
+
+namespace report {
+
+/// Paths travel as UTF-8 text and become a `path` only where a file is opened, so that any name
+/// works whatever the locale and, on Windows, the code page.
+std::filesystem::path fromUtf8(std::string_view text);
+std::string toUtf8(const std::filesystem::path& path);
+
+/// Creates or replaces the file with exactly `text`. The folder must exist.
+Status writeWhole(const std::filesystem::path& path, std::string_view text);
+
+}  // namespace report

@@ -1,0 +1,20 @@
+#include <cstdlib>
+
+#include "report/diagnostics.h"
+#include "report/files.h"
+#include "report/profile.h"
+
+namespace report {
+
+std::string profileFolder() {
+  const wchar_t* value = _wgetenv(L"USERPROFILE");
+  return value ? toUtf8(value) : std::string();
+}
+
+void useProfileFolder(const std::string& folder) {
+  _wputenv_s(L"USERPROFILE", fromUtf8(folder).c_str());
+}
+
+std::string nativeSlashes(const std::string& path) { return toBackslashPath(path); }
+
+}  // namespace report
