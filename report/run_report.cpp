@@ -1,0 +1,91 @@
+#include "report/run_report.h"
+
+#include <algorithm>
+
+#include "report/diagnostics.h"
+#include "report/files.h"
+#include "report/profile.h"
+#include "report/report_texts.h"
+
+namespace report {
+namespace {
+
+bool hasStatus(const std::vector<std::string>& result, const char* status) {
+  return !result.empty() && result.front() == status;
+}
+
+std::string checkRequests(const std::vector<std::string>& result) {
+  std::string text;
+  for (std::size_t i = 1; i < result.size(); ++i)
+    text += " \n please check this file for corruption/reencode in different format ->" + result[i];
+  return text;
+}
+
+void printOutcome(const std::vector<std::string>& result, const std::string& text,
+                  Console& console) {
+  console.line("");
+  console.line("posle log pre if");  // "after log, before if"
+  if (hasStatus(result, kNothingMatched)) {
+    console.line("sega sme vo nema");  // "now we are in none"
+    console.line(kNoMatchMessage);
+    return;
+  }
+  console.line("");
+  console.line("problematic files");
+  if (hasStatus(result, kSuccess)) return;
+  console.line("");
+  console.line(text);
+}
+
+std::string forwardSlashes(std::string path) {
+  std::ranges::replace(path, '\\', '/');
+  return path;
+}
+
+/// The profile path as the report's file and commands use it. Back slashes part folders on Windows
+/// only; elsewhere they belong to names.
+std::string profilePath() {
+  const std::string profile = profileFolder();
+  return nativeSlashes("/") == "/" ? profile : forwardSlashes(profile);
+}
+
+}  // namespace
+
+std::string problemsText(const std::vector<std::string>& result) {
+  if (hasStatus(result, kNothingMatched)) return kNoMatchMessage + checkRequests(result);
+  if (hasStatus(result, kSuccess))
+    return result.front() + "\nThe XML files are placed on Your DESKTOP!Look for SYNCED folder!" +
+           checkRequests(result);
+  std::string text = kSupportMessage;
+  for (const std::string& entry : result) text += entry + "  \n ";
+  return text;
+}
+
+std::array<ToOpen, 3> resultsToOpen(const std::string& profile) {
+  const std::string folder = forwardSlashes(profile) + kSyncedFolder;
+  const std::string problems = forwardSlashes(profile) + kProblemsFile;
+  const std::string page = forwardSlashes(profile) + "/Desktop/SYNCED/READ2SYNC.TXT";
+  return {{{"explorer \"" + folder + '"', profile + kSyncedFolder},
+           {"explorer  \"" + problems + '"', profile + kProblemsFile},
+           {"explorer  \"" + page + '"', profile + kRead2SyncFile}}};
+}
+
+void reportRun(const std::vector<std::string>& result, Console& console,
+               const std::function<void(const ToOpen&)>& open) {
+  const std::string text = problemsText(result);
+  printOutcome(result, text, console);
+  const std::string profile = profilePath();
+  console.line(profile + kProblemsFile);
+  (void)writeWhole(fromUtf8(profile + kProblemsFile), text);  // the result is shown elsewhere too
+  console.line("zapisano");                                   // "written"
+  console.line("pred open.....");                             // "before open"
+  std::array<ToOpen, 3> shown = resultsToOpen(profile);
+  console.line(shown[1].command);
+  for (ToOpen& one : shown) one.command = toBackslashPath(one.command);
+  console.line(shown[1].command);
+  console.line(shown[0].command);
+  if (open) std::ranges::for_each(shown, open);
+  console.line(profile);
+}
+
+}  // namespace report
