@@ -61,17 +61,14 @@ std::string problemsText(const std::vector<std::string>& result) {
   return text;
 }
 
-std::array<ToOpen, 3> resultsToOpen(const std::string& profile) {
-  const std::string folder = forwardSlashes(profile) + kSyncedFolder;
-  const std::string problems = forwardSlashes(profile) + kProblemsFile;
-  const std::string page = forwardSlashes(profile) + "/Desktop/SYNCED/READ2SYNC.TXT";
-  return {{{"explorer \"" + folder + '"', profile + kSyncedFolder},
-           {"explorer  \"" + problems + '"', profile + kProblemsFile},
-           {"explorer  \"" + page + '"', profile + kRead2SyncFile}}};
+std::array<std::string, 3> openCommands(const std::string& profile) {
+  return {"explorer \"" + profile + kSyncedFolder + '"',
+          "explorer  \"" + profile + kProblemsFile + '"',
+          "explorer  \"" + profile + "/Desktop/SYNCED/READ2SYNC.TXT\""};
 }
 
 void reportRun(const std::vector<std::string>& result, Console& console,
-               const std::function<void(const ToOpen&)>& open) {
+               const std::function<void(const std::string&)>& execute) {
   const std::string text = problemsText(result);
   printOutcome(result, text, console);
   const std::string profile = profilePath();
@@ -79,12 +76,12 @@ void reportRun(const std::vector<std::string>& result, Console& console,
   (void)writeWhole(fromUtf8(profile + kProblemsFile), text);  // the result is shown elsewhere too
   console.line("zapisano");                                   // "written"
   console.line("pred open.....");                             // "before open"
-  std::array<ToOpen, 3> shown = resultsToOpen(profile);
-  console.line(shown[1].command);
-  for (ToOpen& one : shown) one.command = toBackslashPath(one.command);
-  console.line(shown[1].command);
-  console.line(shown[0].command);
-  if (open) std::ranges::for_each(shown, open);
+  std::array<std::string, 3> commands = openCommands(profile);
+  console.line(commands[1]);
+  std::ranges::transform(commands, commands.begin(), toBackslashPath);
+  console.line(commands[1]);
+  console.line(commands[0]);
+  if (execute) std::ranges::for_each(commands, execute);
   console.line(profile);
 }
 

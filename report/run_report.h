@@ -18,18 +18,13 @@ inline constexpr char kSuccess[] =
 /// An empty result counts as a partial one.
 std::string problemsText(const std::vector<std::string>& result);
 
-/// Something to show to the user at the end of a run.
-struct ToOpen {
-  std::string command;  // for the command processor of Windows
-  std::string path;     // UTF-8, with slashes; what other systems open
-};
+/// The commands that show the SYNCED folder, PROBLEMS.TXT and READ2SYNC.txt below `profile`, in
+/// this order, for the command processor of Windows; with slashes as given.
+std::array<std::string, 3> openCommands(const std::string& profile);
 
-/// The SYNCED folder, PROBLEMS.TXT and READ2SYNC.txt below `profile`, in this order.
-std::array<ToOpen, 3> resultsToOpen(const std::string& profile);
-
-/// Ends a run: composes the report, writes PROBLEMS.TXT and hands what is to be shown to `open`,
+/// Ends a run: composes the report, writes PROBLEMS.TXT and hands the three commands to `execute`,
 /// which may be empty. The SYNCED folder must exist; a failed write is skipped.
 void reportRun(const std::vector<std::string>& result, Console& console,
-               const std::function<void(const ToOpen&)>& open);
+               const std::function<void(const std::string&)>& execute);
 
 }  // namespace report

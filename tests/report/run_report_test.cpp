@@ -37,16 +37,6 @@ TEST(ProblemsText, APartialResultListsEverythingAfterTheSupportMessage) {
   EXPECT_NE(support.find("in music videos where \n this"), string::npos);
 }
 
-TEST(ResultsToOpen, CommandsQuoteThePathsBelowTheProfile) {
-  const auto shown = report::resultsToOpen("C:\\Users\\ann");
-  EXPECT_EQ(report::toBackslashPath(shown[0].command),
-            "explorer \"C:\\Users\\ann\\Desktop\\SYNCED\"");
-  EXPECT_EQ(report::toBackslashPath(shown[1].command),
-            "explorer  \"C:\\Users\\ann\\Desktop\\SYNCED\\PROBLEMS.TXT\"");
-  EXPECT_EQ(report::toBackslashPath(shown[2].command),
-            "explorer  \"C:\\Users\\ann\\Desktop\\SYNCED\\READ2SYNC.TXT\"");
-}
-
 class Lines final : public report::Console {
  public:
   void line(std::string_view text) override { all.emplace_back(text); }
@@ -55,17 +45,18 @@ class Lines final : public report::Console {
 
 using ReportRun = ProfileTest;
 
-TEST_F(ReportRun, WritesTheFileWholeAndShowsFolderThenFiles) {
+TEST_F(ReportRun, WritesTheFileWholeAndRunsTheThreeCommands) {
   Lines console;
-  std::vector<string> opened;
+  std::vector<string> commands;
   report::reportRun({"first", "long name of an earlier result"}, console, {});
-  report::reportRun({"nema"}, console,
-                    [&](const report::ToOpen& one) { opened.push_back(one.path); });
+  report::reportRun({"nema"}, console, [&](const string& one) { commands.push_back(one); });
   EXPECT_EQ(content(report::kProblemsFile), report::kNoMatchMessage);
-  const string profile = report::toUtf8(profile_);
-  EXPECT_EQ(opened, (std::vector{profile + report::kSyncedFolder, profile + report::kProblemsFile,
-                                 profile + report::kRead2SyncFile}));
-  EXPECT_EQ(console.all.back(), profile);
+  const string folder =
+      report::toBackslashPath(report::toUtf8(profile_) + string(report::kSyncedFolder));
+  EXPECT_EQ(commands,
+            (std::vector{"explorer \"" + folder + '"', "explorer  \"" + folder + "\\PROBLEMS.TXT\"",
+                         "explorer  \"" + folder + "\\READ2SYNC.TXT\""}));
+  EXPECT_EQ(console.all.back(), report::toUtf8(profile_));
   EXPECT_EQ(std::ranges::count(console.all, "sega sme vo nema"), 1);
 }
 
