@@ -1,9 +1,9 @@
 #include "report/diagnostics.h"
 
 #include <algorithm>
-#include <fstream>
 #include <system_error>
 
+#include "report/append.h"
 #include "report/files.h"
 #include "report/profile.h"
 
@@ -14,10 +14,8 @@ std::filesystem::path diagnosticFile(const char* belowProfile) {
   return fromUtf8(nativeSlashes(profileFolder() + belowProfile));
 }
 
-void appendLine(const char* belowProfile, std::string line) {
-  line += '\n';
-  std::ofstream file(diagnosticFile(belowProfile), std::ios::app);
-  file.write(line.data(), static_cast<std::streamsize>(line.size()));
+void appendLine(const char* belowProfile, std::string_view line) {
+  appendWholeLine(diagnosticFile(belowProfile), line);
 }
 
 void removeFile(const char* belowProfile) {
@@ -27,9 +25,9 @@ void removeFile(const char* belowProfile) {
 
 }  // namespace
 
-void appendLogLine(std::string line) { appendLine(kLogFile, std::move(line)); }
-void appendTempResultsLine(std::string line) { appendLine(kTempResultsFile, std::move(line)); }
-void appendRead2SyncLine(std::string line) { appendLine(kRead2SyncFile, std::move(line)); }
+void appendLogLine(std::string line) { appendLine(kLogFile, line); }
+void appendTempResultsLine(std::string line) { appendLine(kTempResultsFile, line); }
+void appendRead2SyncLine(std::string line) { appendLine(kRead2SyncFile, line); }
 
 void removeRead2SyncFile() { removeFile(kRead2SyncFile); }
 void removeTempResultsFile() { removeFile(kTempResultsFile); }

@@ -9,6 +9,7 @@
 
 #include "report/files.h"
 #include "report/profile.h"
+#include "tests/awkward_names.h"
 
 /// A profile folder of its own for each test, with the folders that a run makes.
 class ProfileTest : public testing::Test {
@@ -16,7 +17,7 @@ class ProfileTest : public testing::Test {
   void SetUp() override {
     const auto* test = testing::UnitTest::GetInstance()->current_test_info();
     profile_ = std::filesystem::temp_directory_path() /
-               report::fromUtf8(std::string("kestrel émilie & \"co\" ") + test->name());
+               report::fromUtf8("kestrel " + std::string(kAwkwardName) + test->name());
     std::filesystem::create_directories(profile_ / "Desktop/SYNCED/debugfiles");
     report::useProfileFolder(report::toUtf8(profile_));
   }
