@@ -1,0 +1,20 @@
+# From Debian to 64-bit Windows 10 and later, with Debian's mingw-w64 (posix threads, which
+# std::thread and OpenMP need). The parts made by core-parts are looked for in KESTREL_PARTS.
+set(CMAKE_SYSTEM_NAME Windows)
+set(CMAKE_SYSTEM_VERSION 10.0)
+set(CMAKE_SYSTEM_PROCESSOR x86_64)
+set(CMAKE_C_COMPILER x86_64-w64-mingw32-gcc-posix)
+set(CMAKE_CXX_COMPILER x86_64-w64-mingw32-g++-posix)
+set(CMAKE_RC_COMPILER x86_64-w64-mingw32-windres)
+
+set(KESTREL_PARTS ${CMAKE_CURRENT_LIST_DIR}/../../build/mingw-parts CACHE PATH "Made by core-parts")
+list(APPEND CMAKE_TRY_COMPILE_PLATFORM_VARIABLES KESTREL_PARTS)
+set(CMAKE_FIND_ROOT_PATH ${KESTREL_PARTS} /usr/x86_64-w64-mingw32)
+set(CMAKE_PREFIX_PATH ${KESTREL_PARTS})
+set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
+set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
+set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
+set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
+set(ENV{PKG_CONFIG_LIBDIR} ${KESTREL_PARTS}/lib/pkgconfig)
+
+set(CMAKE_CROSSCOMPILING_EMULATOR ${CMAKE_CURRENT_LIST_DIR}/wine)
