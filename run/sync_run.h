@@ -43,9 +43,9 @@ struct Services {
 
 /// Settings beyond those that `synco` takes.
 struct Options {
-  bool align = true;         // place by the sound itself; false: accepted pairs, vote's offsets
-  bool openFolders = true;   // open the results at the end
-  bool compactXmeml = false; // the fixed fragments alone
+  bool align = true;          // place by the sound itself; false: accepted pairs, vote's offsets
+  bool openFolders = true;    // open the results at the end
+  bool compactXmeml = false;  // the fixed fragments alone
   std::vector<std::string> formats;  // empty: all
 };
 

@@ -1,0 +1,41 @@
+#include "run/conversion_command.h"
+
+#include <filesystem>
+
+#include "report/files.h"
+#include "run/entries.h"
+
+namespace run {
+namespace {
+
+/// ffmpeg takes "12:30 take.mov" for a protocol and "-take.mov" for an option; a path with a
+/// folder in front it takes for a file.
+std::string fileArgument(std::string_view entry) {
+  return std::string(entry.starts_with('/') ? "" : "./").append(entry);
+}
+
+}  // namespace
+
+std::string programFolder() {
+  std::error_code error;
+  const std::filesystem::path here = std::filesystem::current_path(error);
+  return (error ? std::string() : report::toUtf8(here)) + "/";
+}
+
+Command conversionCommand(std::string_view programFolder, std::string_view entry) {
+  const std::string source(entry);
+  const std::string target = convertedName(entry);
+  std::string line = "\"";
+  line.append(programFolder).append("ffmpeg.exe\"   -i \"").append(source);
+  line.append("\" -vn -acodec pcm_s16le -ar 8000 -ac 1  -f wav -y  \"").append(target) += '"';
+  return {line,
+          {"ffmpeg", "-i", fileArgument(source), "-vn", "-acodec", "pcm_s16le", "-ar", "8000",
+           "-ac", "1", "-f", "wav", "-y", fileArgument(target)}};
+}
+
+std::string macConversionCommand(std::string_view entry) {
+  return "./Kestrel.app/ffmpeg   -i \"" + std::string(entry) +
+         "\" -vn  -ar 8000 -ac 1 -f wav -y \"" + convertedName(entry) + "\"";
+}
+
+}  // namespace run

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "run/process.h"
+
+namespace run {
+
+/// The folder in which ffmpeg is looked for on Windows: the working directory followed by "/".
+std::string programFolder();
+
+/// Converts `entry` to 8000 Hz, one channel, 16 bits, in a WAV file beside it; an older one is
+/// overwritten. On Windows a double quote in a name breaks the command line, elsewhere any name
+/// works. Pure.
+Command conversionCommand(std::string_view programFolder, std::string_view entry);
+
+/// The same for a macOS build, as text: it is shown, not run.
+std::string macConversionCommand(std::string_view entry);
+
+}  // namespace run

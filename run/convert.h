@@ -1,0 +1,23 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "run/process.h"
+#include "run/sync_run.h"
+
+namespace run {
+
+/// Converts every entry that is a path with ffmpeg, several at once, and waits for all. Returns
+/// how each went, in list order; whether a conversion worked is told by the size of its file.
+/// A file is left out whose converted name is itself in the list, because no source may be
+/// overwritten. Stops at the next file when the run is cancelled.
+std::vector<ProcessResult> convertAll(const std::vector<std::string>& entries,
+                                      const Services& services);
+
+/// "Resample at 8000": converts every entry and returns the converted names in list order, those
+/// of markers included.
+std::vector<std::string> resemplirajgi8000(std::vector<std::string> videofiles,
+                                           const Services& services);
+
+}  // namespace run

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <string>
+
+namespace run {
+
+/// What a run asks of the user's desktop. Nothing is reported back.
+class Desktop {
+ public:
+  virtual ~Desktop() = default;
+  /// Hands `line` to the Windows command processor; elsewhere nothing happens, so that no name
+  /// that a user can choose ever reaches a shell.
+  virtual void command(const std::string& line) = 0;
+  /// Shows a file or folder in the desktop's own program; on Windows `command` does that, and
+  /// nothing happens here.
+  virtual void show(const std::string& path) = 0;
+};
+
+/// The desktop of the operating system; on a machine without one nothing is shown.
+class SystemDesktop final : public Desktop {
+ public:
+  void command(const std::string& line) override;
+  void show(const std::string& path) override;
+};
+
+}  // namespace run

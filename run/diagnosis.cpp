@@ -1,0 +1,126 @@
+#include "run/diagnosis.h"
+
+#include <algorithm>
+#include <cctype>
+#include <filesystem>
+#include <fstream>
+#include <optional>
+#include <system_error>
+
+#include "report/files.h"
+
+namespace run {
+namespace {
+
+namespace fs = std::filesystem;
+
+struct Why {
+  std::string reason, remedy;
+};
+
+std::optional<Why> fromFileSystem(const std::string& file) {
+  const fs::path path = report::fromUtf8(file);
+  std::error_code error;
+  const fs::file_status status = fs::status(path, error);
+  if (status.type() == fs::file_type::not_found)
+    return Why{"it does not exist", "Check its path, and that the card or drive is connected."};
+  if (!fs::exists(status))
+    return Why{"it may not be read (" + error.message() + ")",
+               "Check the permissions of the file and its folders."};
+  if (fs::is_directory(status)) return Why{"it is a folder", "Add the files in it."};
+  if (!fs::is_regular_file(status)) return Why{"it is not a file", "Add a media file."};
+  if (!std::ifstream(path, std::ios::binary))
+    return Why{"it may not be read", "Check its permissions, and close programs that hold it."};
+  if (fs::file_size(path, error) == 0)
+    return Why{"it is empty (0 bytes)", "Copy it again from the camera or recorder."};
+  return std::nullopt;
+}
+
+/// Tries it, because permissions alone do not tell (a card with its lock switched on).
+bool mayBeWritten(const std::string& file) {
+  const fs::path path = report::fromUtf8(file);
+  const bool written = std::ofstream(path, std::ios::binary | std::ios::app).is_open();
+  std::error_code ignored;
+  if (written) fs::remove(path, ignored);
+  return written;
+}
+
+/// ffmpeg's own words, where they tell more than that it failed.
+std::optional<Why> fromMessages(const std::string& messages) {
+  struct Sign {
+    const char* words;
+    Why why;
+  };
+  static const Sign signs[] = {
+      {"No space left", {"there is no room for its converted sound", "Make room on its drive."}},
+      {"does not contain any stream",
+       {"it has no sound", "Record sound with the camera, or place this file by hand."}},
+      {"moov atom not found",
+       {"it is cut off: its index is missing",
+        "Copy it again from the camera, or repair it with the camera's own program."}},
+      {"Invalid data found",
+       {"it is not a media file, or it is damaged",
+        "Check that it plays; copy or export it again."}},
+      {"Decoder", {"ffmpeg cannot decode its sound", "Convert its sound to WAV and add that."}}};
+  for (const auto& [words, why] : signs)
+    if (messages.find(words) != std::string::npos) return why;
+  return std::nullopt;
+}
+
+std::optional<Why> fromStart(const Entry& entry) {
+  const std::string& error = entry.conversion.started.error;
+  if (error.empty()) return std::nullopt;
+  if (error.find("overwrite") != std::string::npos)
+    return Why{error + ", which is itself in the list", "Rename one of the two."};
+  return Why{"ffmpeg, which reads its sound, is missing or does not start (" + error + ")",
+             "Install ffmpeg, or put it into the folder in which this program runs."};
+}
+
+Why fromConversion(const Entry& entry, MediaProbe& probe) {
+  if (auto why = fromStart(entry)) return *why;
+  if (!mayBeWritten(entry.converted))
+    return {"its folder may not be written, so no converted sound can be made beside it",
+            "Copy the file to a folder that may be written, and add the copy."};
+  if (auto why = fromMessages(entry.conversion.messages)) return *why;
+  const MediaProperties media = probe.query(entry.listed);
+  if (media.opened && media.audioStreams == 0 && !media.frameRate.empty())
+    return *fromMessages("does not contain any stream");
+  if (media.opened && media.audioStreams > 0 && entry.conversion.exitCode == 0)
+    return {"its sound is too short to be used", "Leave it out, or place it by hand."};
+  return *fromMessages("Invalid data found");
+}
+
+std::string endingOf(const std::string& file) {
+  return report::toUtf8(report::fromUtf8(file).extension());
+}
+
+Why fromType(const Entry& entry, MediaProbe& probe) {
+  if (!probe.available())
+    return {"the MediaInfo library is missing, so its picture could not be recognised",
+            "Install the MediaInfo library (package libmediainfo0v5)."};
+  const std::string ending = endingOf(entry.listed);
+  std::string small = ending;
+  std::ranges::transform(small, small.begin(), [](unsigned char c) { return std::tolower(c); });
+  const std::string reason =
+      "it has no picture, and " +
+      (ending.empty() ? "a name without an ending" : "the ending " + ending) +
+      " is not among those known for sound (wav, mp3, m4a, aif)";
+  if (small == ".aiff") return {reason, "Rename it so that it ends in .aif."};
+  for (const char* known : {".wav", ".mp3", ".m4a", ".aif"})
+    if (small == known) return {reason, "Rename it so that it ends in " + small + "."};
+  return {reason, "Convert its sound to WAV and add that."};
+}
+
+}  // namespace
+
+report::LeftOut diagnose(const Entry& entry, MediaProbe& probe) {
+  const bool converted = !entry.source.starts_with(kIgnorePrefix);
+  Why why;
+  if (auto found = fromFileSystem(entry.listed))
+    why = *found;
+  else
+    why = converted ? fromType(entry, probe) : fromConversion(entry, probe);
+  return {entry.listed, why.reason, why.remedy};
+}
+
+}  // namespace run

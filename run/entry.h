@@ -1,0 +1,30 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "run/media_probe.h"
+#include "run/process.h"
+
+namespace run {
+
+/// What a run knows of one entry of its list. The dummy and the marker lines are entries too: they
+/// keep their places to the end, so that an entry's index means the same in every table.
+struct Entry {
+  std::string listed;        // the path or marker as it was handed in
+  std::string source;        // the same, until a failure rewrites it (below)
+  std::string converted;     // its converted sound, beside the source
+  std::string frameRate;     // as reported; "999" where there is no picture
+  ProcessResult conversion;  // how ffmpeg ended
+  MediaProperties media;
+  int device = -1;  // files of one device share it; -1: a device of its own
+
+  bool isFile() const;
+};
+
+// What `source` and the lists turn into when a file cannot be used.
+inline constexpr std::string_view kIgnorePrefix = "IGNORE";  // then the converted name
+inline constexpr std::string_view kToDrop = "trgni";         // "go away"
+inline constexpr std::string_view kNoFrameRate = "999";
+
+}  // namespace run

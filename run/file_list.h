@@ -1,0 +1,30 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "report/outcome.h"
+#include "run/entry.h"
+
+namespace run {
+
+/// The list without repeats of a file, whatever way the names take to it; of several occurrences
+/// the first one within a device group stays, or else the first. Each dropped path is added to
+/// `repeated`. Markers stay.
+std::vector<std::string> withoutRepeats(const std::vector<std::string>& videofiles,
+                                        std::vector<std::string>& repeated);
+
+/// One entry per item of `list`, the dummy included, with devices as the marker lines say.
+std::vector<Entry> makeEntries(const std::vector<std::string>& list);
+
+/// Marks every entry whose converted file is missing or smaller than any sound is.
+void markUnconverted(std::vector<Entry>& entries);
+
+/// Whether an entry that has been asked for its frame rate is of no use: neither picture nor a
+/// known sound type, or no converted file. Pure.
+bool isIgnored(const Entry& entry);
+
+/// "999" for every missing frame rate; then the entries marked to drop go.
+void dropMarked(std::vector<Entry>& entries);
+
+}  // namespace run

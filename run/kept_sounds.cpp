@@ -1,0 +1,82 @@
+#include "run/kept_sounds.h"
+
+#include <algorithm>
+#include <cctype>
+#include <filesystem>
+#include <map>
+#include <utility>
+
+#include "report/files.h"
+
+namespace run {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// Moving is copying and deleting, faster where both places are on one drive.
+bool moveFile(const fs::path& from, const fs::path& to) {
+  std::error_code error;
+  fs::rename(from, to, error);
+  if (!error) return true;
+  fs::copy_file(from, to, fs::copy_options::overwrite_existing, error);
+  if (error) return false;
+  fs::remove(from, error);
+  return true;
+}
+
+/// `path`, or a name beside it that nothing has yet: "clip.wav" becomes "clip-1.wav".
+fs::path freeName(const fs::path& path) {
+  std::error_code ignored;
+  fs::path name = path;
+  for (int number = 1; fs::exists(name, ignored); ++number) {
+    name = path.parent_path() / path.stem();
+    name += "-";
+    name += std::to_string(number);
+    name += path.extension();
+  }
+  return name;
+}
+
+/// Some drives take "A.wav" and "a.wav" for one name.
+std::string withoutCase(std::string name) {
+  std::ranges::transform(name, name.begin(), [](unsigned char c) { return std::tolower(c); });
+  return name;
+}
+
+/// Gives the sound that this run has already stored at `target` another name.
+void setAside(const fs::path& target, std::string& stored) {
+  std::error_code error;
+  if (!fs::equivalent(target, report::fromUtf8(stored), error)) return;
+  const fs::path other = freeName(target);
+  if (moveFile(target, other)) stored = report::toUtf8(other);
+}
+
+}  // namespace
+
+void removeConverted(const std::vector<std::string>& converted) {
+  std::error_code ignored;  // most are gone already
+  for (const std::string& file : converted) fs::remove(report::fromUtf8(file), ignored);
+}
+
+std::vector<std::string> keepSounds(const std::vector<Entry>& entries, const std::string& folder,
+                                    TemporaryFolder& spare, report::Console& console) {
+  std::vector<std::string> places(entries.size());
+  std::map<std::string, std::size_t> takenBy;
+  for (std::size_t i = 0; i < entries.size(); ++i) {
+    if (!entries[i].isFile()) continue;
+    const fs::path converted = report::fromUtf8(entries[i].converted);
+    const std::string name = report::toUtf8(converted.filename());
+    fs::path target = report::fromUtf8(folder + name);
+    console.line("ova treba da e dest:" + folder + name);
+    const auto [taken, first] = takenBy.try_emplace(withoutCase(name), i);
+    if (!first) setAside(target, places[std::exchange(taken->second, i)]);
+    if (!moveFile(converted, target)) {
+      target = freeName(spare.path() / converted.filename());
+      if (spare.path().empty() || !moveFile(converted, target)) continue;
+    }
+    places[i] = report::toUtf8(target);
+  }
+  return places;
+}
+
+}  // namespace run

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <string>
+
+namespace run {
+
+class MediaInfoLibrary;
+
+/// What a media file says of itself. What it does not say is empty or 0.
+struct MediaProperties {
+  bool opened = false;        // false: not a media file, unreadable, or no library
+  std::string frameRate;      // of the first picture stream, as text, for example "25.000"
+  int width = 0, height = 0;  // pixels
+  double videoSeconds = 0;
+  int audioStreams = 0;
+  int audioChannels = 0, audioRate = 0;  // of the first sound stream; Hz
+  double audioSeconds = 0;
+  double seconds = 0;  // of the container
+};
+
+/// Asks media files for their properties; tests bring their own.
+class MediaProbe {
+ public:
+  virtual ~MediaProbe() = default;
+  /// Whether there is anything to ask with; without, every query comes back empty.
+  virtual bool available() = 0;
+  /// The properties of the file at `path` (UTF-8). Callable from any thread.
+  virtual MediaProperties query(const std::string& path) = 0;
+};
+
+/// Asks the MediaInfo library, which is loaded at the first query and unloaded with this object.
+class MediaInfoProbe final : public MediaProbe {
+ public:
+  MediaInfoProbe();
+  explicit MediaInfoProbe(MediaInfoLibrary& library) : library_(library) {}
+  ~MediaInfoProbe() override;
+  bool available() override;
+  MediaProperties query(const std::string& path) override;
+
+ private:
+  MediaInfoLibrary& library_;
+  bool loaded_ = false;
+};
+
+/// The frame rate of the picture as text of at least two characters; shorter when there is none.
+inline std::string frameRateText(MediaProbe& probe, const std::string& path) {
+  return probe.query(path).frameRate;
+}
+
+}  // namespace run

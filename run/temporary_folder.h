@@ -1,0 +1,27 @@
+#pragma once
+
+#include <filesystem>
+#include <system_error>
+
+namespace run {
+
+/// A folder of its own below the system's temporary folder, made when it is first asked for and
+/// removed with all that is in it at the end.
+class TemporaryFolder {
+ public:
+  TemporaryFolder() = default;
+  TemporaryFolder(const TemporaryFolder&) = delete;
+  TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+  ~TemporaryFolder() {
+    std::error_code ignored;  // what cannot be removed lies where systems clean up themselves
+    if (!path_.empty()) std::filesystem::remove_all(path_, ignored);
+  }
+
+  /// Empty if no folder could be made.
+  const std::filesystem::path& path();
+
+ private:
+  std::filesystem::path path_;
+};
+
+}  // namespace run
