@@ -10,12 +10,12 @@ namespace matching {
 
 /// The best-supported offset of one pair and what speaks for it.
 struct OffsetStats {
-  float bestOffset;         // seconds
-  float sections;           // distinct sections that support it
-  float mostHitsOffset;     // seconds; the candidate with the most counted hits
-  float mostHits;           // its counted hits
-  float bestHits;           // counted hits of the best candidate
-  float span;               // last supporting section - first supporting section ("raspon")
+  float bestOffset;      // seconds
+  float sections;        // distinct sections that support it
+  float mostHitsOffset;  // seconds; the candidate with the most counted hits
+  float mostHits;        // its counted hits
+  float bestHits;        // counted hits of the best candidate
+  float span;            // last supporting section - first supporting section ("raspon")
   float score;
 };
 
@@ -23,6 +23,7 @@ struct OffsetStats {
 struct DeltaPeak {
   double offsetSeconds;  // position of the second file's start on the first file's clock
   int hits;              // raw hits within 3 hundredths of it, duplicates included
+  double significance;   // how far the hits exceed those around: (hits - expected) / sqrt(... + 1)
 };
 
 /// How the vote ended for a pair of files.
@@ -35,8 +36,8 @@ struct PairVote {
   std::optional<OffsetStats> stats;  // none when no candidate won
   double confidence = 0;             // "sigurnost"
   Acceptance accepted = Acceptance::none;
-  int rawHits = 0;                   // hits before duplicates are removed
-  std::vector<DeltaPeak> peaks;      // at most 4, most hits first
+  int rawHits = 0;               // hits before duplicates are removed
+  std::vector<DeltaPeak> peaks;  // at most 4, most significant first, 0.1 s apart or more
 };
 
 }  // namespace matching

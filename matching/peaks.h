@@ -1,0 +1,17 @@
+#pragma once
+
+#include <span>
+#include <vector>
+
+#include "matching/hit.h"
+#include "matching/vote.h"
+
+namespace matching {
+
+/// The time differences at which most more of one pair's `hits` (duplicates included) gather than
+/// within seconds around: at most 4, most significant first, at least 0.1 s apart and of at least
+/// 5 hits. `fillers` of the hits join the zero rows that every fingerprint has; they do not count.
+/// Linear in the hits and in the range of their differences. Pure.
+std::vector<DeltaPeak> strongestPeaks(std::span<const HitCode> hits, int fillers);
+
+}  // namespace matching
