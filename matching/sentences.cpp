@@ -1,0 +1,65 @@
+#include "matching/sentences.h"
+
+#include "report/text.h"
+
+namespace matching {
+namespace {
+
+/// The votes that one recording took part in.
+struct Attempt {
+  int compared = 0;
+  const PairVote* closest = nullptr;
+
+  void add(const PairVote& vote) {
+    ++compared;
+    if (supportOf(vote) > (closest ? supportOf(*closest) : 0)) closest = &vote;
+  }
+};
+
+std::string tell(int file, const Attempt& attempt, std::span<const Recording> recordings) {
+  if (attempt.compared == 0) return "There was no other recording to compare it with.";
+  const std::string count =
+      "Compared with " + report::countText(attempt.compared, "recording") + ": ";
+  if (!attempt.closest) return count + "it agrees with none on any offset.";
+  const PairVote& vote = *attempt.closest;
+  const std::string& other = recordings[vote.first == file ? vote.second : vote.first].name;
+  if (vote.accepted != Acceptance::none) {
+    return count + "it matches " + other + ", which could not be placed.";
+  }
+  return count + other + " comes closest; " +
+         std::to_string(static_cast<int>(vote.stats->sections)) +
+         " of 32 sections agree on one offset, too few to be sure.";
+}
+
+std::string inSeconds(double seconds) { return report::decimalText(seconds, 2) + " s"; }
+
+}  // namespace
+
+std::string sentence(const Clash& clash, std::span<const Recording> recordings) {
+  const std::string& removed = recordings[clash.removed].name;
+  return removed + " would overlap " + recordings[clash.kept].name + " of the same device by " +
+         inSeconds(clash.seconds) + "; " + removed + ", the worse supported one, was taken out.";
+}
+
+std::string contradiction(const Link& link, double knownOffset,
+                          std::span<const Recording> recordings) {
+  return recordings[link.first].name + " and " + recordings[link.second].name + " seem to match " +
+         inSeconds(link.offset) + " apart, but better supported matches put them " +
+         inSeconds(knownOffset) + " apart; this match was left out.";
+}
+
+std::vector<std::string> attempts(std::span<const Recording> recordings,
+                                  std::span<const PairVote> votes) {
+  std::vector<Attempt> made(recordings.size());
+  for (const PairVote& vote : votes) {
+    made[vote.first].add(vote);
+    made[vote.second].add(vote);
+  }
+  std::vector<std::string> told;
+  for (const Attempt& attempt : made) {
+    told.push_back(tell(static_cast<int>(told.size()), attempt, recordings));
+  }
+  return told;
+}
+
+}  // namespace matching
