@@ -1,7 +1,5 @@
 #pragma once
 
-#include <cstdint>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -9,14 +7,15 @@ namespace timeline {
 
 /// One media file as the documents describe it. What was not reported is 0.
 struct Media {
-  std::string path;             // UTF-8, as the user gave it
-  double durationSeconds = 0;   // exact
+  std::string path;            // UTF-8, as the user gave it
+  double durationSeconds = 0;  // exact
   bool hasVideo = false;
-  double frameRate = 0;         // frames per second, as reported
-  int width = 0, height = 0;    // pixels
+  double frameRate = 0;       // frames per second, as reported
+  int width = 0, height = 0;  // pixels
+  bool hasAudio = true;
   int audioChannels = 0;
-  int audioRate = 0;            // Hz
-  int device = -1;              // files of one device (>= 0) never overlap; -1 = its own
+  int audioRate = 0;  // Hz
+  int device = -1;    // files of one device (>= 0) never overlap; -1 = its own
 };
 
 /// A media file standing on a group's timeline.

@@ -1,0 +1,47 @@
+#include "export/frame_rate.h"
+
+#include <cmath>
+
+namespace timeline {
+namespace {
+
+// A millionth of a frame is far below a sample and far above the rounding of a double at 30 hours.
+constexpr double kSlack = 1e-6;
+
+double exactUnits(double seconds, FrameRate rate) {
+  return seconds * static_cast<double>(rate.units) / static_cast<double>(rate.seconds);
+}
+
+bool near(double a, double b) { return std::abs(a - b) < 0.006; }  // 23.98 means 23.976...
+
+}  // namespace
+
+FrameRate exactRate(double fps) {
+  if (!(fps > 0)) return {25, 1};
+  const double whole = std::ceil(fps - 0.006);
+  const auto units = static_cast<std::int64_t>(whole);
+  if (near(fps, whole)) return {units, 1};
+  if (near(fps, whole * 1000 / 1001)) return {units * 1000, 1001};
+  return {std::llround(fps * 1000), 1000};
+}
+
+Timebase timebaseOf(FrameRate rate) {
+  const bool ntsc = rate.seconds == 1001;
+  const auto whole = std::llround(ntsc ? rate.units / 1000.0 : exactUnits(1, rate));
+  return {whole > 0 ? whole : 1, ntsc};
+}
+
+std::int64_t nearestUnit(double seconds, FrameRate rate) {
+  return static_cast<std::int64_t>(std::floor(exactUnits(seconds, rate) + 0.5 + kSlack));
+}
+
+std::int64_t wholeUnits(double seconds, FrameRate rate) {
+  return static_cast<std::int64_t>(std::floor(exactUnits(seconds, rate) + kSlack));
+}
+
+double toSeconds(std::int64_t units, FrameRate rate) {
+  return static_cast<double>(units) * static_cast<double>(rate.seconds) /
+         static_cast<double>(rate.units);
+}
+
+}  // namespace timeline
