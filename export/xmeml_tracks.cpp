@@ -1,0 +1,72 @@
+#include "export/xmeml_tracks.h"
+
+#include "export/xmeml_parts.h"
+
+namespace timeline {
+namespace {
+
+/// The tracks of a sequence that are taken so far.
+struct TrackCount {
+  int video = 0, audio = 0;
+};
+
+TrackSet trackSet(const Project& project, const Lane& lane, TrackCount& tracks, int& clipCount) {
+  TrackSet set;
+  set.channels = soundChannels(project.media[lane.front().media]);
+  int pictures = 0, sounds = 0;
+  for (const Item& item : lane) {
+    const bool picture = project.media[item.media].hasVideo;
+    if (picture && set.videoTrack == 0) set.videoTrack = ++tracks.video;
+    set.clips.push_back({item, "clipitem-" + std::to_string(++clipCount), set.channels,
+                         picture ? set.videoTrack : 0, picture ? ++pictures : 0, tracks.audio + 1,
+                         ++sounds});
+  }
+  tracks.audio += set.channels;
+  return set;
+}
+
+Element link(const PlacedClip& clip, int channel) {
+  const bool picture = channel == 0;
+  Element result("link");
+  result.add(Element("linkclipref", partId(clip, channel)),
+             Element("mediatype", picture ? "video" : "audio"),
+             Element("trackindex", picture ? clip.videoTrack : clip.audioTrack + channel - 1),
+             Element("clipindex", picture ? clip.videoPosition : clip.audioPosition));
+  if (!picture) result.add(Element("groupindex", 1));
+  return result;
+}
+
+}  // namespace
+
+std::vector<TrackSet> trackSets(const Project& project, const Group& group, bool shareTracks,
+                                int& clipCount) {
+  constexpr int kBeyondChannels = 64;  // more than any file's channels
+  std::vector<int> keys =
+      shareTracks ? std::vector<int>(project.media.size(), 0) : deviceKeys(project);
+  for (std::size_t i = 0; i < keys.size(); ++i)
+    keys[i] = keys[i] * kBeyondChannels + soundChannels(project.media[i]);
+  std::vector<TrackSet> sets;
+  TrackCount tracks;
+  for (const Lane& lane : lanes(onGrid(project, group, {exactRate(project.fps)}), keys))
+    sets.push_back(trackSet(project, lane, tracks, clipCount));
+  return sets;
+}
+
+std::string partId(const PlacedClip& clip, int channel) {
+  return clip.id + (channel == 0 ? "-v" : "-a" + std::to_string(channel));
+}
+
+Element sourceTrack(int channel) {
+  Element result("sourcetrack");
+  result.add(Element("mediatype", channel == 0 ? "video" : "audio"),
+             Element("trackindex", channel == 0 ? 1 : channel));
+  return result;
+}
+
+void addLinks(Element& clipItem, const PlacedClip& clip) {
+  const int first = clip.videoTrack > 0 ? 0 : 1;
+  if (clip.channels == first) return;  // a part alone has nothing to be linked with
+  for (int channel = first; channel <= clip.channels; ++channel) clipItem.add(link(clip, channel));
+}
+
+}  // namespace timeline
