@@ -34,7 +34,8 @@ stage() {
   mkdir -p "$work/logs" "$work/done"
   [ -e "$work/done/$name" ] && return
   say "$name ($howlong)"
-  if ! (set -euo pipefail && "$@") >"$log" 2>&1; then
+  (set -euo pipefail; "$@") >"$log" 2>&1 &  # as a job, because a condition would switch -e off
+  if ! wait $!; then
     tail -40 "$log" >&2
     die "$name failed; the whole output is in $log. Start again to go on from here."
   fi
