@@ -1,0 +1,82 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+#include "analysis/landmarks.h"
+#include "analysis/peaks.h"
+#include "analysis/spectrogram.h"
+#include "tests/analysis/reference.h"
+#include "tests/analysis/sounds.h"
+
+namespace {
+
+using analysis::Spectrogram;
+
+struct Named {
+  const char* name;
+  sounds::Samples samples;
+};
+
+std::vector<Named> variedSounds() {
+  const auto minute = sounds::music(60 * 8000, 5);
+  return {{"noise", sounds::noise(40'000, 1)},
+          {"tone", sounds::tone(40'000, 440)},
+          {"music", minute},
+          {"music with noise", sounds::heardWithNoise(minute, 0.3f, 0.02f, 6)},
+          {"speech", sounds::speech(60 * 8000, 7)},
+          {"clicks", sounds::clicks(40'000, 1900)},
+          {"clipped", sounds::clipped(sounds::music(80'000, 8))},
+          {"100 samples", sounds::noise(100, 9)},
+          {"one block", sounds::noise(384, 10)},
+          {"whole blocks", sounds::music(384 * 50, 11)},
+          {"odd number of blocks and a rest", sounds::music(384 * 51 + 383, 12)},
+          {"long busy sound", sounds::noise(120 * 8000, 13)},
+          {"sound between digital silence", [] {
+             auto samples = sounds::silence(200'000);
+             const auto middle = sounds::speech(60'000, 14);
+             std::copy(middle.begin(), middle.end(), samples.begin() + 70'000);
+             return samples;
+           }()}};
+}
+
+// Rounding of another transform is an absolute error of the magnitude, in proportion to the
+// loudest bin; the logarithm turns it into a larger one the quieter a bin is.
+float largestDifference(const Spectrogram& a, const Spectrogram& b) {
+  float largest = 0;
+  for (Eigen::Index i = 0; i < a.size(); ++i) {
+    const float x = a.data()[i], y = b.data()[i];
+    if (std::isfinite(x) || std::isfinite(y)) largest = std::max(largest, std::abs(x - y));
+  }
+  return largest;
+}
+
+TEST(Spectrogram, EqualsPlainReadingUpToRounding) {
+  for (const auto& [name, samples] : variedSounds()) {
+    for (const int shift : {0, 32, 64}) {
+      SCOPED_TRACE(testing::Message() << name << ", shift " << shift);
+      const Spectrogram expected = reference::spectrogram(samples, shift);
+      const Spectrogram s = analysis::spectrogram(samples, shift);
+      ASSERT_EQ(s.rows(), 192);
+      ASSERT_EQ(s.cols(), expected.cols());
+      EXPECT_LT(largestDifference(s, expected), 0.15f);
+    }
+  }
+}
+
+TEST(Peaks, EqualPlainReadingToTheBit) {
+  for (const auto& [name, samples] : variedSounds()) {
+    const Spectrogram s = analysis::spectrogram(samples, 32);
+    for (const float decay : {0.995f, 0.98f, 0.9f}) {
+      for (const std::int64_t capacity : {std::int64_t{250}, std::int64_t{5000}}) {
+        SCOPED_TRACE(testing::Message() << name << ", " << decay << ", " << capacity);
+        const auto forward = analysis::forwardPeaks(s, decay, capacity);
+        EXPECT_EQ(forward, reference::forwardPeaks(s, decay, capacity));
+        const auto kept = analysis::backwardPeaks(s, forward, decay);
+        EXPECT_EQ(kept, reference::backwardPeaks(s, forward, decay));
+        EXPECT_EQ(analysis::pairPeaks(kept, {}), reference::pairPeaks(kept, 31, 63));
+      }
+    }
+  }
+}
+
+}  // namespace
