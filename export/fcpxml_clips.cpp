@@ -26,8 +26,20 @@ Element soundOf(const Media& media, int index) {
   return audio;
 }
 
-/// The sound of a sound-only clip, shifted inside its clip by what the frame's edge is off: its
-/// head is set in by `late` seconds, or cut by as much if `late` is negative.
+/// Where sound alone stands inside its clip, which begins on a frame: its head `late` seconds after
+/// the clip's, or cut by as much if negative. The clip is `length` frames long.
+struct SoundPlace {
+  double late;
+  std::int64_t length;
+};
+
+SoundPlace soundPlace(const Media& media, const Item& item, FrameRate rate) {
+  const double late = item.startSeconds - toSeconds(item.start, rate);
+  const std::int64_t length = wholeUnits(media.durationSeconds + std::min(late, 0.0), rate);
+  if (length == 0) return {0, item.length};  // a single frame of sound has nothing to spare
+  return {late, length};
+}
+
 Element shiftedSound(const Media& media, int index, double late) {
   const double cut = std::max(-late, 0.0);
   Element audio = soundOf(media, index);
@@ -94,12 +106,7 @@ Element ClipWriter::pictureClip(const Item& item, bool onTimeline) const {
 
 Element ClipWriter::soundClip(const Item& item, bool onTimeline) const {
   const Media& media = mediaOf(item);
-  double late = item.startSeconds - toSeconds(item.start, rate_);
-  std::int64_t length = wholeUnits(media.durationSeconds + std::min(late, 0.0), rate_);
-  if (length == 0) {  // a single frame of sound has nothing to spare
-    late = 0;
-    length = item.length;
-  }
+  const auto [late, length] = soundPlace(media, item, rate_);
   Element result = start("clip", item, onTimeline);
   result.attribute("duration", timeText(length, rate_)).add(shiftedSound(media, item.media, late));
   return result;
@@ -123,6 +130,15 @@ Element ClipWriter::angle(const Lane& lane, const std::string& id) const {
   return result;
 }
 
+std::vector<Item> angleItems(const Project& project, const Group& group) {
+  const FrameRate rate = exactRate(project.fps);
+  std::vector<Item> items = onGrid(project, group, {rate});
+  for (Item& item : items)
+    if (const Media& media = project.media[item.media]; !media.hasVideo)
+      item.length = soundPlace(media, item, rate).length;
+  return items;
+}
+
 bool hasPicture(const Project& project, const Lane& lane) {
   return std::ranges::any_of(lane,
                              [&](const Item& item) { return project.media[item.media].hasVideo; });
@@ -132,7 +148,7 @@ bool hasPicture(const Project& project, const Lane& lane) {
 
 std::optional<Multicam> multicam(const Project& project, const Group& group, int number,
                                  FcpxmlVersion version) {
-  const std::vector<Item> items = onGrid(project, group, {exactRate(project.fps)});
+  const std::vector<Item> items = angleItems(project, group);
   if (items.empty()) return std::nullopt;
   Element angles("multicam");
   angles.attribute("format", kDefaultFormat).attribute("tcStart", "0s");

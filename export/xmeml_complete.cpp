@@ -100,7 +100,8 @@ Element CompleteDocument::audioTrack(const TrackSet& set, int channel) {
     track.attribute("currentExplodedTrackIndex", channel - 1)
         .attribute("totalExplodedTrackCount", set.channels)
         .attribute("premiereTrackType", set.channels == 1 ? "Mono" : "Stereo");
-  for (const PlacedClip& clip : set.clips) track.add(clipItem(clip, channel));
+  for (const PlacedClip& clip : set.clips)
+    if (clip.channels > 0) track.add(clipItem(clip, channel));
   track.add(Element("enabled", "TRUE"), Element("locked", "FALSE"),
             Element("outputchannelindex", (channel - 1) % 2 + 1));
   return track;

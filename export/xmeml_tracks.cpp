@@ -1,5 +1,8 @@
 #include "export/xmeml_tracks.h"
 
+#include <algorithm>
+#include <map>
+
 #include "export/xmeml_parts.h"
 
 namespace timeline {
@@ -12,17 +15,37 @@ struct TrackCount {
 
 TrackSet trackSet(const Project& project, const Lane& lane, TrackCount& tracks, int& clipCount) {
   TrackSet set;
-  set.channels = soundChannels(project.media[lane.front().media]);
   int pictures = 0, sounds = 0;
   for (const Item& item : lane) {
-    const bool picture = project.media[item.media].hasVideo;
-    if (picture && set.videoTrack == 0) set.videoTrack = ++tracks.video;
-    set.clips.push_back({item, "clipitem-" + std::to_string(++clipCount), set.channels,
-                         picture ? set.videoTrack : 0, picture ? ++pictures : 0, tracks.audio + 1,
-                         ++sounds});
+    const Media& media = project.media[item.media];
+    const int channels = soundChannels(media);
+    set.channels = std::max(set.channels, channels);
+    if (media.hasVideo && set.videoTrack == 0) set.videoTrack = ++tracks.video;
+    set.clips.push_back({item, "clipitem-" + std::to_string(++clipCount), channels,
+                         media.hasVideo ? set.videoTrack : 0, media.hasVideo ? ++pictures : 0,
+                         tracks.audio + 1, channels > 0 ? ++sounds : 0});
   }
   tracks.audio += set.channels;
   return set;
+}
+
+/// One key for each device and number of channels. A silent picture goes with the first file of
+/// its device.
+std::vector<int> trackKeys(const Project& project, bool shareTracks) {
+  constexpr int kBeyondChannels = 64;  // more than any file's channels
+  const std::vector<int> devices =
+      shareTracks ? std::vector<int>(project.media.size(), 0) : deviceKeys(project);
+  std::map<int, int> channelsOfDevice;
+  for (std::size_t i = 0; i < devices.size(); ++i)
+    if (const int channels = soundChannels(project.media[i]); channels > 0)
+      channelsOfDevice.try_emplace(devices[i], channels);
+  std::vector<int> keys;
+  for (std::size_t i = 0; i < devices.size(); ++i) {
+    const int channels = soundChannels(project.media[i]);
+    keys.push_back(devices[i] * kBeyondChannels +
+                   (channels > 0 ? channels : channelsOfDevice[devices[i]]));
+  }
+  return keys;
 }
 
 Element link(const PlacedClip& clip, int channel) {
@@ -40,11 +63,7 @@ Element link(const PlacedClip& clip, int channel) {
 
 std::vector<TrackSet> trackSets(const Project& project, const Group& group, bool shareTracks,
                                 int& clipCount) {
-  constexpr int kBeyondChannels = 64;  // more than any file's channels
-  std::vector<int> keys =
-      shareTracks ? std::vector<int>(project.media.size(), 0) : deviceKeys(project);
-  for (std::size_t i = 0; i < keys.size(); ++i)
-    keys[i] = keys[i] * kBeyondChannels + soundChannels(project.media[i]);
+  const std::vector<int> keys = trackKeys(project, shareTracks);
   std::vector<TrackSet> sets;
   TrackCount tracks;
   for (const Lane& lane : lanes(onGrid(project, group, {exactRate(project.fps)}), keys))

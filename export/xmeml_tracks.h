@@ -9,21 +9,21 @@
 namespace timeline {
 
 /// Where a clip's picture and sound stand. Tracks and positions on them count from 1; channel n of
-/// the sound is on track `audioTrack` + n - 1. 0 stands for no picture.
+/// the sound is on track `audioTrack` + n - 1. 0 stands for none.
 struct PlacedClip {
   Item item;
   std::string id;
-  int channels;
+  int channels;  // 0: no sound
   int videoTrack, videoPosition;
   int audioTrack, audioPosition;
 };
 
-/// The clips of one device that do not overlap and have the same number of sound channels, so that
-/// a track is mono or stereo throughout.
+/// The clips of one device that do not overlap and have the same number of sound channels (or no
+/// sound), so that a track is mono or stereo throughout.
 struct TrackSet {
   std::vector<PlacedClip> clips;  // by start
   int videoTrack = 0;             // 0: no clip has a picture
-  int channels = 0;               // as many audio tracks
+  int channels = 0;               // of the sound; as many audio tracks
 };
 
 /// Lays a group out on the tracks of a sequence. With `shareTracks` all devices share them.
