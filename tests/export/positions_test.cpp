@@ -1,0 +1,208 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <map>
+#include <random>
+
+#include "export/fcpxml.h"
+#include "export/otio.h"
+#include "export/text.h"
+#include "export/vegas.h"
+#include "export/xmeml.h"
+#include "tests/export/reader.h"
+
+namespace {
+
+using namespace timeline;
+using reader::Placed;
+
+constexpr std::int64_t kRate = 8000;  // positions are whole samples here, so that frames are exact
+
+struct Shot {
+  std::int64_t start, length;  // samples
+};
+
+struct RandomRun {
+  Project project;
+  std::map<int, Shot> shots;  // by media
+};
+
+const char* const kNames[] = {"plain.mov",
+                              "a & b.mov",
+                              "<tag> \"quoted\" 'n'.mov",
+                              "100 % #1?.mov",
+                              "\xF0\x9F\x8E\xAC \xD7\xA9\xD7\x9C\xD7\x95\xD7\x9D.mov",
+                              "no\xFFutf\xC3.mov",
+                              "bell\a\x1B.mov"};
+const char* const kFolders[] = {"/media/", "C:\\Clips\\", "\\\\server\\share\\"};
+
+/// A few groups of a few devices that never overlap themselves; long waits reach past 30 hours.
+RandomRun randomRun(unsigned seed, double fps) {
+  std::mt19937 random(seed);
+  const auto below = [&](std::int64_t n) { return static_cast<std::int64_t>(random() % n); };
+  RandomRun run;
+  run.project.fps = fps;
+  int device = 0;
+  for (const char* name : {"Group <1>", "Group 2"}) {
+    Group group{name, {}};
+    const std::int64_t wait = below(2) ? kRate : 12 * 3600 * kRate;
+    for (int last = device + 1 + static_cast<int>(below(4)); device < last; ++device) {
+      const bool video = below(3) > 0;
+      const int channels = 1 + static_cast<int>(below(2));
+      std::int64_t at = group.clips.empty() ? 0 : below(wait);
+      for (std::int64_t clips = 1 + below(4); clips > 0; --clips) {
+        const std::int64_t frame = kRate / static_cast<std::int64_t>(fps) + 1;
+        const Shot shot{at, below(3) ? frame + below(wait) : frame};
+        const int media = static_cast<int>(run.project.media.size());
+        run.project.media.push_back(
+            {kFolders[below(3)] + std::to_string(media) + kNames[below(std::size(kNames))],
+             static_cast<double>(shot.length) / kRate, video, 25, 1920, 1080, true, channels, 48000,
+             device});
+        group.clips.push_back({media, static_cast<double>(shot.start) / kRate, 0.9});
+        run.shots[media] = shot;
+        at += shot.length + (below(2) ? below(wait) : 0);
+      }
+    }
+    run.project.groups.push_back(group);
+  }
+  return run;
+}
+
+std::string slashed(std::string path) {
+  if (isWindowsPath(path)) std::ranges::replace(path, '\\', '/');
+  return path;
+}
+
+/// What must be read back on a timeline of `rate`: starts rounded (`half` 1) or cut, lengths cut.
+/// `sound` gives the number of sound parts of a clip.
+template <typename Sound>
+std::vector<Placed> expected(const RandomRun& run, FrameRate rate, int half, Sound sound) {
+  std::vector<Placed> result;
+  for (const Group& group : run.project.groups)
+    for (const Clip& clip : group.clips) {
+      const Media& media = run.project.media[clip.media];
+      const auto [start, length] = run.shots.at(clip.media);
+      const std::int64_t unit = kRate * rate.seconds;
+      const std::int64_t first = (2 * start * rate.units + half * unit) / (2 * unit);
+      const std::int64_t end = first + length * rate.units / unit;
+      for (int channel = media.hasVideo ? 0 : 1; channel <= sound(media); ++channel)
+        result.push_back({group.name, slashed(media.path), channel, first, end, 0, 0,
+                          static_cast<double>(start) / kRate});
+    }
+  std::ranges::sort(result);
+  return result;
+}
+
+std::vector<Placed> sorted(std::vector<Placed> clips) {
+  std::ranges::sort(clips);
+  return clips;
+}
+
+/// No two clips of one track overlap, and a device keeps its track.
+void expectOrderlyTracks(const RandomRun& run, const std::vector<Placed>& clips) {
+  std::map<std::tuple<std::string, bool, int>, std::vector<const Placed*>> tracks;
+  std::map<std::tuple<std::string, int, int>, int> trackOfDevice;
+  std::map<std::string, int> deviceOf;
+  for (const Media& media : run.project.media) deviceOf[slashed(media.path)] = media.device;
+  for (const Placed& clip : clips) {
+    tracks[{clip.group, clip.channel == 0, clip.track}].push_back(&clip);
+    const auto [known, isNew] =
+        trackOfDevice.try_emplace({clip.group, deviceOf.at(clip.path), clip.channel}, clip.track);
+    EXPECT_EQ(known->second, clip.track) << clip.path;
+  }
+  for (auto& [track, items] : tracks) {
+    std::ranges::sort(items, {}, &Placed::start);
+    for (std::size_t i = 1; i < items.size(); ++i)
+      EXPECT_LE(items[i - 1]->end, items[i]->start) << items[i]->path;
+  }
+}
+
+class Positions : public testing::TestWithParam<double> {
+ protected:
+  template <typename Check>
+  void forRandomRuns(Check check) {
+    for (unsigned seed = 1; seed <= 15; ++seed) {
+      SCOPED_TRACE(seed);
+      check(randomRun(seed, GetParam()), exactRate(GetParam()));
+    }
+  }
+};
+
+TEST_P(Positions, OfXmemlAreThoseThatWentIn) {
+  forRandomRuns([](const RandomRun& run, FrameRate rate) {
+    const auto channels = [](const Media& media) { return media.audioChannels; };
+    for (const XmemlTarget target : {XmemlTarget::finalCut, XmemlTarget::premiere}) {
+      const auto complete = reader::xmeml(
+          xmemlDocument(run.project, XmemlForm::complete, target, Part::synced), true);
+      EXPECT_TRUE(sorted(complete) == expected(run, rate, 1, channels));
+      expectOrderlyTracks(run, complete);
+    }
+  });
+}
+
+TEST_P(Positions, OfTheCompactFormAreThoseThatWentIn) {
+  forRandomRuns([](const RandomRun& run, FrameRate rate) {
+    auto wanted = expected(run, rate, 1, [](const Media&) { return 2; });
+    for (Placed& clip : wanted) {  // this form's URLs: no bytes beyond UTF-8, a share's extra slash
+      clip.path = cleanText(clip.path);
+      if (clip.path.starts_with("//")) clip.path.insert(0, "/");
+    }
+    std::ranges::sort(wanted);
+    const std::string text =
+        xmemlDocument(run.project, XmemlForm::compact, XmemlTarget::premiere, Part::synced);
+    EXPECT_TRUE(sorted(reader::xmeml(text, false)) == wanted);
+  });
+}
+
+TEST_P(Positions, OfFcpxmlAreThoseThatWentIn) {
+  forRandomRuns([](const RandomRun& run, FrameRate rate) {
+    for (const FcpxmlVersion version : {FcpxmlVersion::v1_1, FcpxmlVersion::v1_10}) {
+      auto read = reader::fcpxml(fcpxmlDocument(run.project, version, Part::synced), rate);
+      auto wanted = expected(run, rate, 1, [](const Media& m) { return m.hasVideo ? 0 : 1; });
+      expectOrderlyTracks(run, read);
+      std::ranges::sort(read);
+      ASSERT_EQ(read.size(), wanted.size());
+      for (std::size_t i = 0; i < read.size(); ++i) {
+        const bool sound = read[i].channel == 1;
+        EXPECT_LE(wanted[i].end - read[i].end, sound ? 1 : 0);   // sound may lose its cut frame
+        const bool oneFrame = read[i].end == read[i].start + 1;  // too short to be shifted
+        if (sound && !oneFrame) {
+          EXPECT_NEAR(read[i].soundAt, wanted[i].soundAt, 0.6 / 48000);
+        }
+        read[i].end = wanted[i].end;
+        EXPECT_TRUE(read[i] == wanted[i]) << read[i].path;
+      }
+    }
+  });
+}
+
+TEST_P(Positions, OfOtioAreThoseThatWentIn) {
+  forRandomRuns([](const RandomRun& run, FrameRate rate) {
+    const auto read = reader::otio(otioDocument(run.project), rate);
+    EXPECT_TRUE(sorted(read) == expected(run, rate, 1, [](const Media&) { return 1; }));
+    expectOrderlyTracks(run, read);
+  });
+}
+
+TEST_P(Positions, OfVegasAreThoseThatWentIn) {
+  forRandomRuns([](RandomRun run, FrameRate) {
+    for (Media& media : run.project.media) {
+      media.path = media.hasVideo
+                       ? "/m" + std::to_string(&media - run.project.media.data())
+                       : "/s" + std::to_string(&media - run.project.media.data()) + ".wav";
+    }
+    std::vector<Placed> read;
+    report::NoConsole console;
+    for (const Group& group : run.project.groups)
+      for (const Placed& clip :
+           reader::vegas(vegasEditList(run.project, group, console), group.name))
+        read.push_back(clip);
+    EXPECT_TRUE(sorted(read) == expected(run, {1000, 1}, 0, [](const Media&) { return 1; }));
+    expectOrderlyTracks(run, read);
+  });
+}
+
+INSTANTIATE_TEST_SUITE_P(EveryRate, Positions,
+                         testing::Values(23.976, 24, 25, 29.97, 30, 50, 59.94, 60));
+
+}  // namespace
