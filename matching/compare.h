@@ -10,7 +10,7 @@
 
 namespace matching {
 
-inline constexpr int kMostFiles = 998;  // per run: file indices have three digits in a hit
+inline constexpr int kMostFiles = 999;  // per run: indices have three digits, 999 means nothing
 
 /// Two files to compare: `first` is the longer one, or the one listed first when none is.
 struct FilePair {

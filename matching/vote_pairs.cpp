@@ -57,13 +57,11 @@ std::span<const FilePair> nextBlock(std::span<const FilePair> pairs, Fingerprint
 }  // namespace
 
 bool votePairs(Fingerprints fingerprints, const Eigen::VectorXf& durations,
-               const std::vector<std::vector<int>>& deviceGroups, int mode,
+               std::span<const FilePair> pairs, int mode,
                const std::function<void(PairVote)>& sink, const std::function<bool()>& cancelled) {
-  const Eigen::VectorXf raised = durations.array() + 1;  // as the comparison has them
-  const std::vector<FilePair> all = pairsToCompare(raised, deviceGroups);
   std::vector<PairVote> votes;
   std::atomic<bool> stop = false;
-  for (std::span<const FilePair> rest = all; !rest.empty();) {
+  for (std::span<const FilePair> rest = pairs; !rest.empty();) {
     const auto block = nextBlock(rest, fingerprints);
     rest = rest.subspan(block.size());
     votes.resize(block.size());
@@ -79,6 +77,14 @@ bool votePairs(Fingerprints fingerprints, const Eigen::VectorXf& durations,
     for (PairVote& vote : votes) sink(std::move(vote));
   }
   return true;
+}
+
+bool votePairs(Fingerprints fingerprints, const Eigen::VectorXf& durations,
+               const std::vector<std::vector<int>>& deviceGroups, int mode,
+               const std::function<void(PairVote)>& sink, const std::function<bool()>& cancelled) {
+  const Eigen::VectorXf raised = durations.array() + 1;  // as the comparison has them
+  return votePairs(fingerprints, durations, pairsToCompare(raised, deviceGroups), mode, sink,
+                   cancelled);
 }
 
 }  // namespace matching
