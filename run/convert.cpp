@@ -86,6 +86,16 @@ std::vector<ProcessResult> convertAll(const std::vector<std::string>& entries,
   return results;
 }
 
+std::vector<std::string> ownConvertedNames(const std::vector<std::string>& entries) {
+  const std::set<fs::path> sources = placesOf(entries);
+  std::vector<std::string> own;
+  for (const std::string& entry : entries) {
+    const std::string name = convertedName(entry);
+    if (!isMarker(entry) && !sources.contains(placeOf(name))) own.push_back(name);
+  }
+  return own;
+}
+
 std::vector<std::string> resemplirajgi8000(std::vector<std::string> videofiles,
                                            const Services& services) {
   (void)convertAll(videofiles, services);  // a file that did not work shows by its size

@@ -15,6 +15,10 @@ namespace run {
 std::vector<ProcessResult> convertAll(const std::vector<std::string>& entries,
                                       const Services& services);
 
+/// The converted names of the list's files without those that are themselves in the list: what a
+/// run may delete.
+std::vector<std::string> ownConvertedNames(const std::vector<std::string>& entries);
+
 /// "Resample at 8000": converts every entry and returns the converted names in list order, those
 /// of markers included.
 std::vector<std::string> resemplirajgi8000(std::vector<std::string> videofiles,

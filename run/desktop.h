@@ -1,15 +1,20 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 namespace run {
+
+/// Whether the Windows command processor takes `line` for one command whatever names are in it:
+/// no joining or escaping character outside of quotes, no "%" anywhere. Pure.
+bool isOneCommand(std::string_view line);
 
 /// What a run asks of the user's desktop. Nothing is reported back.
 class Desktop {
  public:
   virtual ~Desktop() = default;
-  /// Hands `line` to the Windows command processor; elsewhere nothing happens, so that no name
-  /// that a user can choose ever reaches a shell.
+  /// Hands `line` to the Windows command processor if it `isOneCommand`; elsewhere nothing happens,
+  /// so that no name that a user can choose ever reaches a shell.
   virtual void command(const std::string& line) = 0;
   /// Shows a file or folder in the desktop's own program; on Windows `command` does that, and
   /// nothing happens here.

@@ -5,7 +5,9 @@
 
 namespace run {
 
-void SystemDesktop::command(const std::string& line) { (void)_wsystem(widened(line).c_str()); }
+void SystemDesktop::command(const std::string& line) {
+  if (isOneCommand(line)) (void)_wsystem(widened(line).c_str());
+}
 
 void SystemDesktop::show(const std::string&) {}
 

@@ -45,6 +45,8 @@ bool mayBeWritten(const std::string& file) {
   return written;
 }
 
+constexpr const char* kNoIndex = "moov atom not found";  // said of any file named .mp4 or .mov
+
 /// ffmpeg's own words, where they tell more than that it failed.
 std::optional<Why> fromMessages(const std::string& messages) {
   struct Sign {
@@ -55,7 +57,7 @@ std::optional<Why> fromMessages(const std::string& messages) {
       {"No space left", {"there is no room for its converted sound", "Make room on its drive."}},
       {"does not contain any stream",
        {"it has no sound", "Record sound with the camera, or place this file by hand."}},
-      {"moov atom not found",
+      {kNoIndex,
        {"it is cut off: its index is missing",
         "Copy it again from the camera, or repair it with the camera's own program."}},
       {"Invalid data found",
@@ -65,6 +67,13 @@ std::optional<Why> fromMessages(const std::string& messages) {
   for (const auto& [words, why] : signs)
     if (messages.find(words) != std::string::npos) return why;
   return std::nullopt;
+}
+
+/// Whether it is a movie file as cameras write it, of which the end may be missing.
+bool beginsLikeMovie(const std::string& file) {
+  char first[8] = {};
+  std::ifstream(report::fromUtf8(file), std::ios::binary).read(first, sizeof first);
+  return std::string_view(first + 4, 4) == "ftyp";
 }
 
 std::optional<Why> fromStart(const Entry& entry) {
@@ -81,7 +90,9 @@ Why fromConversion(const Entry& entry, MediaProbe& probe) {
   if (!mayBeWritten(entry.converted))
     return {"its folder may not be written, so no converted sound can be made beside it",
             "Copy the file to a folder that may be written, and add the copy."};
-  if (auto why = fromMessages(entry.conversion.messages)) return *why;
+  const std::string& messages = entry.conversion.messages;
+  const bool named = messages.find(kNoIndex) == std::string::npos || beginsLikeMovie(entry.listed);
+  if (auto why = fromMessages(messages); why && named) return *why;
   const MediaProperties media = probe.query(entry.listed);
   if (media.opened && media.audioStreams == 0 && !media.frameRate.empty())
     return *fromMessages("does not contain any stream");

@@ -1,7 +1,8 @@
 #pragma once
 
+#include <optional>
 #include <string>
-#include <vector>
+#include <string_view>
 
 #include "run/media_probe.h"
 #include "run/process.h"
@@ -20,6 +21,8 @@ struct Entry {
   int device = -1;  // files of one device share it; -1: a device of its own
 
   bool isFile() const;
+  /// Frames per second; none for sound.
+  std::optional<double> pictureRate() const;
 };
 
 // What `source` and the lists turn into when a file cannot be used.

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
 #include <filesystem>
 #include <map>
 
@@ -44,6 +45,13 @@ fs::path identityOf(const std::string& file) {
 
 bool Entry::isFile() const { return !isPlaceholder(listed); }
 
+std::optional<double> Entry::pictureRate() const {
+  double rate = 0;
+  std::from_chars(frameRate.data(), frameRate.data() + frameRate.size(), rate);
+  if (frameRate == kNoFrameRate || rate <= 0) return std::nullopt;
+  return rate;
+}
+
 std::vector<std::string> withoutRepeats(const std::vector<std::string>& videofiles,
                                         std::vector<std::string>& repeated) {
   const int count = static_cast<int>(videofiles.size());
@@ -74,7 +82,7 @@ std::vector<Entry> makeEntries(const std::vector<std::string>& list) {
 
 void markUnconverted(std::vector<Entry>& entries) {
   for (Entry& entry : entries)
-    if (sizeOf(entry.converted) < kSmallestSound)
+    if (!entry.conversion.started.ok() || sizeOf(entry.converted) < kSmallestSound)
       entry.source = std::string(kIgnorePrefix) + entry.converted;
 }
 

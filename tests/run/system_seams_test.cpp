@@ -1,9 +1,9 @@
-#include "run/kept_sounds.h"
-
 #include <gtest/gtest.h>
 
 #include "media.h"
 #include "run/clock.h"
+#include "run/desktop.h"
+#include "run/kept_sounds.h"
 
 namespace fs = std::filesystem;
 
@@ -32,6 +32,13 @@ TEST(KeptSounds, SoundsOfOneNameAreAllKeptAndTheLastTakesTheName) {
   const auto elsewhere =
       run::keepSounds({entries[0], entries[1]}, "/proc/no/folder/", spare, console);
   EXPECT_EQ(readWhole(report::fromUtf8(elsewhere[1])), "again");
+}
+
+TEST(Desktop, ANameNeverBecomesACommand) {
+  for (const char* line : {"explorer \"C:\\Users\\a & b (1)\\SYNCED\"", "C:/Users/ann/SYNCED"})
+    EXPECT_TRUE(run::isOneCommand(line)) << line;
+  for (const char* line : {"C:/Users/a&calc/SYNCED", "open \"C:/%PATH%\"", "open \"a\" & calc"})
+    EXPECT_FALSE(run::isOneCommand(line)) << line;
 }
 
 TEST(Clock, SixDigitsWithColons) {

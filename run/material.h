@@ -1,0 +1,32 @@
+#pragma once
+
+#include <Eigen/Core>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "analysis/matrix.h"
+#include "run/device_groups.h"
+#include "run/entry.h"
+
+namespace run {
+
+/// What a run's settings are, as `synco` takes them.
+struct Settings {
+  double tolerance = 0;
+  int width = 0, height = 0;  // pixels
+  float framesPerSecond = 0;
+  int mode = 0;  // the mode flag
+};
+
+/// What a run has gathered of its entries. All lists are indexed alike; index 0 is the dummy.
+struct Material {
+  std::vector<Entry> entries;
+  DeviceGroups groups;  // count the list before files were dropped
+  std::vector<analysis::MatrixXLI> fingerprints;
+  Eigen::VectorXf durations;          // whole seconds
+  std::vector<std::string> sounds;    // where each converted sound can be read
+  std::vector<std::int64_t> samples;  // exact lengths at 8000 Hz; 0: no sound
+};
+
+}  // namespace run

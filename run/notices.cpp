@@ -1,0 +1,46 @@
+#include "run/notices.h"
+
+#include <algorithm>
+
+#include "analysis/sound.h"
+#include "report/text.h"
+
+namespace run {
+
+MissingPrograms missingPrograms(const std::vector<Entry>& entries, MediaProbe& probe) {
+  return {entries.front().conversion.started.error, !probe.available()};
+}
+
+std::vector<std::string> noticesOf(const MissingPrograms& missing,
+                                   const std::vector<Entry>& usable) {
+  std::vector<std::string> notices;
+  if (!missing.ffmpeg.empty())
+    notices.push_back("ffmpeg, which reads the sound of the files, does not start (" +
+                      missing.ffmpeg +
+                      "). Install it, or put it into the folder in which this program runs.");
+  if (missing.mediaInfo)
+    notices.push_back(
+        "The MediaInfo library was not found, so pictures could not be recognised: only sound "
+        "files are used. Install it (package libmediainfo0v5).");
+  const auto files = std::ranges::count_if(usable, &Entry::isFile);
+  if (files == 0) notices.push_back("There is no usable file to synchronise.");
+  if (files == 1)
+    notices.push_back("One recording alone cannot be synchronised: add those of other devices.");
+  return notices;
+}
+
+std::vector<std::string> noticesOfSounds(const Material& material) {
+  std::vector<std::string> notices;
+  for (std::size_t i = 0; i < material.entries.size(); ++i) {
+    const Entry& entry = material.entries[i];
+    const double read = double(material.samples[i]) / analysis::kSampleRate;
+    const double said = entry.media.audioSeconds;
+    if (!entry.isFile() || read + 1 > said * 0.98) continue;  // rounding and padding are less
+    notices.push_back("Of the sound of " + entry.listed + " only " + report::clockText(read) +
+                      " of " + report::clockText(said) +
+                      " could be read: it may be cut off or damaged. Copy it again.");
+  }
+  return notices;
+}
+
+}  // namespace run

@@ -1,0 +1,109 @@
+#include "run/place_stage.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+
+#include "analysis/sound.h"
+#include "report/text.h"
+
+namespace run {
+namespace {
+
+using matching::Placement;
+
+std::vector<matching::Recording> recordingsOf(const Material& material) {
+  std::vector<std::string> paths;
+  for (const Entry& entry : material.entries) paths.push_back(entry.listed);
+  const std::vector<std::string> names = report::distinctNames(paths);
+  std::vector<matching::Recording> recordings;
+  for (std::size_t i = 0; i < names.size(); ++i)
+    recordings.push_back({names[i], material.samples[i], material.entries[i].device});
+  return recordings;
+}
+
+/// Numbers from 1 on for people: devices of several files and lone files alike, in list order.
+std::vector<int> deviceNumbers(const std::vector<Entry>& entries) {
+  std::vector<int> numbers(entries.size(), 0);
+  int last = 0;
+  for (std::size_t i = 0; i < entries.size(); ++i) {
+    if (!entries[i].isFile()) continue;
+    const auto same = std::find_if(entries.begin(), entries.begin() + i, [&](const Entry& other) {
+      return other.isFile() && other.device >= 0 && other.device == entries[i].device;
+    });
+    numbers[i] = same == entries.begin() + i ? ++last : numbers[same - entries.begin()];
+  }
+  return numbers;
+}
+
+Member memberOf(const matching::Placed& placed, const Material& material,
+                const std::vector<int>& devices) {
+  const Entry& entry = material.entries[placed.file];
+  Member member;
+  member.path = entry.listed;
+  member.offsetSeconds = placed.offsetSeconds;
+  member.durationSeconds = double(material.samples[placed.file]) / analysis::kSampleRate;
+  member.frameRate = entry.pictureRate();
+  member.confidence = placed.confidence;
+  member.device = devices[placed.file];
+  member.driftPpm = placed.driftPpm;
+  member.errorSeconds = placed.errorSeconds;
+  for (const int other : placed.matchedWith)
+    member.matchedWith.push_back(material.entries[other].listed);
+  member.soundPath = material.sounds[placed.file];
+  return member;
+}
+
+bool isSilent(const std::string& sound, std::int64_t samples) {
+  constexpr std::int64_t kPiece = 60 * analysis::kSampleRate;
+  constexpr float kQuiet = 2e-4f;  // a few steps of 16 bits: what a muted input gives
+  for (std::int64_t first = 0; first < samples; first += kPiece) {
+    const auto piece = analysis::readPiece(sound, first, std::min(kPiece, samples - first));
+    if (std::ranges::any_of(piece, [](float value) { return std::abs(value) > kQuiet; }))
+      return false;
+  }
+  return true;
+}
+
+LeftOut leftAlone(const matching::Alone& alone, const Material& material) {
+  constexpr double kShort = 5;  // seconds
+  const std::string& path = material.entries[alone.file].listed;
+  const std::int64_t samples = material.samples[alone.file];
+  const double seconds = double(samples) / analysis::kSampleRate;
+  if (isSilent(material.sounds[alone.file], samples))
+    return {path, "It is silent.", "Check that its microphone was on, or place it by hand."};
+  if (std::ranges::count_if(material.entries, &Entry::isFile) < 2)
+    return {path, "There is no other usable recording to compare it with.",
+            "Add the recordings of the other cameras and recorders."};
+  if (seconds < kShort)
+    return {path, "It is only " + report::decimalText(seconds, 1) + " s long. " + alone.tried,
+            "Place it by hand; a few seconds more of sound would have helped."};
+  return {path, alone.tried,
+          "Try the slow setting, and check that it is of the same event as the others."};
+}
+
+}  // namespace
+
+Placement placeAll(const Material& material, const Comparison& comparison, bool align,
+                   const Services& services) {
+  const auto recordings = recordingsOf(material);
+  (void)align;
+  (void)services;
+  return matching::placeByVotes(recordings, comparison.votes);
+}
+
+void describePlacement(const Placement& placement, const Material& material, Outcome& outcome) {
+  const std::vector<int> devices = deviceNumbers(material.entries);
+  for (const matching::PlacedGroup& placed : placement.groups) {
+    Group group{"Group " + std::to_string(outcome.groups.size() + 1), {}};
+    for (const matching::Placed& member : placed.members)
+      group.members.push_back(memberOf(member, material, devices));
+    outcome.groups.push_back(std::move(group));
+  }
+  for (const matching::Alone& alone : placement.alone)
+    if (material.entries[alone.file].isFile())
+      outcome.unsynced.push_back(leftAlone(alone, material));
+  outcome.notices.insert(outcome.notices.end(), placement.doubts.begin(), placement.doubts.end());
+}
+
+}  // namespace run

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "matching/placement.h"
+#include "run/compare_stage.h"
+#include "run/material.h"
+#include "run/sync_run.h"
+
+namespace run {
+
+/// Where every recording stands: by its sound, or with `align` false by the accepted votes alone.
+matching::Placement placeAll(const Material& material, const Comparison& comparison, bool align,
+                             const Services& services);
+
+/// Puts the placement into words and paths: groups, and files that stand alone with what was
+/// tried and what to do.
+void describePlacement(const matching::Placement& placement, const Material& material,
+                       Outcome& outcome);
+
+}  // namespace run
