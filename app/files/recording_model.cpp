@@ -1,0 +1,176 @@
+#include "app/files/recording_model.h"
+
+#include <QFileInfo>
+#include <QLocale>
+#include <algorithm>
+
+#include "app/clock_text.h"
+#include "app/files/animal_model.h"
+#include "app/files/file_list.h"
+
+namespace app {
+
+RecordingModel::RecordingModel(QObject* parent) : RecordingModel(probeMedia, parent) {}
+
+RecordingModel::RecordingModel(MediaFactsCache::Probe probe, QObject* parent)
+    : QIdentityProxyModel(parent), cache_(std::move(probe)) {
+  connect(&cache_, &MediaFactsCache::learned, this, &RecordingModel::factsLearned);
+}
+
+void RecordingModel::setSourceModel(QAbstractItemModel* source) {
+  if (sourceModel()) disconnect(sourceModel(), nullptr, this, nullptr);
+  if (source) {
+    // before the proxy's own connections: views that it tells must find the new structure
+    const auto stale = [this] { stale_ = true; };
+    connect(source, &QAbstractItemModel::rowsInserted, this, stale);
+    connect(source, &QAbstractItemModel::rowsRemoved, this, stale);
+    connect(source, &QAbstractItemModel::modelReset, this, stale);
+  }
+  QIdentityProxyModel::setSourceModel(source);
+  for (const auto change : {&QAbstractItemModel::rowsInserted, &QAbstractItemModel::rowsRemoved}) {
+    connect(this, change, this, &RecordingModel::structureMoved);
+  }
+  connect(this, &QAbstractItemModel::modelReset, this, &RecordingModel::structureMoved);
+  stale_ = true;
+  structureMoved();
+}
+
+const std::vector<RecordingModel::Row>& RecordingModel::rows() const {
+  if (!stale_) return rows_;
+  stale_ = false;
+  rows_.assign(static_cast<std::size_t>(rowCount()), {});
+  int group = 0, begin = -1;
+  for (int i = 0; i < rowCount(); ++i) {
+    const QString text = entry(i);
+    Row& row = rows_[static_cast<std::size_t>(i)];
+    if (begin < 0 && text == kGroupBegin) {
+      begin = i;
+      row = {GroupBegin, ++group, i, i};
+    } else if (begin >= 0) {
+      const bool end = text == kGroupEnd;
+      row = {end ? GroupEnd : NoEdge, group, begin, i};
+      rows_[static_cast<std::size_t>(begin)].last = i;
+      if (end) begin = -1;
+    }
+  }
+  return rows_;
+}
+
+bool RecordingModel::closed(const Row& row) const {
+  const int last = rows()[static_cast<std::size_t>(row.begin)].last;
+  return rows()[static_cast<std::size_t>(last)].edge == GroupEnd;
+}
+
+int RecordingModel::groupSize(const Row& row) const {
+  if (row.group == 0) return 0;
+  const int last = rows()[static_cast<std::size_t>(row.begin)].last;
+  return last - row.begin - (closed(row) ? 1 : 0);
+}
+
+QString RecordingModel::entry(int row) const {
+  return QIdentityProxyModel::data(index(row, 0), AnimalModel::kTypeRole).toString();
+}
+
+std::optional<MediaFacts> RecordingModel::factsOf(int row) const {
+  return rows()[static_cast<std::size_t>(row)].edge == NoEdge ? cache_.facts(entry(row))
+                                                              : std::nullopt;
+}
+
+QString RecordingModel::kindText(int row) const {
+  const auto facts = factsOf(row);
+  if (!facts || !facts->readable) return {};
+  if (facts->frameRate <= 0) return tr("Sound");
+  return tr("Picture · %1 fps").arg(QLocale::c().toString(facts->frameRate, 'g', 5));
+}
+
+QVariant RecordingModel::data(const QModelIndex& index, int role) const {
+  if (!checkIndex(index, CheckIndexOption::IndexIsValid)) return {};
+  const Row& row = rows()[static_cast<std::size_t>(index.row())];
+  switch (role) {
+    case EdgeRole:
+      return row.edge;
+    case InGroupRole:
+      return row.group > 0;
+    case GroupNumberRole:
+      return row.group;
+    case GroupSizeRole:
+      return groupSize(row);
+    case NameRole:
+      return QFileInfo(entry(index.row())).fileName();
+    case FolderRole:
+      return QFileInfo(entry(index.row())).path();
+    case KindRole:
+      return kindText(index.row());
+    case LengthRole: {
+      const auto facts = factsOf(index.row());
+      return facts && facts->seconds > 0 ? clockText(facts->seconds) : QString();
+    }
+    case ReadableRole:
+      return factsOf(index.row()).value_or(MediaFacts{true, 0, 0, 0, 0}).readable;
+    default:
+      return QIdentityProxyModel::data(index, role);
+  }
+}
+
+QHash<int, QByteArray> RecordingModel::roleNames() const {
+  return {{AnimalModel::kTypeRole, "type"}, {EdgeRole, "edge"},           {InGroupRole, "inGroup"},
+          {GroupNumberRole, "groupNumber"}, {GroupSizeRole, "groupSize"}, {NameRole, "name"},
+          {FolderRole, "folder"},           {KindRole, "kind"},           {LengthRole, "length"},
+          {ReadableRole, "readable"}};
+}
+
+int RecordingModel::recordings() const {
+  return static_cast<int>(std::count_if(rows().begin(), rows().end(),
+                                        [](const Row& row) { return row.edge == NoEdge; }));
+}
+
+int RecordingModel::devices() const {
+  return static_cast<int>(std::count_if(rows().begin(), rows().end(), [this](const Row& row) {
+    return row.edge == NoEdge ? row.group == 0 : row.edge == GroupBegin && groupSize(row) > 0;
+  }));
+}
+
+void RecordingModel::remove(int row) {
+  auto* list = qobject_cast<AnimalModel*>(sourceModel());
+  if (!list || row < 0 || row >= rowCount()) return;
+  const Row at = rows()[static_cast<std::size_t>(row)];
+  if (at.edge == NoEdge) return list->removeEntries(row, 1);
+  list->removeEntries(at.begin, closed(at) ? groupSize(at) + 2 : 1);
+}
+
+void RecordingModel::structureMoved() {
+  if (!announced_) return;  // many rows may come in one go; they are announced once
+  announced_ = false;
+  QMetaObject::invokeMethod(this, &RecordingModel::announceStructure, Qt::QueuedConnection);
+}
+
+void RecordingModel::announceStructure() {
+  announced_ = true;
+  if (rowCount() > 0) {
+    emit dataChanged(index(0, 0), index(rowCount() - 1, 0),
+                     {EdgeRole, InGroupRole, GroupNumberRole, GroupSizeRole});
+  }
+  findFirstVideo();
+  emit structureChanged();
+}
+
+void RecordingModel::factsLearned(const QString& path) {
+  for (int row = 0; row < rowCount(); ++row) {
+    if (entry(row) == path) {
+      emit dataChanged(index(row, 0), index(row, 0), {KindRole, LengthRole, ReadableRole});
+    }
+  }
+  findFirstVideo();
+}
+
+void RecordingModel::findFirstVideo() {
+  MediaFacts first;
+  for (int row = 0; row < rowCount() && first.frameRate <= 0; ++row) {
+    first = factsOf(row).value_or(MediaFacts{});
+  }
+  if (first.frameRate <= 0) first = {};
+  firstVideo_ = first;
+  emit factsChanged();
+}
+
+}  // namespace app

@@ -1,0 +1,44 @@
+#include <QApplication>
+#include <QQmlContext>
+#include <QQmlEngine>
+#include <cstdio>
+
+#include "app/companions.h"
+#include "app/files/file_list.h"
+#include "app/files/media_collector.h"
+#include "app/qml_application_viewer.h"
+#include "app/qml_file.h"
+#include "app/start_up.h"
+#include "app/working_directory.h"
+#include "report/console.h"
+#include "report/diagnostics.h"
+
+void qml_register_types_Kestrel();  // the types of this program that the document imports
+
+int main(int argc, char* argv[]) {
+  QApplication application(argc, argv);
+  app::logBanner();
+  app::setIdentity();
+  qml_register_types_Kestrel();
+
+  app::QmlApplicationViewer viewer;
+  viewer.rootContext()->setContextProperty("myModel", &app::fileModel);
+  app::QMLFile bridge;
+  app::progresbar bar;
+  app::connectAll(bridge, viewer, application);
+  viewer.rootContext()->setContextProperty("QMLFile", &bridge);
+  viewer.rootContext()->setContextProperty("pBar", &bar);
+  QObject::connect(viewer.engine(), &QQmlEngine::quit, &application, &QCoreApplication::quit);
+  report::appendLogLine("view engine to quick connected");
+
+  report::StandardOutput().line(app::workingDirectory() + "/abc/main.qml");
+  viewer.setSource(QUrl("qml/syncui1/main.qml"));
+  if (viewer.status() == QQuickView::Error) {
+    std::fprintf(stderr, "The window's document qml/syncui1/main.qml could not be loaded from %s\n",
+                 app::workingDirectory().c_str());
+  }
+  viewer.show();
+  app::MediaCollector collector;
+  collector.add(app::localFiles(QApplication::arguments().mid(1)), false);
+  return QApplication::exec();
+}

@@ -1,0 +1,62 @@
+#include "app/run_session.h"
+
+#include "app/core_run.h"
+#include "app/pump.h"
+
+namespace app {
+
+RunSession* RunSession::create(QQmlEngine*, QJSEngine*) {
+  QJSEngine::setObjectOwnership(&runSession(), QJSEngine::CppOwnership);
+  return &runSession();
+}
+
+std::vector<std::string> RunSession::execute(const RunRequest& request, run::Progress& progress) {
+  cancelFlag_ = false;
+  cancelled_ = false;
+  setRunning(true);
+  RunAnswer answer;
+  whilePumping([&] { answer = job_(request, progress, cancelFlag_); }, [this] { cancel(); });
+  cancelled_ = answer.outcome.cancelled;
+  result_.show(answer.outcome);
+  sounds_ = answer.sounds;
+  setRunning(false);
+  return answer.result;
+}
+
+void RunSession::report(run::Stage stage, std::string_view file, int done, int total) {
+  const std::lock_guard lock(mutex_);
+  latest_ = {stage, QString::fromUtf8(file.data(), static_cast<qsizetype>(file.size())), done,
+             total};
+  if (posted_) return;
+  posted_ = true;
+  QMetaObject::invokeMethod(this, &RunSession::showLatest, Qt::QueuedConnection);
+}
+
+void RunSession::showLatest() {
+  {
+    const std::lock_guard lock(mutex_);
+    shown_ = latest_;
+    posted_ = false;
+  }
+  emit progressed();
+}
+
+void RunSession::cancel() {
+  if (!running_) return;
+  cancelFlag_ = true;
+  emit runningChanged();
+}
+
+void RunSession::setRunning(bool running) {
+  running_ = running;
+  shown_ = {};
+  emit progressed();
+  emit runningChanged();
+}
+
+RunSession& runSession() {
+  static auto* session = new RunSession(runCore);
+  return *session;
+}
+
+}  // namespace app

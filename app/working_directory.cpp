@@ -1,0 +1,16 @@
+#include "app/working_directory.h"
+
+#include <filesystem>
+#include <system_error>
+
+#include "report/files.h"
+
+namespace app {
+
+std::string workingDirectory() {
+  std::error_code error;
+  const std::filesystem::path folder = std::filesystem::current_path(error);
+  return error ? "X" : report::toUtf8(folder);
+}
+
+}  // namespace app

@@ -1,0 +1,53 @@
+import QtQuick
+import QtQuick.Layouts
+
+// A timeline document: the program that reads it, its name, and the way to its folder.
+Rectangle {
+    id: root
+
+    required property string name
+    required property string path
+    required property string purpose
+    signal openWanted
+
+    implicitHeight: 60
+    radius: 8
+    color: Theme.raised
+    Accessible.role: Accessible.ListItem
+    Accessible.name: root.purpose + ". " + root.name
+
+    RowLayout {
+        anchors.fill: parent
+        anchors.leftMargin: 12
+        anchors.rightMargin: 6
+        spacing: 6
+
+        ColumnLayout {
+            Layout.fillWidth: true
+            spacing: 3
+
+            AppText {
+                Layout.fillWidth: true
+                text: root.purpose
+                font.weight: Font.DemiBold
+                elide: Text.ElideRight
+            }
+
+            AppText {
+                Layout.fillWidth: true
+                text: root.name
+                color: Theme.dim
+                font.pixelSize: Theme.small
+                elide: Text.ElideMiddle
+            }
+        }
+
+        AppButton {
+            weight: AppButton.Quiet
+            implicitHeight: 32
+            text: qsTr("Show")
+            Accessible.name: qsTr("Show %1 in its folder").arg(root.name)
+            onClicked: root.openWanted()
+        }
+    }
+}

@@ -1,0 +1,68 @@
+import QtQuick
+import QtQuick.Layouts
+import Kestrel
+
+// Beside the timeline: the documents written, the recordings left out, and what else to know.
+Panel {
+    id: root
+
+    required property ResultModel result
+
+    Connections {
+        target: root.result
+        function onChanged() {
+            tabs.current = root.result.leftOutCount > 0 ? 0 : 1;
+        }
+    }
+
+    ColumnLayout {
+        anchors.fill: parent
+        anchors.margins: 16
+        spacing: 12
+
+        TabLine {
+            id: tabs
+
+            Layout.fillWidth: true
+            names: [qsTr("Left out"), qsTr("Timelines"), qsTr("Notes")]
+            counts: [root.result.leftOut.count, root.result.documents.count,
+                root.result.notices.count]
+        }
+
+        FindingsList {
+            Layout.fillWidth: true
+            Layout.fillHeight: true
+            visible: tabs.current === 0
+            model: root.result.leftOut
+            nothing: qsTr("Every recording has its place.")
+            delegate: LeftOutCard {
+                width: ListView.view.width - 10
+            }
+        }
+
+        FindingsList {
+            Layout.fillWidth: true
+            Layout.fillHeight: true
+            visible: tabs.current === 1
+            model: root.result.documents
+            nothing: qsTr("No timelines were written.")
+            delegate: DocumentCard {
+                width: ListView.view.width - 10
+                onOpenWanted: root.result.openPlaceOf(path)
+            }
+        }
+
+        FindingsList {
+            Layout.fillWidth: true
+            Layout.fillHeight: true
+            visible: tabs.current === 2
+            model: root.result.notices
+            nothing: qsTr("Nothing else to know.")
+            delegate: AppText {
+                required property string text_
+                width: ListView.view.width - 10
+                wrapMode: Text.Wrap
+            }
+        }
+    }
+}

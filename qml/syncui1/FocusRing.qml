@@ -1,0 +1,17 @@
+import QtQuick
+
+// Shows where the keyboard is.
+Rectangle {
+    id: root
+
+    required property Item target
+    property bool shown: root.target.activeFocus
+
+    anchors.fill: root.target
+    anchors.margins: -3
+    radius: Theme.radius
+    color: "transparent"
+    border.width: 2
+    border.color: Theme.focus
+    visible: root.shown
+}

@@ -1,0 +1,22 @@
+import QtQuick
+import QtQuick.Controls.Basic
+
+// A short explanation beside what the pointer rests on.
+ToolTip {
+    id: root
+
+    delay: 500
+    padding: 10
+
+    contentItem: AppText {
+        text: root.text
+        font.pixelSize: Theme.small
+        wrapMode: Text.Wrap
+        lineHeight: 1.25
+    }
+    background: Rectangle {
+        color: "#0c0e12"
+        border.color: Theme.line
+        radius: 6
+    }
+}

@@ -1,0 +1,44 @@
+import QtQuick
+import Kestrel
+
+// Times above the lanes, as far apart as they need to be to be read.
+Item {
+    id: root
+
+    required property real offset           // pixels scrolled away on the left
+    required property real pixelsPerSecond
+    readonly property real step: TimeScale.step(root.pixelsPerSecond, 90)
+    readonly property real stepPixels: root.step * root.pixelsPerSecond
+    readonly property int first: Math.floor(root.offset / root.stepPixels)
+
+    clip: true
+
+    Repeater {
+        model: Math.ceil(root.width / root.stepPixels) + 1
+
+        Item {
+            id: mark
+
+            required property int index
+            readonly property int number: root.first + mark.index
+
+            x: mark.number * root.stepPixels - root.offset
+            height: root.height
+
+            Rectangle {
+                y: root.height - 8
+                width: 1
+                height: 8
+                color: "#596172"
+            }
+
+            AppText {
+                x: 4
+                y: 3
+                text: TimeScale.text(mark.number * root.step, root.step < 1 ? 1 : 0)
+                font.pixelSize: 11
+                color: Theme.dim
+            }
+        }
+    }
+}
