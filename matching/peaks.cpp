@@ -94,6 +94,7 @@ std::vector<DeltaPeak> strongestPeaks(std::span<const HitCode> hits, int fillers
     rest.pop_back();
   }
   std::vector<DeltaPeak> peaks;
+  peaks.reserve(chosen.size());
   for (const Gathering& gathering : chosen) peaks.push_back(peakAt(gathering, histogram));
   return peaks;
 }

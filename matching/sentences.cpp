@@ -56,6 +56,7 @@ std::vector<std::string> attempts(std::span<const Recording> recordings,
     made[vote.second].add(vote);
   }
   std::vector<std::string> told;
+  told.reserve(made.size());
   for (const Attempt& attempt : made) {
     told.push_back(tell(static_cast<int>(told.size()), attempt, recordings));
   }
