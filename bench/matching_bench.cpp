@@ -27,15 +27,16 @@ Set clips(int count, double seconds) {
 }
 
 void voteOnAll(benchmark::State& state, const Set& set) {
-  std::int64_t pairs = 0;
+  const auto pairs = matching::pairsToCompare(set.durations, {});
+  std::int64_t voted = 0;
   for (auto _ : state) {
-    matching::votePairs(set.fingerprints, set.durations, {}, kMusicMode,
+    matching::votePairs(set.fingerprints, set.durations, pairs, kMusicMode,
                         [&](matching::PairVote vote) {
                           benchmark::DoNotOptimize(vote);
-                          ++pairs;
+                          ++voted;
                         });
   }
-  state.counters["pairs/s"] = benchmark::Counter(pairs, benchmark::Counter::kIsRate);
+  state.counters["pairs/s"] = benchmark::Counter(voted, benchmark::Counter::kIsRate);
   state.counters["rows"] = set.fingerprints[0].rows();
 }
 
