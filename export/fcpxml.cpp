@@ -1,6 +1,7 @@
 #include "export/fcpxml.h"
 
 #include "export/fcpxml_clips.h"
+#include "export/fcpxml_multicam.h"
 #include "export/fcpxml_resources.h"
 #include "export/lanes.h"
 
@@ -63,7 +64,7 @@ std::vector<Multicam> multicamsOf(const Project& project, FcpxmlVersion version)
 std::vector<Element> looseClips(const Project& project, FcpxmlVersion version) {
   std::vector<Element> result;
   for (const int media : project.unsynced)
-    if (auto clip = looseClip(project, media, version)) result.push_back(*clip);
+    if (auto clip = ClipWriter(project, version).looseClip(media)) result.push_back(*clip);
   return result;
 }
 

@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "export/fcpxml_resources.h"
-#include "export/lanes.h"
 #include "export/text.h"
 #include "export/xmeml_parts.h"
 
@@ -59,25 +58,10 @@ Element picture(const Media& media, int index, const std::string& duration) {
   return video;
 }
 
-/// Puts clips of one project and version into elements.
-class ClipWriter {
- public:
-  ClipWriter(const Project& project, FcpxmlVersion version)
-      : project_(project), rate_(exactRate(project.fps)), version_(version) {}
+}  // namespace
 
-  Element angle(const Lane& lane, const std::string& id) const;
-  Element clip(const Item& item, bool onTimeline) const;
-
- private:
-  const Media& mediaOf(const Item& item) const { return project_.media[item.media]; }
-  Element pictureClip(const Item& item, bool onTimeline) const;
-  Element soundClip(const Item& item, bool onTimeline) const;
-  Element start(std::string_view tag, const Item& item, bool onTimeline) const;
-
-  const Project& project_;
-  FrameRate rate_;
-  FcpxmlVersion version_;
-};
+ClipWriter::ClipWriter(const Project& project, FcpxmlVersion version)
+    : project_(project), rate_(exactRate(project.fps)), version_(version) {}
 
 Element ClipWriter::start(std::string_view tag, const Item& item, bool onTimeline) const {
   Element result(tag);
@@ -130,76 +114,18 @@ Element ClipWriter::angle(const Lane& lane, const std::string& id) const {
   return result;
 }
 
-std::vector<Item> angleItems(const Project& project, const Group& group) {
-  const FrameRate rate = exactRate(project.fps);
-  std::vector<Item> items = onGrid(project, group, {rate});
+std::vector<Item> ClipWriter::items(const Group& group) const {
+  std::vector<Item> items = onGrid(project_, group, {rate_});
   for (Item& item : items)
-    if (const Media& media = project.media[item.media]; !media.hasVideo)
-      item.length = soundPlace(media, item, rate).length;
+    if (const Media& media = mediaOf(item); !media.hasVideo)
+      item.length = soundPlace(media, item, rate_).length;
   return items;
 }
 
-bool hasPicture(const Project& project, const Lane& lane) {
-  return std::ranges::any_of(lane,
-                             [&](const Item& item) { return project.media[item.media].hasVideo; });
-}
-
-}  // namespace
-
-std::optional<Multicam> multicam(const Project& project, const Group& group, int number,
-                                 FcpxmlVersion version) {
-  const std::vector<Item> items = angleItems(project, group);
-  if (items.empty()) return std::nullopt;
-  Element angles("multicam");
-  angles.attribute("format", kDefaultFormat).attribute("tcStart", "0s");
-  angles.attribute("tcFormat", "NDF");
-  if (version == FcpxmlVersion::v1_1) angles.attribute("audioLayout", "surround");
-  const std::string prefix = "angle" + std::to_string(number) + "-";
-  std::optional<std::string> videoAngle, soundAngle;
-  int count = 0;
-  for (const Lane& lane : lanes(items, deviceKeys(project))) {
-    const std::string id = prefix + std::to_string(++count);
-    std::optional<std::string>& first = hasPicture(project, lane) ? videoAngle : soundAngle;
-    if (!first) first = id;
-    angles.add(ClipWriter(project, version).angle(lane, id));
-  }
-  const std::string id = "media" + std::to_string(number);
-  Element media("media");
-  media.attribute("id", id).attribute("name", group.name).add(angles);
-  return Multicam{media,        id,         group.name,
-                  endOf(items), videoAngle, soundAngle ? soundAngle : videoAngle};
-}
-
-std::optional<Element> looseClip(const Project& project, int media, FcpxmlVersion version) {
-  const std::vector<Item> items = onGrid(project, {"", {{media, 0, 0}}}, {exactRate(project.fps)});
-  if (items.empty()) return std::nullopt;
-  return ClipWriter(project, version).clip(items.front(), false);
-}
-
-Element multicamClip(const Multicam& multicam, std::int64_t offset, FrameRate rate,
-                     FcpxmlVersion version) {
-  Element result("mc-clip");
-  result.attribute("ref", multicam.id)
-      .attribute("name", multicam.name)
-      .attribute("offset", timeText(offset, rate))
-      .attribute("start", "0s")
-      .attribute("duration", timeText(multicam.length, rate));
-  const auto& [video, audio] = std::pair(multicam.videoAngle, multicam.audioAngle);
-  if (version == FcpxmlVersion::v1_1) {
-    if (video) result.attribute("videoAngleID", *video);
-    if (audio) result.attribute("audioAngleID", *audio);
-    return result;
-  }
-  const auto source = [](const std::string& angle, std::string_view what) {
-    return Element("mc-source").attribute("angleID", angle).attribute("srcEnable", what);
-  };
-  if (video == audio) {
-    if (video) result.add(source(*video, "all"));
-    return result;
-  }
-  if (video) result.add(source(*video, "video"));
-  if (audio) result.add(source(*audio, "audio"));
-  return result;
+std::optional<Element> ClipWriter::looseClip(int media) const {
+  const std::vector<Item> alone = items({"", {{media, 0, 0}}});
+  if (alone.empty()) return std::nullopt;
+  return clip(alone.front(), false);
 }
 
 }  // namespace timeline

@@ -6,29 +6,35 @@
 
 #include "export/element.h"
 #include "export/fcpxml.h"
-#include "export/frame_rate.h"
+#include "export/lanes.h"
 
 namespace timeline {
 
-/// One group as a multicam.
-struct Multicam {
-  Element media;                          // the resource
-  std::string id, name;                   // of the resource
-  std::int64_t length;                    // frames, to the end of the longest angle
-  std::optional<std::string> videoAngle;  // the first angle with picture
-  std::optional<std::string> audioAngle;  // the first one of sound alone, else the picture's
+/// Puts clips of one project into elements of one version. Keeps a reference to the project.
+class ClipWriter {
+ public:
+  ClipWriter(const Project& project, FcpxmlVersion version);
+
+  /// The group's clips on the frames of the run's rate. Sound alone stands to the sample inside its
+  /// clip; where that cuts its head, the clip may be a frame shorter than the media.
+  std::vector<Item> items(const Group& group) const;
+
+  /// The clips of `lane` one after the other, gaps between them.
+  Element angle(const Lane& lane, const std::string& id) const;
+
+  /// File `media` as a clip of its own, outside any timeline; nothing if it is not a frame long.
+  std::optional<Element> looseClip(int media) const;
+
+ private:
+  const Media& mediaOf(const Item& item) const { return project_.media[item.media]; }
+  Element clip(const Item& item, bool onTimeline) const;
+  Element pictureClip(const Item& item, bool onTimeline) const;
+  Element soundClip(const Item& item, bool onTimeline) const;
+  Element start(std::string_view tag, const Item& item, bool onTimeline) const;
+
+  const Project& project_;
+  FrameRate rate_;
+  FcpxmlVersion version_;
 };
-
-/// Group `number` (from 1) as a multicam, its edges on the frames of the run's rate; nothing if no
-/// clip is a frame long. Sound alone stands to the sample inside its clip.
-std::optional<Multicam> multicam(const Project& project, const Group& group, int number,
-                                 FcpxmlVersion version);
-
-/// File `media` as a clip of its own, outside any timeline.
-std::optional<Element> looseClip(const Project& project, int media, FcpxmlVersion version);
-
-/// The whole multicam as one clip of a sequence, from frame `offset` on.
-Element multicamClip(const Multicam& multicam, std::int64_t offset, FrameRate rate,
-                     FcpxmlVersion version);
 
 }  // namespace timeline

@@ -77,7 +77,12 @@ std::vector<TrackedItem> onTracks(const Project& project, const Group& group) {
   return tracked;
 }
 
-std::uint64_t milliseconds(float seconds) { return static_cast<std::uint64_t>(seconds * 1000); }
+/// Cut down; a negative time wraps, as the conversion to an unsigned number has it.
+std::uint64_t milliseconds(float seconds) {
+  const float value = seconds * 1000;
+  return value < 0 ? static_cast<std::uint64_t>(static_cast<std::int64_t>(value))
+                   : static_cast<std::uint64_t>(value);
+}
 
 }  // namespace
 

@@ -4,6 +4,7 @@
 
 #include <cstdlib>
 #include <fstream>
+#include <locale>
 #include <map>
 
 #include "tests/export/reader.h"
@@ -46,6 +47,19 @@ TEST(Documents, AllAreNamedByTheTimeOfDay) {
                 "UNSYNCED_premierePro--12-34-56--.XML", "VEGAS_SEQUENCES/1.edl",
                 "VEGAS_SEQUENCES/2.edl"}));
   EXPECT_EQ(written({}, {"", {"otio", "fcpx"}}).size(), 3u);
+}
+
+TEST(Documents, FollowNoLocale) {
+  struct Commas : std::numpunct<char> {
+    char do_decimal_point() const override { return ','; }
+    char do_thousands_sep() const override { return '.'; }
+    std::string do_grouping() const override { return "\3"; }
+  };
+  const auto usual = written(manyClips(3, 5000.25, -1));
+  const std::locale before = std::locale::global(std::locale(std::locale(), new Commas));
+  const auto elsewhere = written(manyClips(3, 5000.25, -1));
+  std::locale::global(before);
+  EXPECT_TRUE(usual == elsewhere);
 }
 
 TEST(Documents, UnknownFormatsAndChangedNamesAreTold) {

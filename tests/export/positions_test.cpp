@@ -145,7 +145,7 @@ TEST_P(Positions, OfTheCompactFormAreThoseThatWentIn) {
     auto wanted = expected(run, rate, 1, [](const Media&) { return 2; });
     for (Placed& clip : wanted) {  // this form's URLs: no bytes beyond UTF-8, a share's extra slash
       clip.path = cleanText(clip.path);
-      if (clip.path.starts_with("//")) clip.path.insert(0, "/");
+      if (clip.path.starts_with("//")) clip.path.insert(clip.path.begin(), '/');
     }
     std::ranges::sort(wanted);
     const std::string text =

@@ -105,8 +105,8 @@ class Xmeml {
   void checkItem(const xml_node& item, const Placed& clip, int track, int position) {
     require(number(item, "out") - clip.in == clip.end - clip.start, "out does not fit");
     require(byId_.contains(item.child_value("masterclipid")), "no master clip");
-    require(clip.path.ends_with("/" + std::string(item.child_value("name"))) ||
-                std::string(item.child_value("name")).find("\xEF\xBF\xBD") != std::string::npos,
+    const std::string name = item.child_value("name");
+    require(clip.path.ends_with(name) || name.find("\xEF\xBF\xBD") != std::string::npos,
             "the name is not the file's");
     for (const xml_node link : item.children("link")) {
       const std::string id = link.child_value("linkclipref");
