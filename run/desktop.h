@@ -6,7 +6,7 @@
 namespace run {
 
 /// Whether the Windows command processor takes `line` for one command whatever names are in it:
-/// no joining or escaping character outside of quotes, no "%" anywhere. Pure.
+/// no joining, escaping or parting character outside of quotes, no "%" anywhere. Pure.
 bool isOneCommand(std::string_view line);
 
 /// What a run asks of the user's desktop. Nothing is reported back.

@@ -37,7 +37,8 @@ TEST(KeptSounds, SoundsOfOneNameAreAllKeptAndTheLastTakesTheName) {
 TEST(Desktop, ANameNeverBecomesACommand) {
   for (const char* line : {"explorer \"C:\\Users\\a & b (1)\\SYNCED\"", "C:/Users/ann/SYNCED"})
     EXPECT_TRUE(run::isOneCommand(line)) << line;
-  for (const char* line : {"C:/Users/a&calc/SYNCED", "open \"C:/%PATH%\"", "open \"a\" & calc"})
+  for (const char* line : {"C:/Users/a&calc/SYNCED", "C:/Users/calc b/SYNCED", "C:/calc;/SYNCED",
+                           "open \"C:/%PATH%\"", "open \"a\" & calc"})
     EXPECT_FALSE(run::isOneCommand(line)) << line;
 }
 
