@@ -8,6 +8,7 @@
 #include "app/files/media_collector.h"
 #include "app/qml_application_viewer.h"
 #include "app/qml_file.h"
+#include "app/rendering.h"
 #include "app/start_up.h"
 #include "app/working_directory.h"
 #include "report/console.h"
@@ -17,11 +18,16 @@ void qml_register_types_Kestrel();  // the types of this program that the docume
 
 int main(int argc, char* argv[]) {
   QApplication application(argc, argv);
+  const QStringList arguments = QApplication::arguments().mid(1);
+  const QList<QUrl> named = app::localFiles(arguments);
+  app::startWhereTheDocumentIs();
+  app::chooseRendering(arguments);
   app::logBanner();
   app::setIdentity();
   qml_register_types_Kestrel();
 
   app::QmlApplicationViewer viewer;
+  app::fallBackToSoftware(viewer, arguments);
   viewer.rootContext()->setContextProperty("myModel", &app::fileModel);
   app::QMLFile bridge;
   app::progresbar bar;
@@ -32,13 +38,13 @@ int main(int argc, char* argv[]) {
   report::appendLogLine("view engine to quick connected");
 
   report::StandardOutput().line(app::workingDirectory() + "/abc/main.qml");
-  viewer.setSource(QUrl("qml/syncui1/main.qml"));
+  viewer.setSource(QUrl(app::kDocument));
   if (viewer.status() == QQuickView::Error) {
-    std::fprintf(stderr, "The window's document qml/syncui1/main.qml could not be loaded from %s\n",
+    std::fprintf(stderr, "The window's document %s could not be loaded from %s\n", app::kDocument,
                  app::workingDirectory().c_str());
   }
   viewer.show();
   app::MediaCollector collector;
-  collector.add(app::localFiles(QApplication::arguments().mid(1)), false);
+  collector.add(named, false);
   return QApplication::exec();
 }

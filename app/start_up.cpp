@@ -1,5 +1,6 @@
 #include "app/start_up.h"
 
+#include <QDir>
 #include <QFileInfo>
 #include <QQmlEngine>
 #include <string>
@@ -33,9 +34,16 @@ void connectAll(QMLFile& bridge, QmlApplicationViewer& viewer, QGuiApplication& 
 QList<QUrl> localFiles(const QStringList& arguments) {
   QList<QUrl> urls;
   for (const QString& path : arguments) {
+    if (path.startsWith("--")) continue;
     urls << QUrl::fromLocalFile(QFileInfo(path).absoluteFilePath());
   }
   return urls;
+}
+
+void startWhereTheDocumentIs() {
+  const QString own = QCoreApplication::applicationDirPath();
+  if (!QFileInfo::exists(kDocument) && QFileInfo::exists(own + '/' + kDocument))
+    QDir::setCurrent(own);
 }
 
 }  // namespace app
