@@ -1,0 +1,51 @@
+"""Compares the JSON of two runs: compare.py LINUX WINDOWS START MIDDLE END (seconds)."""
+
+import json
+import re
+import sys
+
+TOLERANCE = 0.001  # seconds
+
+
+def name(path):
+    return re.split(r"[/\\]", path)[-1]
+
+
+def places(run):
+    """Of each group, a dictionary from file name to position; groups by their first name."""
+    groups = [{name(m["path"]): m["offset_seconds"] for m in g["members"]} for g in run["groups"]]
+    return sorted(groups, key=lambda group: sorted(group))
+
+
+def documents(run):
+    """What was written, without folders, times of day and numbers of runs."""
+    return sorted(re.sub(r"\d\d-\d\d-\d\d", "TIME", name(path)) for path in run["outputs"])
+
+
+def differences(linux, windows):
+    if [sorted(g) for g in places(linux)] != [sorted(g) for g in places(windows)]:
+        yield f"groups differ: {places(linux)} and {places(windows)}"
+        return
+    for ours, theirs in zip(places(linux), places(windows)):
+        for file, at in ours.items():
+            if abs(at - theirs[file]) > TOLERANCE:
+                yield f"{file} stands at {at} s and {theirs[file]} s"
+    if documents(linux) != documents(windows):
+        yield f"documents differ: {documents(linux)} and {documents(windows)}"
+
+
+def main():
+    linux, windows = (json.load(open(file, encoding="utf-8")) for file in sys.argv[1:3])
+    found = list(differences(linux, windows))
+    for difference in found:
+        print(difference, file=sys.stderr)
+    members = sum(map(len, places(linux)))
+    if not members:
+        sys.exit("nothing was synchronised, so nothing was compared")
+    start, middle, end = map(float, sys.argv[3:6])
+    print(f"{members} recordings in {len(linux['groups'])} groups: {len(found)} differences; "
+          f"{middle - start:.1f} s here, {end - middle:.1f} s under Wine")
+    sys.exit(bool(found))
+
+
+main()
