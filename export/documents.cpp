@@ -98,9 +98,9 @@ Documents documents(const Project& project, const DocumentOptions& options,
 std::vector<std::string> changedNames(const Project& project) {
   std::vector<std::string> sentences;
   for (const Media& media : project.media)
-    if (const std::string clean = cleanText(media.path); clean != media.path)
+    if (cleanText(media.path) != media.path)
       sentences.push_back(
-          "the name of " + clean +
+          "the name of " + oneLine(media.path) +
           " holds bytes that no document can carry; they are written as \xEF\xBF\xBD");
   return sentences;
 }

@@ -88,6 +88,13 @@ std::string cleanText(std::string_view text) {
   return clean;
 }
 
+std::string oneLine(std::string_view text) {
+  std::string line = cleanText(text);
+  std::ranges::replace_if(
+      line, [](char c) { return c == '\n' || c == '\r' || c == '\t'; }, ' ');
+  return line;
+}
+
 std::string escaped(std::string_view text) {
   std::string result;
   for (const char c : cleanText(text)) {

@@ -13,6 +13,9 @@ std::string numberText(double value);
 /// that XML forbids each become U+FFFD.
 std::string cleanText(std::string_view text);
 
+/// `text` cleaned, line ends and tabs as blanks: for formats of lines.
+std::string oneLine(std::string_view text);
+
 /// `text` cleaned and escaped for XML, for use between tags and inside double quotes.
 std::string escaped(std::string_view text);
 

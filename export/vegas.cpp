@@ -46,11 +46,9 @@ std::string rows(const Event& event, report::Console& console) {
   return text;
 }
 
-/// A path that stays on its line; back slashes where the file stands on Windows.
+/// Back slashes where the file stands on Windows.
 std::string pathText(const std::string& path) {
-  std::string text = cleanText(path);
-  std::ranges::replace_if(
-      text, [](char c) { return c == '\n' || c == '\r' || c == '\t'; }, ' ');
+  std::string text = oneLine(path);
   if (isWindowsPath(text)) std::ranges::replace(text, '/', '\\');
   return text;
 }

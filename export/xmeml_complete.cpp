@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <set>
+#include <utility>
 
 #include "export/element.h"
 #include "export/lanes.h"
@@ -57,9 +58,9 @@ std::string CompleteDocument::text(const XmemlContents& contents) {
   for (const Group& group : contents.groups) children.add(sequence(group, contents.shareTracks));
   children.add(bin(contents.media));  // last: files are defined in the sequences
   Element project("project");
-  project.add(Element("name", contents.name), children);
+  project.add(Element("name", contents.name), std::move(children));
   Element root("xmeml");
-  root.attribute("version", "4").add(project);
+  root.attribute("version", "4").add(std::move(project));
   return root.document("xmeml");
 }
 
@@ -78,11 +79,11 @@ Element CompleteDocument::sequence(const Group& group, bool shareTracks) {
   for (const TrackSet& set : sets)
     for (int channel = 1; channel <= set.channels; ++channel) audio.add(audioTrack(set, channel));
   Element media("media");
-  media.add(video, audio);
+  media.add(std::move(video), std::move(audio));
   Element result = reference("sequence", "sequence-" + std::to_string(++sequences_));
   if (target_ == XmemlTarget::premiere) result.rawAttributes(std::string(kPremiereBlock) + '"');
   result.add(Element("name", group.name), Element("duration", end), xmemlRate(rate_),
-             timecode(rate_), media);
+             timecode(rate_), std::move(media));
   return result;
 }
 
@@ -138,10 +139,10 @@ Element CompleteDocument::bin(const std::vector<int>& media) {
              Element("duration", wholeUnits(source.durationSeconds, rate_)), xmemlRate(rate_),
              Element("masterclipid", masterClipId(index)), Element("ismasterclip", "TRUE"),
              file(index));
-    children.add(clip);
+    children.add(std::move(clip));
   }
   Element result("bin");
-  result.add(Element("name", "Clips"), children);
+  result.add(Element("name", "Clips"), std::move(children));
   return result;
 }
 

@@ -68,9 +68,9 @@ TEST(Documents, UnknownFormatsAndChangedNamesAreTold) {
             std::string::npos);
   Project project = sample::run(25, 1920, 1080);
   EXPECT_TRUE(changedNames(project).empty());
-  project.media[5].path = "/shoot/\xFFphone.mp4";
+  project.media[5].path = "/shoot/\xFF\nphone.mp4";
   ASSERT_EQ(changedNames(project).size(), 1u);
-  EXPECT_NE(changedNames(project)[0].find("phone.mp4"), std::string::npos);
+  EXPECT_NE(changedNames(project)[0].find("\xEF\xBF\xBD phone.mp4 "), std::string::npos);
 }
 
 TEST(Documents, UnsyncedClipsStandInARowOnOneTrack) {
