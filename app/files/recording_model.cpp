@@ -139,13 +139,13 @@ void RecordingModel::remove(int row) {
 }
 
 void RecordingModel::structureMoved() {
-  if (!announced_) return;  // many rows may come in one go; they are announced once
-  announced_ = false;
+  if (!structureAnnounced_) return;  // many rows may come in one go; they are announced once
+  structureAnnounced_ = false;
   QMetaObject::invokeMethod(this, &RecordingModel::announceStructure, Qt::QueuedConnection);
 }
 
 void RecordingModel::announceStructure() {
-  announced_ = true;
+  structureAnnounced_ = true;
   if (rowCount() > 0) {
     emit dataChanged(index(0, 0), index(rowCount() - 1, 0),
                      {EdgeRole, InGroupRole, GroupNumberRole, GroupSizeRole});
@@ -154,11 +154,16 @@ void RecordingModel::announceStructure() {
   emit structureChanged();
 }
 
-void RecordingModel::factsLearned(const QString& path) {
-  for (int row = 0; row < rowCount(); ++row) {
-    if (entry(row) == path) {
-      emit dataChanged(index(row, 0), index(row, 0), {KindRole, LengthRole, ReadableRole});
-    }
+void RecordingModel::factsLearned() {
+  if (!factsAnnounced_) return;
+  factsAnnounced_ = false;
+  QMetaObject::invokeMethod(this, &RecordingModel::announceFacts, Qt::QueuedConnection);
+}
+
+void RecordingModel::announceFacts() {
+  factsAnnounced_ = true;
+  if (rowCount() > 0) {
+    emit dataChanged(index(0, 0), index(rowCount() - 1, 0), {KindRole, LengthRole, ReadableRole});
   }
   findFirstVideo();
 }

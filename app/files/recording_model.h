@@ -67,7 +67,8 @@ class RecordingModel : public QIdentityProxyModel {
   QString kindText(int row) const;
   void structureMoved();
   void announceStructure();
-  void factsLearned(const QString& path);
+  void factsLearned();
+  void announceFacts();
   void findFirstVideo();
   std::optional<MediaFacts> factsOf(int row) const;
 
@@ -75,7 +76,8 @@ class RecordingModel : public QIdentityProxyModel {
   mutable bool stale_ = true;
   mutable MediaFactsCache cache_;
   MediaFacts firstVideo_;
-  bool announced_ = true;
+  bool structureAnnounced_ = true;
+  bool factsAnnounced_ = true;
 };
 
 }  // namespace app

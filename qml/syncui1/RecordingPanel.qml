@@ -69,6 +69,7 @@ Panel {
             RecordingList {
                 id: list
 
+                objectName: "recordings"
                 anchors.fill: parent
                 model: root.recordings
                 onRemoveWanted: row => root.recordings.remove(row)

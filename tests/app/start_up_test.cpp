@@ -1,0 +1,63 @@
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QFile>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include "tests/app/qt_printing.h"
+
+namespace {
+
+/// The real program in a folder and with a profile of its own.
+class Program : public testing::Test {
+ protected:
+  void start() {
+    QDir(folder_.path()).mkpath("Desktop/SYNCED/debugfiles");
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert("USERPROFILE", folder_.path());
+    environment.insert("XDG_CONFIG_HOME", folder_.path());
+    program_.setProcessEnvironment(environment);
+    program_.setWorkingDirectory(folder_.path());
+    program_.start(PROGRAM, QStringList());
+    ASSERT_TRUE(program_.waitForStarted());
+  }
+  QStringList logLines() const {
+    QFile log(folder_.filePath("Desktop/SYNCED/debugfiles/log_file.txt"));
+    if (!log.open(QIODevice::ReadOnly | QIODevice::Text)) return {};
+    return QString::fromUtf8(log.readAll()).split('\n', Qt::SkipEmptyParts);
+  }
+  void TearDown() override {
+    program_.kill();
+    program_.waitForFinished();
+  }
+
+  QTemporaryDir folder_;
+  QProcess program_;
+};
+
+TEST_F(Program, StartsInTheFixedOrderAndNamesAMissingDocument) {
+  start();
+  QByteArray errors;
+  ASSERT_TRUE(QTest::qWaitFor(
+      [&] {
+        errors += program_.readAllStandardError();
+        return errors.contains("could not be loaded");
+      },
+      20000));
+  EXPECT_TRUE(errors.contains("qml/syncui1/main.qml"));
+  EXPECT_EQ(program_.readAllStandardOutput().trimmed(),
+            QDir(folder_.path()).canonicalPath().toUtf8() + "/abc/main.qml");
+
+  const QStringList lines = logLines();
+  ASSERT_EQ(lines.size(), 22);
+  for (int i = 0; i < 17; ++i) EXPECT_EQ(lines[i], QString(160, '*'));
+  EXPECT_EQ(lines[17], "START NA APLIKACIJATA");
+  EXPECT_EQ(lines[19], "send2gui->stopbar connected");
+  EXPECT_EQ(lines[20], "send2gui2->quit connected");
+  EXPECT_EQ(lines[21], "view engine to quick connected");
+  EXPECT_EQ(program_.state(), QProcess::Running) << "it goes on into the event loop";
+}
+
+}  // namespace
