@@ -13,7 +13,7 @@ class progresbar final : public QObject {
 class endit final : public QObject {
   Q_OBJECT
 
- public slots:
+ public Q_SLOTS:
   void dokrajcigo_slot() {}  // "finish it off"
 };
 

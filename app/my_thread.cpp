@@ -14,7 +14,7 @@ void MyThread::run() {
   console.line("sync pressed...");
   console.line("posle omp..");
   report::appendLogLine("posle sync it");  // "after sync it"
-  emit finished2(QString());
+  Q_EMIT finished2(QString());
   exec();
 }
 

@@ -17,7 +17,7 @@ class MyThread final : public QThread {
   float tolerance = 0;
   int premiere = 0;
 
- signals:
+ Q_SIGNALS:
   void finished2(QString message);
 
  protected:

@@ -15,7 +15,7 @@ class QmlApplicationViewer final : public QQuickView {
   explicit QmlApplicationViewer(QWindow* parent = nullptr);
   ~QmlApplicationViewer() override;
 
- public slots:
+ public Q_SLOTS:
   /// Shows the finished state; the message itself is not shown.
   void stopbar(QString msg);
   /// Handles pending events, then makes the bar `msg` pixels wide.

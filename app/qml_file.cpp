@@ -24,19 +24,19 @@ QMLFile::QMLFile(QObject* parent) : QObject(parent) {}
 
 void QMLFile::kazidekazavrsi(QString message) {
   qDebug() << "STIGNA DO TUKA" << message;  // "it got as far as here"
-  emit send2gui(message);
+  Q_EMIT send2gui(message);
 }
 
 void QMLFile::skonciapp() {
   qDebug() << "skociappalot";
-  emit send2gui2();
+  Q_EMIT send2gui2();
 }
 
 void QMLFile::moveprogressslot(int value) {
   // "this is before the emit"
   qDebug() << "- makeprogress function OK - ova e pred EMIT " << value;
   say("value:" + std::to_string(value));
-  emit moveprogressignal(value);
+  Q_EMIT moveprogressignal(value);
   say("emitted moveprogresssignal...");
 }
 
@@ -80,7 +80,7 @@ void QMLFile::start_sync2(float tolerance, int x, int y, float fps, int premiere
   say(result.empty() ? std::string() : result.front());
   report::appendLogLine("posle sync it");  // "after sync it"
   reportCore(result);
-  emit doneit();
+  Q_EMIT doneit();
 }
 
 vector<unsigned long long>* QMLFile::proveriall(int nall, VectorXf traenje, MatrixXLI* all,
@@ -88,7 +88,7 @@ vector<unsigned long long>* QMLFile::proveriall(int nall, VectorXf traenje, Matr
   matching::CompareCalls calls;
   calls.log = [](std::string_view line) { report::appendLogLine(std::string(line)); };
   calls.console = say;
-  calls.moveprogressignal = [this](int pixels) { emit moveprogressignal(pixels); };
+  calls.moveprogressignal = [this](int pixels) { Q_EMIT moveprogressignal(pixels); };
   return matching::proveriall(nall, std::move(traenje), all, std::move(device_groups), calls);
 }
 

@@ -23,13 +23,13 @@ class QMLFile final : public QObject {
  public:
   explicit QMLFile(QObject* parent = nullptr);
 
- signals:
+ Q_SIGNALS:
   void send2gui(QString);
   void send2gui2();
   void moveprogressignal(int value);
   void doneit();
 
- public slots:
+ public Q_SLOTS:
   void kazidekazavrsi(QString message);  // "say that it has finished"
   void skonciapp();                      // "end the application"
   /// Passes the bar's width in pixels on to the window. Callable from any thread.

@@ -106,7 +106,7 @@ void ResultModel::show(const run::Outcome& outcome) {
   documents_.setRows(documentRows(outcome));
   notices_.setRows(noticeRows(outcome));
   summary_ = summaryOf(outcome);
-  emit changed();
+  Q_EMIT changed();
 }
 
 TimelineModel* ResultModel::timeline(int row) const {

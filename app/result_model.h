@@ -47,7 +47,7 @@ class ResultModel : public QAbstractListModel {
   Q_INVOKABLE static void openSyncedFolder();
   Q_INVOKABLE static void openPlaceOf(const QString& path);
 
- signals:
+ Q_SIGNALS:
   void changed();
 
  private:

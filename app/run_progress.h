@@ -13,7 +13,7 @@ class RunProgress final : public run::Progress {
   RunProgress(QMLFile& bridge, RunSession& session) : bridge_(bridge), session_(session) {}
 
   void moveprogressslot(int pixels) override { bridge_.moveprogressslot(pixels); }
-  void moveprogressignal(int pixels) override { emit bridge_.moveprogressignal(pixels); }
+  void moveprogressignal(int pixels) override { Q_EMIT bridge_.moveprogressignal(pixels); }
   void stage(run::Stage stage, std::string_view file, int done, int total) override {
     session_.report(stage, file, done, total);
   }

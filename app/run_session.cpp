@@ -38,20 +38,20 @@ void RunSession::showLatest() {
     shown_ = latest_;
     posted_ = false;
   }
-  emit progressed();
+  Q_EMIT progressed();
 }
 
 void RunSession::cancel() {
   if (!running_) return;
   cancelFlag_ = true;
-  emit runningChanged();
+  Q_EMIT runningChanged();
 }
 
 void RunSession::setRunning(bool running) {
   running_ = running;
   shown_ = {};
-  emit progressed();
-  emit runningChanged();
+  Q_EMIT progressed();
+  Q_EMIT runningChanged();
 }
 
 RunSession& runSession() {

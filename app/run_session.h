@@ -53,7 +53,7 @@ class RunSession : public QObject {
   /// Ends the run at its next step.
   Q_INVOKABLE void cancel();
 
- signals:
+ Q_SIGNALS:
   void runningChanged();
   void progressed();
 

@@ -41,7 +41,7 @@ class SyncSettings : public QObject {
   QSize frameSize() const;   // pixels
   int modeFlag() const;
 
- signals:
+ Q_SIGNALS:
   void changed();
   void videoChanged();
 

@@ -17,7 +17,7 @@ void TableModel::setRows(QList<QVariantList> rows) {
   beginResetModel();
   rows_ = std::move(rows);
   endResetModel();
-  emit countChanged();
+  Q_EMIT countChanged();
 }
 
 }  // namespace app

@@ -27,7 +27,7 @@ class TableModel : public QAbstractListModel {
   /// Each row has one value per role.
   void setRows(QList<QVariantList> rows);
 
- signals:
+ Q_SIGNALS:
   void countChanged();
 
  private:

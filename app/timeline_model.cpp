@@ -96,7 +96,7 @@ void TimelineModel::readWaveforms() {
 
 void TimelineModel::takeWaveform(int row, const Waveform& waveform) {
   clips_[static_cast<std::size_t>(row)].waveform = waveform;
-  emit dataChanged(index(row), index(row), {WaveformRole});
+  Q_EMIT dataChanged(index(row), index(row), {WaveformRole});
 }
 
 int TimelineModel::rowCount(const QModelIndex& parent) const {

@@ -12,7 +12,7 @@ WaveformItem::WaveformItem(QQuickItem* parent) : QQuickPaintedItem(parent) {
 
 void WaveformItem::setWaveform(const QVariant& waveform) {
   waveform_ = waveform.value<Waveform>();
-  emit changed();
+  Q_EMIT changed();
 }
 
 void WaveformItem::paint(QPainter* painter) {

@@ -24,7 +24,7 @@ class WaveformItem : public QQuickPaintedItem {
   void setWaveform(const QVariant& waveform);
   void paint(QPainter* painter) override;
 
- signals:
+ Q_SIGNALS:
   void changed();
 
  private:

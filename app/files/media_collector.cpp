@@ -69,7 +69,7 @@ void MediaCollector::add(const QList<QUrl>& urls, bool oneDevice) {
     if (url.isLocalFile()) paths << url.toLocalFile();
   }
   ++searches_;
-  emit busyChanged();
+  Q_EMIT busyChanged();
   pool_.start([this, paths, oneDevice] {  // the pool is waited for before this object goes
     int passedOver = 0;
     const QStringList files = mediaFilesIn(paths, passedOver, stop_);
@@ -84,8 +84,8 @@ void MediaCollector::take(const QStringList& files, int passedOver, bool oneDevi
   for (const QString& file : files) fileModel.addEntry(file);
   if (group) fileModel.addEntry(kGroupEnd);
   --searches_;
-  emit busyChanged();
-  emit finished(static_cast<int>(files.size()), passedOver);
+  Q_EMIT busyChanged();
+  Q_EMIT finished(static_cast<int>(files.size()), passedOver);
 }
 
 }  // namespace app

@@ -30,7 +30,7 @@ class MediaCollector : public QObject {
   /// Adds the media files among `urls`; files of one device are put between the marker lines.
   Q_INVOKABLE void add(const QList<QUrl>& urls, bool oneDevice);
 
- signals:
+ Q_SIGNALS:
   void busyChanged();
   /// A search has ended: `added` files are on the list now, `passedOver` were no media files.
   void finished(int added, int passedOver);

@@ -27,7 +27,7 @@ std::optional<MediaFacts> MediaFactsCache::facts(const QString& path) {
 
 void MediaFactsCache::learn(const QString& path, const MediaFacts& facts) {
   known_.insert(path, facts);
-  emit learned(path);
+  Q_EMIT learned(path);
 }
 
 MediaFacts probeMedia(const QString& path) {

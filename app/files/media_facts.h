@@ -31,7 +31,7 @@ class MediaFactsCache final : public QObject {
   /// What is known of `path`; none yet if its turn has not come. Asking puts it in line.
   std::optional<MediaFacts> facts(const QString& path);
 
- signals:
+ Q_SIGNALS:
   void learned(const QString& path);
 
  private:

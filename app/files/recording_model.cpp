@@ -147,11 +147,11 @@ void RecordingModel::structureMoved() {
 void RecordingModel::announceStructure() {
   structureAnnounced_ = true;
   if (rowCount() > 0) {
-    emit dataChanged(index(0, 0), index(rowCount() - 1, 0),
-                     {EdgeRole, InGroupRole, GroupNumberRole, GroupSizeRole});
+    Q_EMIT dataChanged(index(0, 0), index(rowCount() - 1, 0),
+                       {EdgeRole, InGroupRole, GroupNumberRole, GroupSizeRole});
   }
   findFirstVideo();
-  emit structureChanged();
+  Q_EMIT structureChanged();
 }
 
 void RecordingModel::factsLearned() {
@@ -163,7 +163,7 @@ void RecordingModel::factsLearned() {
 void RecordingModel::announceFacts() {
   factsAnnounced_ = true;
   if (rowCount() > 0) {
-    emit dataChanged(index(0, 0), index(rowCount() - 1, 0), {KindRole, LengthRole, ReadableRole});
+    Q_EMIT dataChanged(index(0, 0), index(rowCount() - 1, 0), {KindRole, LengthRole, ReadableRole});
   }
   findFirstVideo();
 }
@@ -175,7 +175,7 @@ void RecordingModel::findFirstVideo() {
   }
   if (first.frameRate <= 0) first = {};
   firstVideo_ = first;
-  emit factsChanged();
+  Q_EMIT factsChanged();
 }
 
 }  // namespace app

@@ -49,7 +49,7 @@ class RecordingModel : public QIdentityProxyModel {
   /// Takes the entry at `row` off the list; at the edge of a group, the whole group.
   Q_INVOKABLE void remove(int row);
 
- signals:
+ Q_SIGNALS:
   void structureChanged();
   void factsChanged();
 

@@ -1,4 +1,3 @@
-// before Qt's headers, which take "signals" for a keyword
 #include <gtest/gtest.h>
 
 #include <QDir>
