@@ -5,8 +5,9 @@
 namespace timeline {
 namespace {
 
-// A millionth of a frame is far below a sample and far above the rounding of a double at 30 hours.
-constexpr double kSlack = 1e-6;
+// Less than a sample at any rate, and more than the rounding of the positions: a single precision
+// 9.33 s is 9.3299999 s, and yet 9330 ms.
+constexpr double kSlackSeconds = 1e-6;
 
 double exactUnits(double seconds, FrameRate rate) {
   return seconds * static_cast<double>(rate.units) / static_cast<double>(rate.seconds);
@@ -32,11 +33,11 @@ Timebase timebaseOf(FrameRate rate) {
 }
 
 std::int64_t nearestUnit(double seconds, FrameRate rate) {
-  return static_cast<std::int64_t>(std::floor(exactUnits(seconds, rate) + 0.5 + kSlack));
+  return static_cast<std::int64_t>(std::floor(exactUnits(seconds + kSlackSeconds, rate) + 0.5));
 }
 
 std::int64_t wholeUnits(double seconds, FrameRate rate) {
-  return static_cast<std::int64_t>(std::floor(exactUnits(seconds, rate) + kSlack));
+  return static_cast<std::int64_t>(std::floor(exactUnits(seconds + kSlackSeconds, rate)));
 }
 
 double toSeconds(std::int64_t units, FrameRate rate) {

@@ -72,6 +72,7 @@ TEST(ExactRate, KnowsTheUsualRatesFromWhatIsReported) {
                                                 {14.5, {14500, 1000}},
                                                 {0, {25, 1}}};
   for (const auto& [fps, rate] : cases) EXPECT_EQ(exactRate(fps), rate) << fps;
+  EXPECT_EQ(wholeUnits(9.33f, {1000, 1}), 9330);     // 9.3299999 in single precision
   EXPECT_EQ(wholeUnits(10.01, {30000, 1001}), 300);  // 299.99999999999994 as doubles go
 }
 
