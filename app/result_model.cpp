@@ -31,10 +31,16 @@ QList<QVariantList> leftOutRows(const run::Outcome& outcome) {
 QString purposeOf(const QString& name) {
   if (name.contains("_fcp--")) return ResultModel::tr("Final Cut Pro 7");
   if (name.contains("_premierePro")) return ResultModel::tr("Premiere Pro");
+  if (name.contains("_FCP_X_1.10--")) return ResultModel::tr("Final Cut Pro (FCPXML 1.10)");
   if (name.contains("_FCP_X--")) return ResultModel::tr("Final Cut Pro X");
   if (name.endsWith(".edl")) return ResultModel::tr("Vegas");
   if (name.endsWith(".otio")) return ResultModel::tr("OpenTimelineIO");
   return {};
+}
+
+QString contentOf(const QString& name) {
+  return name.startsWith("UNSYNCED") ? ResultModel::tr("Recordings without a place")
+                                     : ResultModel::tr("Synchronised timeline");
 }
 
 QList<QVariantList> documentRows(const run::Outcome& outcome) {
@@ -42,7 +48,8 @@ QList<QVariantList> documentRows(const run::Outcome& outcome) {
   for (const std::string& output : outcome.outputs) {
     const QString path = QString::fromStdString(output);
     const QString purpose = purposeOf(nameOf(path));
-    if (!purpose.isEmpty()) rows << QVariantList{nameOf(path), path, purpose};
+    if (!purpose.isEmpty())
+      rows << QVariantList{nameOf(path), path, purpose, contentOf(nameOf(path))};
   }
   return rows;
 }

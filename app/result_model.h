@@ -37,8 +37,8 @@ class ResultModel : public QAbstractListModel {
   QString summary() const { return summary_; }
   int leftOutCount() const { return leftOut_.rowCount(); }
   TableModel* leftOut() { return &leftOut_; }      // name, path, kind, reason, remedy
-  TableModel* documents() { return &documents_; }  // name, path, purpose
-  TableModel* notices() { return &notices_; }      // text
+  TableModel* documents() { return &documents_; }  // name, path, purpose, content
+  TableModel* notices() { return &notices_; }      // notice
 
   /// The timeline of group `row`; null if there is none.
   Q_INVOKABLE app::TimelineModel* timeline(int row) const;
@@ -53,8 +53,8 @@ class ResultModel : public QAbstractListModel {
  private:
   std::vector<std::unique_ptr<TimelineModel>> timelines_;
   TableModel leftOut_{{"name", "path", "kind", "reason", "remedy"}};
-  TableModel documents_{{"name", "path", "purpose"}};
-  TableModel notices_{{"text"}};
+  TableModel documents_{{"name", "path", "purpose", "content"}};
+  TableModel notices_{{"notice"}};
   QString summary_;
 };
 

@@ -4,13 +4,17 @@
 #include <QFileInfo>
 #include <QMap>
 #include <QPointer>
+#include <QSet>
 #include <QThreadPool>
 #include <algorithm>
 
 #include "app/clock_text.h"
+#include "report/text.h"
 
 namespace app {
 namespace {
+
+constexpr int kTelling = 3;  // letters that clips have in common and that tell of their device
 
 QString fileName(const std::string& path) {
   return QFileInfo(QString::fromStdString(path)).fileName();
@@ -26,6 +30,22 @@ QString commonStart(const QStringList& names) {
   return start;
 }
 
+struct LaneFiles {
+  QStringList names;
+  QSet<QString> folders;
+};
+
+/// What the files of one lane are best known by: their name, a folder of their own, or how their
+/// names begin; empty if there is no such thing.
+QString laneName(const std::vector<LaneFiles>& all, const LaneFiles& lane) {
+  if (lane.names.size() == 1) return lane.names.front();
+  const auto sharing = std::ranges::count_if(
+      all, [&](const LaneFiles& other) { return other.folders.intersects(lane.folders); });
+  if (lane.folders.size() == 1 && sharing == 1) return QFileInfo(*lane.folders.begin()).fileName();
+  const QString start = commonStart(lane.names);
+  return start.size() >= kTelling ? start : QString();
+}
+
 QString positionText(const run::Member& member) {
   QString text = clockText(member.offsetSeconds, 3);
   if (member.errorSeconds) {
@@ -34,8 +54,10 @@ QString positionText(const run::Member& member) {
   return text;
 }
 
+constexpr int kHintColumns = 72;  // of a path; the window is at least 900 pixels wide
+
 QString detailText(const run::Member& member) {
-  QStringList lines = {QString::fromStdString(member.path),
+  QStringList lines = {QString::fromStdString(report::elidedMiddle(member.path, kHintColumns)),
                        TimelineModel::tr("Position  %1").arg(positionText(member)),
                        TimelineModel::tr("Length  %1").arg(clockText(member.durationSeconds, 3)),
                        TimelineModel::tr("Confidence  %1 %").arg(qRound(member.confidence * 100))};
@@ -68,12 +90,14 @@ void TimelineModel::placeOnLanes() {
 }
 
 void TimelineModel::nameLanes() {
+  std::vector<LaneFiles> files(static_cast<std::size_t>(lanes_.size()));
+  for (const Clip& clip : clips_) {
+    const QFileInfo file(QString::fromStdString(clip.member.path));
+    files[static_cast<std::size_t>(clip.lane)].names << file.completeBaseName();
+    files[static_cast<std::size_t>(clip.lane)].folders << file.path();
+  }
   for (int lane = 0; lane < lanes_.size(); ++lane) {
-    QStringList names;
-    for (const Clip& clip : clips_) {
-      if (clip.lane == lane) names << QFileInfo(fileName(clip.member.path)).completeBaseName();
-    }
-    lanes_[lane] = names.size() == 1 ? names.front() : commonStart(names);
+    lanes_[lane] = laneName(files, files[static_cast<std::size_t>(lane)]);
     if (lanes_[lane].isEmpty()) lanes_[lane] = tr("Device %1").arg(lane + 1);
   }
 }

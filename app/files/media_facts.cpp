@@ -33,8 +33,9 @@ void MediaFactsCache::learn(const QString& path, const MediaFacts& facts) {
 MediaFacts probeMedia(const QString& path) {
   static run::MediaInfoProbe probe;
   const run::MediaProperties found = probe.query(path.toStdString());
-  return {found.opened, QString::fromStdString(found.frameRate).toDouble(), found.width,
-          found.height, std::max({found.seconds, found.videoSeconds, found.audioSeconds})};
+  const double rate = QString::fromStdString(found.frameRate).toDouble();
+  return {found.opened && (rate > 0 || found.audioStreams > 0), rate, found.width, found.height,
+          std::max({found.seconds, found.videoSeconds, found.audioSeconds})};
 }
 
 }  // namespace app

@@ -22,7 +22,7 @@ AbstractButton {
     }
 
     implicitHeight: root.primary ? 46 : Theme.control
-    implicitWidth: label.implicitWidth + (root.weight === AppButton.Quiet ? 24 : 32)
+    implicitWidth: root.implicitContentWidth + (root.weight === AppButton.Quiet ? 24 : 32)
     focusPolicy: Qt.StrongFocus
     hoverEnabled: true
     Accessible.name: root.text
@@ -42,8 +42,6 @@ AbstractButton {
         }
     }
     contentItem: AppText {
-        id: label
-
         text: root.text
         color: !root.enabled ? Theme.dim : root.primary ? Theme.accentText : Theme.text
         font.pixelSize: root.primary ? 15 : Theme.body

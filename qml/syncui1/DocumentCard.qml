@@ -8,13 +8,14 @@ Rectangle {
     required property string name
     required property string path
     required property string purpose
+    required property string content
     signal openWanted
 
     implicitHeight: 60
     radius: 8
     color: Theme.raised
     Accessible.role: Accessible.ListItem
-    Accessible.name: root.purpose + ". " + root.name
+    Accessible.name: root.purpose + ". " + root.content + ". " + root.name
 
     RowLayout {
         anchors.fill: parent
@@ -35,10 +36,10 @@ Rectangle {
 
             AppText {
                 Layout.fillWidth: true
-                text: root.name
+                text: root.content
                 color: Theme.dim
                 font.pixelSize: Theme.small
-                elide: Text.ElideMiddle
+                elide: Text.ElideRight
             }
         }
 
@@ -46,6 +47,7 @@ Rectangle {
             weight: AppButton.Quiet
             implicitHeight: 32
             text: qsTr("Show")
+            hint: root.name
             Accessible.name: qsTr("Show %1 in its folder").arg(root.name)
             onClicked: root.openWanted()
         }

@@ -11,7 +11,10 @@ Panel {
     Connections {
         target: root.result
         function onChanged() {
-            tabs.current = root.result.leftOutCount > 0 ? 0 : 1;
+            if (root.result.leftOutCount > 0)
+                tabs.current = 0;
+            else
+                tabs.current = root.result.rowCount() > 0 ? 1 : 2;
         }
     }
 
@@ -47,8 +50,10 @@ Panel {
             model: root.result.documents
             nothing: qsTr("No timelines were written.")
             delegate: DocumentCard {
+                id: document
+
                 width: ListView.view.width - 10
-                onOpenWanted: root.result.openPlaceOf(path)
+                onOpenWanted: root.result.openPlaceOf(document.path)
             }
         }
 
@@ -58,10 +63,8 @@ Panel {
             visible: tabs.current === 2
             model: root.result.notices
             nothing: qsTr("Nothing else to know.")
-            delegate: AppText {
-                required property string text_
+            delegate: NoticeCard {
                 width: ListView.view.width - 10
-                wrapMode: Text.Wrap
             }
         }
     }

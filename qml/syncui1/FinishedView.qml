@@ -111,7 +111,7 @@ Item {
                 }
 
                 FindingsPanel {
-                    Layout.preferredWidth: Math.max(270, Math.min(340, root.width * 0.28))
+                    Layout.preferredWidth: Math.max(286, Math.min(340, root.width * 0.28))
                     Layout.fillHeight: true
                     result: root.result
                 }

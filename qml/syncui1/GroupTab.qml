@@ -11,13 +11,14 @@ AbstractButton {
     required property int count
     property bool shown: false
 
-    implicitWidth: label.implicitWidth + 28
+    implicitWidth: root.implicitContentWidth + 28
     implicitHeight: 32
     focusPolicy: Qt.StrongFocus
     hoverEnabled: true
-    text: root.name
+    text: qsTr("%1 · %2 recordings").arg(root.name).arg(root.count)
+    padding: 0
     Accessible.role: Accessible.PageTab
-    Accessible.name: label.text
+    Accessible.name: root.text
     Keys.onReturnPressed: root.click()
 
     background: Rectangle {
@@ -27,9 +28,7 @@ AbstractButton {
         border.color: Theme.focus
     }
     contentItem: AppText {
-        id: label
-
-        text: qsTr("%1 · %2 recordings").arg(root.name).arg(root.count)
+        text: root.text
         color: root.shown ? Theme.text : Theme.dim
         font.weight: root.shown ? Font.DemiBold : Font.Normal
         horizontalAlignment: Text.AlignHCenter

@@ -11,7 +11,6 @@ ToolTip {
     contentItem: AppText {
         text: root.text
         font.pixelSize: Theme.small
-        wrapMode: Text.Wrap
         lineHeight: 1.25
     }
     background: Rectangle {

@@ -22,13 +22,15 @@ ListView {
                               root.removeWanted(root.currentIndex)
 
     delegate: RecordingRow {
+        id: row
+
         width: ListView.view.width - 10
         current: ListView.isCurrentItem && root.activeFocus
         onChosen: {
-            root.currentIndex = index;
+            root.currentIndex = row.index;
             root.forceActiveFocus();
         }
-        onRemoveWanted: root.removeWanted(index)
+        onRemoveWanted: root.removeWanted(row.index)
     }
 
     FocusRing {

@@ -24,7 +24,7 @@ Item {
     signal removeWanted
     signal chosen
 
-    implicitHeight: root.heading ? 44 : root.footer ? 18 : 54
+    implicitHeight: root.heading ? 52 : root.footer ? 18 : 54
     Accessible.role: Accessible.ListItem
     Accessible.name: root.footer ? "" : root.heading ? groupTitle.text : root.name
     Accessible.ignored: root.footer
@@ -38,7 +38,7 @@ Item {
 
         Rectangle {
             width: parent.width
-            y: root.footer ? -20 : 0
+            y: root.footer ? -20 : root.heading ? 8 : 0
             height: root.heading || root.footer ? parent.height + 20 : parent.height
             radius: root.heading || root.footer ? 8 : 0
             color: Theme.raised
@@ -48,6 +48,7 @@ Item {
     Rectangle {
         anchors.fill: parent
         anchors.margins: 2
+        anchors.topMargin: root.heading ? 10 : 2
         visible: !root.footer && (root.current || hover.hovered)
         radius: 8
         color: root.inGroup ? Theme.hover : Theme.raised
@@ -65,7 +66,8 @@ Item {
 
     RowLayout {
         anchors.fill: parent
-        anchors.leftMargin: root.inGroup && !root.heading ? 28 : 14
+        anchors.topMargin: 8
+        anchors.leftMargin: 14
         anchors.rightMargin: 6
         spacing: 12
         visible: root.heading

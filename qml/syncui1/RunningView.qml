@@ -70,12 +70,12 @@ Item {
                 color: Theme.raised
             }
 
-            // the share of this step that is done, where the bar itself stands still
+            // the share of this step that is done, for steps in which the bar itself stands still
             Rectangle {
                 width: parent.width * (RunSession.total > 0 ? RunSession.done / RunSession.total : 0)
                 height: parent.height
                 radius: 5
-                color: "#6b5023"
+                color: Theme.accent
             }
 
             // as wide as the run has come, 0 to 651 pixels

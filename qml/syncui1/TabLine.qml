@@ -22,7 +22,8 @@ Row {
             readonly property bool shown: root.current === tab.index
 
             implicitHeight: 32
-            implicitWidth: (root.width - 8) / 3
+            implicitWidth: tab.implicitContentWidth + 20
+            padding: 0
             focusPolicy: Qt.StrongFocus
             hoverEnabled: true
             text: root.counts[tab.index] > 0 ? tab.modelData + "  " + root.counts[tab.index] :

@@ -35,6 +35,7 @@ Item {
             AppText {
                 x: 4
                 y: 3
+                visible: mark.x + width + 4 <= root.width
                 text: TimeScale.text(mark.number * root.step, root.step < 1 ? 1 : 0)
                 font.pixelSize: 11
                 color: Theme.dim

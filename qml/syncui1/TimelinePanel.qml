@@ -42,8 +42,10 @@ Panel {
                 clip: true
                 model: root.result
                 delegate: GroupTab {
-                    shown: groups.currentIndex === index
-                    onClicked: root.show(index)
+                    id: tab
+
+                    shown: groups.currentIndex === tab.index
+                    onClicked: root.show(tab.index)
                 }
             }
 

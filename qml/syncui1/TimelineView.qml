@@ -100,10 +100,12 @@ FocusScope {
             model: root.laneCount
 
             Rectangle {
+                id: laneSurface
+
                 required property int index
 
                 x: view.contentX
-                y: index * root.laneHeight
+                y: laneSurface.index * root.laneHeight
                 width: view.width
                 height: root.laneHeight - 4
                 radius: 6
@@ -117,16 +119,18 @@ FocusScope {
             model: root.timeline
 
             TimelineBlock {
-                x: start * root.pixelsPerSecond
-                y: lane * root.laneHeight + 2
-                width: Math.max(3, length * root.pixelsPerSecond)
+                id: block
+
+                x: block.start * root.pixelsPerSecond
+                y: block.lane * root.laneHeight + 2
+                width: Math.max(3, block.length * root.pixelsPerSecond)
                 height: root.laneHeight - 8
                 pixelsPerSecond: root.pixelsPerSecond
                 viewLeft: view.contentX
                 viewRight: view.contentX + view.width
-                current: root.activeFocus && root.current === index
+                current: root.activeFocus && root.current === block.index
                 onChosen: {
-                    root.current = index;
+                    root.current = block.index;
                     root.forceActiveFocus();
                 }
             }
@@ -150,7 +154,9 @@ FocusScope {
             model: root.timeline ? root.timeline.lanes : []
 
             LaneLabel {
-                y: index * root.laneHeight - view.contentY
+                id: label
+
+                y: label.index * root.laneHeight - view.contentY
                 width: root.labelWidth - 10
                 height: root.laneHeight - 4
             }

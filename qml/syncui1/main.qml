@@ -3,6 +3,9 @@ import QtQuick.Layouts
 import QtQuick.Window
 import Kestrel
 
+// qmllint disable unqualified
+// "myModel" and "QMLFile" are published by the program.
+
 // The window. It is idle, running or finished; which one, is told by the objects that the program
 // drives by name: "progressbar" is shown during a run, "done" after it.
 Rectangle {
@@ -34,8 +37,11 @@ Rectangle {
         Qt.callLater(() => {
             QMLFile.start_sync2(settings.tolerance, settings.frameSize.width,
                                 settings.frameSize.height, settings.frameRate, settings.modeFlag);
-            if (RunSession.cancelled)
+            panel.notice = "";
+            if (RunSession.cancelled) {
                 running.bar.opacity = 0;
+                panel.notice = qsTr("The run was cancelled.");
+            }
         });
     }
 

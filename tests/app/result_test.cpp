@@ -48,8 +48,8 @@ run::Member member(const std::string& path, int device, double offset, double se
 run::Outcome sampleOutcome() {
   run::Outcome outcome;
   outcome.groups = {{"Group 1",
-                     {member("/a/CamA_01.mov", 4, 0, 10), member("/b/zoom.wav", 2, 2.5, 100),
-                      member("/a/CamA_02.mov", 4, 12, 10)}}};
+                     {member("/card 1/CamA_01.mov", 4, 0, 10), member("/b/zoom.wav", 2, 2.5, 100),
+                      member("/card 1/CamA_02.mov", 4, 12, 10)}}};
   outcome.unsynced = {{"/c/alone.wav", "reason", "remedy"}};
   outcome.ignored = {{"/c/broken.mp4", "why", "what to do"}};
   outcome.outputs = {"/d/SYNCED/SYNCED_fcp--14-05-09--.XML", "/d/SYNCED/READ2SYNC.txt",
@@ -62,7 +62,7 @@ TEST(Timeline, OneLanePerDevice) {
   result.show(sampleOutcome());
   app::TimelineModel* timeline = result.timeline(0);
   ASSERT_NE(timeline, nullptr);
-  EXPECT_EQ(timeline->lanes(), QStringList({"CamA", "zoom"}));
+  EXPECT_EQ(timeline->lanes(), QStringList({"card 1", "zoom"})) << "a folder of their own";
   EXPECT_EQ(timeline->lengthSeconds(), 102.5);
   const auto lane = [&](int row) {
     return timeline->data(timeline->index(row), app::TimelineModel::LaneRole).toInt();
@@ -75,6 +75,15 @@ TEST(Timeline, OneLanePerDevice) {
   for (const char* part : {"/b/zoom.wav", "0:00:02.500", "0:01:40.000", "98 %"}) {
     EXPECT_TRUE(detail.contains(part)) << part;
   }
+}
+
+TEST(Timeline, LanesOfOneFolderAreKnownByTheirNames) {
+  run::Outcome outcome = sampleOutcome();
+  outcome.groups[0].members = {member("/a/CamA_01.mov", 1, 0, 1), member("/a/CamA_02.mov", 1, 2, 1),
+                               member("/a/1.mov", 2, 0, 1), member("/a/2.mov", 2, 2, 1)};
+  app::ResultModel result;
+  result.show(outcome);
+  EXPECT_EQ(result.timeline(0)->lanes(), QStringList({"CamA", "Device 2"}));
 }
 
 TEST(Timeline, WaveformsArriveInTheBackground) {
