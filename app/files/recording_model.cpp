@@ -27,9 +27,9 @@ void RecordingModel::setSourceModel(QAbstractItemModel* source) {
     connect(source, &QAbstractItemModel::modelReset, this, stale);
   }
   QIdentityProxyModel::setSourceModel(source);
-  for (const auto change : {&QAbstractItemModel::rowsInserted, &QAbstractItemModel::rowsRemoved}) {
-    connect(this, change, this, &RecordingModel::structureMoved);
-  }
+  // named one by one: from a table, Windows takes the address of a stub, which is no signal
+  connect(this, &QAbstractItemModel::rowsInserted, this, &RecordingModel::structureMoved);
+  connect(this, &QAbstractItemModel::rowsRemoved, this, &RecordingModel::structureMoved);
   connect(this, &QAbstractItemModel::modelReset, this, &RecordingModel::structureMoved);
   stale_ = true;
   structureMoved();
