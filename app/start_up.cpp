@@ -18,6 +18,7 @@ void setIdentity() {
   QCoreApplication::setApplicationName("Kestrel Aligner");
   QCoreApplication::setApplicationVersion("1.53rc");
   QCoreApplication::setOrganizationName("Kestrel -  tools for digital artists");
+  QGuiApplication::setDesktopFileName("kestrel-aligner");  // by which desktops know its icon
 }
 
 void connectAll(QMLFile& bridge, QmlApplicationViewer& viewer, QGuiApplication& application) {

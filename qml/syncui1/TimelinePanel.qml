@@ -100,8 +100,9 @@ Panel {
 
         AppText {
             Layout.fillWidth: true
-            text: qsTr("No two recordings heard the same thing clearly enough. The list beside this "
-                       + "says why for each of them. The slow speed finds more.")
+            text: root.result.leftOutCount > 0 ? qsTr(
+                                                     "No two recordings heard the same thing clearly enough. The list beside this says why for each of them. The slow speed finds more.") :
+                                                 qsTr("The notes beside this say why.")
             color: Theme.dim
             wrapMode: Text.Wrap
             lineHeight: 1.3

@@ -2,7 +2,9 @@
 
 #include <QDir>
 #include <QElapsedTimer>
+#include <QMimeData>
 #include <QQmlContext>
+#include <QQmlEngine>
 #include <QQuickItem>
 #include <QTest>
 #include <QTimer>
@@ -53,6 +55,9 @@ class WholeRun : public testing::Test {
     window_.rootContext()->setContextProperty("QMLFile", &bridge_);
     window_.rootContext()->setContextProperty("pBar", &bar_);
     app::connectAll(bridge_, window_, *qGuiApp);
+    QObject::connect(window_.engine(), &QQmlEngine::warnings, [](const QList<QQmlError>& all) {
+      for (const QQmlError& warning : all) ADD_FAILURE() << warning.toString().toStdString();
+    });
     window_.setSource(QUrl::fromLocalFile(QML_FOLDER "/main.qml"));
     ASSERT_EQ(window_.status(), QQuickView::Ready);
     window_.show();
@@ -149,6 +154,23 @@ TEST_F(WholeRun, CancelLeadsBackToTheListAndLeavesNothingBehind) {
   ASSERT_TRUE(QTest::qWaitFor([&] { return app::runSession().cancelled(); }, 60000));
   EXPECT_EQ(phase(), "idle");
   EXPECT_EQ(filesBesideSources(), 3);
+}
+
+TEST_F(WholeRun, DroppedFilesAreListedAndWithShiftAsOneDevice) {
+  const QString file = QString::fromStdString(folder_.write("a.mov", "x"));
+  QMimeData data;
+  data.setUrls({QUrl::fromLocalFile(file), QUrl::fromLocalFile("/nowhere/notes.txt")});
+  const QPoint place = item("recordings")->mapToScene(QPointF(50, 50)).toPoint();
+  for (const auto action : {Qt::CopyAction, Qt::MoveAction}) {
+    const auto held = action == Qt::MoveAction ? Qt::ShiftModifier : Qt::NoModifier;
+    QDragEnterEvent enter(place, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, held);
+    enter.setDropAction(action);
+    QCoreApplication::sendEvent(&window_, &enter);
+    QDropEvent drop(place, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, held);
+    QCoreApplication::sendEvent(&window_, &drop);
+  }
+  ASSERT_TRUE(QTest::qWaitFor([] { return app::fileModel.rowCount() == 4; }));
+  EXPECT_EQ(app::fileModel.entries(), QStringList({file, app::kGroupBegin, file, app::kGroupEnd}));
 }
 
 TEST_F(WholeRun, ALongListIsQuickToScrollAndToShorten) {
