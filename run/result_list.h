@@ -1,0 +1,24 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+namespace run {
+
+// What a run returns: a status text, then the files that were ignored. The list grows behind the
+// word "first" while the run goes on; these turn it into the result. All pure.
+
+/// A run that was not begun because of its number of entries.
+std::vector<std::string> refusedResult(std::size_t entries);
+
+std::vector<std::string> cancelledResult(std::vector<std::string> list);
+
+/// The ignored files are told uncut.
+std::vector<std::string> noMatchResult(std::vector<std::string> list);
+
+/// Each ignored file without the suffix of its converted name; where none was ignored, the text
+/// for success alone.
+std::vector<std::string> finishedResult(std::vector<std::string> list);
+
+}  // namespace run

@@ -1,0 +1,136 @@
+#include "run/steps.h"
+
+#include "analysis/sound.h"
+#include "report/diagnostics.h"
+#include "run/convert.h"
+#include "run/desktop.h"
+#include "run/document_stage.h"
+#include "run/entries.h"
+#include "run/file_list.h"
+#include "run/fingerprint_stage.h"
+#include "run/notices.h"
+#include "run/place_stage.h"
+#include "run/probing.h"
+#include "run/result_list.h"
+#include "run/results_folder.h"
+
+namespace run {
+
+Steps::Steps(const Services& services, const Options& options, const Settings& settings,
+             Outcome& outcome, TemporaryFolder& spare)
+    : services_(services),
+      options_(options),
+      settings_(settings),
+      outcome_(outcome),
+      spare_(spare) {}
+
+std::vector<std::string> Steps::run(const std::vector<std::string>& videofiles) {
+  if (std::ssize(videofiles) > kMostEntries) {
+    addNotice(makeResultsFolders());
+    addNotice(refusedResult(videofiles.size()).front());
+    return refusedResult(videofiles.size());
+  }
+  std::vector<std::string> repeated;
+  list_ = withDummy(withoutRepeats(videofiles, repeated));
+  for (const std::string& path : repeated)
+    addNotice(path + " is listed more than once; it is used once.");
+  for (const auto step : {&Steps::begin, &Steps::convert, &Steps::probe, &Steps::fingerprint,
+                          &Steps::keep, &Steps::compare, &Steps::place}) {
+    (this->*step)();
+    if (!services_.cancelled) continue;
+    outcome_.cancelled = true;
+    outcome_.groups.clear();  // places that are not worked out to the end are none
+    outcome_.unsynced.clear();
+    return cancelledResult(result_);
+  }
+  if (comparison_.table.size() <= 1 && placement_.groups.empty()) return noMatchResult(result_);
+  write();
+  show();
+  for (const std::string& entry : result_) services_.console.line(entry);
+  return finishedResult(result_);
+}
+
+void Steps::begin() {
+  addNotice(makeResultsFolders());
+  startLog(settings_.mode);
+  services_.progress.moveprogressslot(0);
+}
+
+void Steps::convert() {
+  report::appendLogLine("pred ffmpeg..");  // before ffmpeg
+  beside_.expect(ownConvertedNames(list_));
+  const std::vector<ProcessResult> results = convertAll(list_, services_);
+  services_.progress.moveprogressslot(0);
+  report::appendLogLine("posle ffmpeg..");  // after ffmpeg
+  material_.entries = makeEntries(list_);
+  for (std::size_t i = 0; i < results.size(); ++i) material_.entries[i].conversion = results[i];
+  report::appendLogLine("fahlovite se resemplirani vo 8000hz -------------------------");
+  const std::vector<std::string> names = convertedNames(list_);
+  for (const std::string& name : names) report::appendLogLine("resemplirani" + name);
+  material_.groups = deviceGroups(names);
+}
+
+void Steps::probe() {
+  const MissingPrograms missing = missingPrograms(material_.entries, services_.probe);
+  markUnconverted(material_.entries);
+  probeAll(material_.entries, services_, result_, outcome_.ignored);
+  dropMarked(material_.entries);
+  for (const std::string& notice : noticesOf(missing, material_.entries)) addNotice(notice);
+}
+
+void Steps::fingerprint() { fingerprintAll(material_, settings_.tolerance, services_); }
+
+void Steps::keep() {
+  services_.console.line("desktop path:" + resultsFolder());
+  (void)makeResultsFolders();  // said at the beginning
+  material_.sounds =
+      keepSounds(material_.entries, resultsFolder() + "/debugfiles/", spare_, services_.console);
+  for (std::size_t i = 0; i < material_.sounds.size(); ++i) {
+    const std::string& sound = material_.sounds[i];
+    material_.samples.push_back(sound.empty() ? 0 : analysis::soundLength(sound));
+    if (material_.entries[i].isFile() && sound.empty())
+      outcome_.ignored.push_back({material_.entries[i].listed,
+                                  "there is no place to keep its converted sound",
+                                  "Make room on the drives of the desktop and temporary folders."});
+  }
+  for (const std::string& notice : noticesOfSounds(material_)) addNotice(notice);
+}
+
+void Steps::compare() {
+  report::appendLogLine("PRED PROVERI ALL MNOGU BITNO!!!!!!!!!!!!!!!  -------------------------");
+  comparison_ = compareAll(material_, settings_.mode, services_);
+  report::appendLogLine("POSLE PROVERI ALL MNOGU BITNO!!!!!!!!!!!!!!!  -------------------------");
+  services_.console.line("1125");
+  material_.fingerprints.clear();
+}
+
+void Steps::place() {
+  placement_ = placeAll(material_, comparison_, options_.align, services_);
+  describePlacement(placement_, material_, outcome_);
+  services_.console.line(
+      "******************************** U N S Y N C E D F I L E S ****************************");
+  for (const LeftOut& file : outcome_.unsynced) services_.console.line(file.path);
+}
+
+void Steps::write() {
+  writeTables(comparison_.table, services_, outcome_);
+  for (const Entry& entry : material_.entries)
+    if (entry.isFile()) services_.console.line("fpss:" + entry.frameRate);
+  (void)makeResultsFolders();
+  if (options_.openFolders) services_.desktop.command(resultsFolder());
+  writeDocuments(projectOf(placement_, material_, settings_), options_, services_, outcome_);
+}
+
+void Steps::show() {
+  const std::string command = "open \"" + resultsFolder() + "\"";
+  services_.console.line("komanda" + command);
+  if (!options_.openFolders) return;
+  services_.desktop.command(command);
+  services_.desktop.show(resultsFolder());
+}
+
+void Steps::addNotice(const std::string& notice) {
+  if (!notice.empty()) outcome_.notices.push_back(notice);
+}
+
+}  // namespace run

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "matching/placement.h"
+#include "run/compare_stage.h"
+#include "run/kept_sounds.h"
+#include "run/material.h"
+#include "run/sync_run.h"
+
+namespace run {
+
+/// The steps of one run in their order, and what they hand to one another. Everything referred to
+/// outlives this object; converted files that are left beside the sources go with it.
+class Steps {
+ public:
+  Steps(const Services& services, const Options& options, const Settings& settings,
+        Outcome& outcome, TemporaryFolder& spare);
+
+  /// The whole run; returns its result list.
+  std::vector<std::string> run(const std::vector<std::string>& videofiles);
+
+ private:
+  void begin();
+  void convert();
+  void probe();
+  void fingerprint();
+  void keep();
+  void compare();
+  void place();
+  void write();
+  void show();
+  void addNotice(const std::string& notice);
+
+  const Services& services_;
+  const Options& options_;
+  const Settings& settings_;
+  Outcome& outcome_;
+  TemporaryFolder& spare_;                    // for sounds that cannot be kept among the results
+  std::vector<std::string> list_;             // the dummy entry and all that is used
+  std::vector<std::string> result_{"first"};  // then the ignored files
+  BesideSources beside_;
+  Material material_;
+  Comparison comparison_;
+  matching::Placement placement_;
+};
+
+}  // namespace run
