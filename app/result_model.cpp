@@ -12,10 +12,16 @@ namespace {
 
 QString nameOf(const QString& path) { return QFileInfo(path).fileName(); }
 
+QString asSentence(const std::string& text) {
+  QString sentence = QString::fromStdString(text);
+  if (!sentence.isEmpty()) sentence[0] = sentence[0].toUpper();
+  if (!sentence.isEmpty() && !sentence.endsWith('.')) sentence += '.';
+  return sentence;
+}
+
 QVariantList leftOutRow(const run::LeftOut& file, const QString& kind) {
   const QString path = QString::fromStdString(file.path);
-  return {nameOf(path), path, kind, QString::fromStdString(file.reason),
-          QString::fromStdString(file.remedy)};
+  return {nameOf(path), path, kind, asSentence(file.reason), asSentence(file.remedy)};
 }
 
 QList<QVariantList> leftOutRows(const run::Outcome& outcome) {

@@ -73,7 +73,7 @@ QStringList SyncSettings::modeNames() { return {tr("Find more"), tr("Only the su
 
 QStringList SyncSettings::rateNames() const {
   const double rate = videoRate_ > 0 ? nearestRate(videoRate_) : run::kDefaultFrameRate;
-  QStringList names = {tr("%1 fps, like the first video").arg(rateText(rate))};
+  QStringList names = {tr("Automatic (%1 fps)").arg(rateText(rate))};
   for (const double known : run::kFrameRates) names << tr("%1 fps").arg(rateText(known));
   return names;
 }
@@ -81,7 +81,7 @@ QStringList SyncSettings::rateNames() const {
 QStringList SyncSettings::sizeNames() const {
   const QSize size =
       videoSize_.isEmpty() ? QSize{run::kDefaultWidth, run::kDefaultHeight} : videoSize_;
-  QStringList names = {tr("%1, like the first video").arg(sizeText(size))};
+  QStringList names = {tr("Automatic (%1)").arg(sizeText(size))};
   for (const QSize known : kFrameSizes) names << sizeText(known);
   return names;
 }

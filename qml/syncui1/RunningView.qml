@@ -42,7 +42,7 @@ Item {
             AppText {
                 Layout.fillWidth: true
                 text: RunSession.cancelling ? qsTr("The step in work is brought to its end.") :
-                                              RunSession.file
+                                              RunSession.file || qsTr("Starting …")
                 color: Theme.dim
                 elide: Text.ElideMiddle
             }

@@ -13,6 +13,7 @@ Panel {
 
     readonly property var speedHelp: [qsTr("Quickest; enough for clear sound."),
         qsTr("Right for most recordings."), qsTr("Takes longer; for quiet or noisy sound.")]
+    readonly property string automatic: qsTr("Follows the first video on the list.")
     readonly property var modeHelp: [qsTr("Accepts fainter matches, also in music."),
         qsTr("Keeps matches beyond doubt only.")]
 
@@ -52,7 +53,8 @@ Panel {
             label: qsTr("Frame rate")
             choices: root.settings.rateNames
             choice: root.settings.rate
-            help: qsTr("Of the timelines that are written.")
+            help: root.settings.rate === 0 ? root.automatic : qsTr(
+                                                 "Of the timelines that are written.")
             onChosen: index => root.settings.rate = index
         }
 
@@ -61,7 +63,8 @@ Panel {
             label: qsTr("Frame size")
             choices: root.settings.sizeNames
             choice: root.settings.size
-            help: qsTr("Of the picture in the timelines.")
+            help: root.settings.size === 0 ? root.automatic : qsTr(
+                                                 "Of the picture in the timelines.")
             onChosen: index => root.settings.size = index
         }
 
@@ -84,6 +87,7 @@ Panel {
             Layout.fillWidth: true
             weight: AppButton.Primary
             text: qsTr("Synchronise")
+            hint: qsTr("Find out where every recording belongs (Ctrl+Enter)")
             enabled: root.ready && !RunSession.running
             onClicked: root.startWanted()
         }

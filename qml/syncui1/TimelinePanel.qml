@@ -86,7 +86,7 @@ Panel {
 
     ColumnLayout {
         anchors.centerIn: parent
-        width: Math.min(parent.width - 60, 400)
+        width: Math.min(parent.width - 60, 440)
         visible: root.shown === null
         spacing: 10
 
