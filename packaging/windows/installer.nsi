@@ -1,6 +1,6 @@
 ; Installs for the current user alone: the program writes two tables into its own folder, and no
 ; administrator is asked for.
-Unicode true
+Target amd64-unicode
 ManifestDPIAware true
 ManifestLongPathAware true
 RequestExecutionLevel user
