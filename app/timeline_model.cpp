@@ -4,46 +4,18 @@
 #include <QFileInfo>
 #include <QMap>
 #include <QPointer>
-#include <QSet>
 #include <QThreadPool>
 #include <algorithm>
 
 #include "app/clock_text.h"
+#include "app/lane_names.h"
 #include "report/text.h"
 
 namespace app {
 namespace {
 
-constexpr int kTelling = 3;  // letters that clips have in common and that tell of their device
-
 QString fileName(const std::string& path) {
   return QFileInfo(QString::fromStdString(path)).fileName();
-}
-
-/// What the names have in common at their start, without a trailing separator or number.
-QString commonStart(const QStringList& names) {
-  QString start = names.front();
-  for (const QString& name : names) {
-    while (!name.startsWith(start)) start.chop(1);
-  }
-  while (!start.isEmpty() && !start.back().isLetter()) start.chop(1);
-  return start;
-}
-
-struct LaneFiles {
-  QStringList names;
-  QSet<QString> folders;
-};
-
-/// What the files of one lane are best known by: their name, a folder of their own, or how their
-/// names begin; empty if there is no such thing.
-QString laneName(const std::vector<LaneFiles>& all, const LaneFiles& lane) {
-  if (lane.names.size() == 1) return lane.names.front();
-  const auto sharing = std::ranges::count_if(
-      all, [&](const LaneFiles& other) { return other.folders.intersects(lane.folders); });
-  if (lane.folders.size() == 1 && sharing == 1) return QFileInfo(*lane.folders.begin()).fileName();
-  const QString start = commonStart(lane.names);
-  return start.size() >= kTelling ? start : QString();
 }
 
 QString positionText(const run::Member& member) {
@@ -90,16 +62,11 @@ void TimelineModel::placeOnLanes() {
 }
 
 void TimelineModel::nameLanes() {
-  std::vector<LaneFiles> files(static_cast<std::size_t>(lanes_.size()));
+  std::vector<QStringList> paths(static_cast<std::size_t>(lanes_.size()));
   for (const Clip& clip : clips_) {
-    const QFileInfo file(QString::fromStdString(clip.member.path));
-    files[static_cast<std::size_t>(clip.lane)].names << file.completeBaseName();
-    files[static_cast<std::size_t>(clip.lane)].folders << file.path();
+    paths[static_cast<std::size_t>(clip.lane)] << QString::fromStdString(clip.member.path);
   }
-  for (int lane = 0; lane < lanes_.size(); ++lane) {
-    lanes_[lane] = laneName(files, files[static_cast<std::size_t>(lane)]);
-    if (lanes_[lane].isEmpty()) lanes_[lane] = tr("Device %1").arg(lane + 1);
-  }
+  lanes_ = laneNames(paths);
 }
 
 void TimelineModel::readWaveforms() {

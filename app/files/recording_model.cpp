@@ -15,6 +15,10 @@ RecordingModel::RecordingModel(QObject* parent) : RecordingModel(probeMedia, par
 RecordingModel::RecordingModel(MediaFactsCache::Probe probe, QObject* parent)
     : QIdentityProxyModel(parent), cache_(std::move(probe)) {
   connect(&cache_, &MediaFactsCache::learned, this, &RecordingModel::factsLearned);
+  // named one by one: from a table, Windows takes the address of a stub, which is no signal
+  connect(this, &QAbstractItemModel::rowsInserted, this, &RecordingModel::structureMoved);
+  connect(this, &QAbstractItemModel::rowsRemoved, this, &RecordingModel::structureMoved);
+  connect(this, &QAbstractItemModel::modelReset, this, &RecordingModel::structureMoved);
 }
 
 void RecordingModel::setSourceModel(QAbstractItemModel* source) {
@@ -27,44 +31,18 @@ void RecordingModel::setSourceModel(QAbstractItemModel* source) {
     connect(source, &QAbstractItemModel::modelReset, this, stale);
   }
   QIdentityProxyModel::setSourceModel(source);
-  // named one by one: from a table, Windows takes the address of a stub, which is no signal
-  connect(this, &QAbstractItemModel::rowsInserted, this, &RecordingModel::structureMoved);
-  connect(this, &QAbstractItemModel::rowsRemoved, this, &RecordingModel::structureMoved);
-  connect(this, &QAbstractItemModel::modelReset, this, &RecordingModel::structureMoved);
   stale_ = true;
   structureMoved();
 }
 
-const std::vector<RecordingModel::Row>& RecordingModel::rows() const {
-  if (!stale_) return rows_;
-  stale_ = false;
-  rows_.assign(static_cast<std::size_t>(rowCount()), {});
-  int group = 0, begin = -1;
-  for (int i = 0; i < rowCount(); ++i) {
-    const QString text = entry(i);
-    Row& row = rows_[static_cast<std::size_t>(i)];
-    if (begin < 0 && text == kGroupBegin) {
-      begin = i;
-      row = {GroupBegin, ++group, i, i};
-    } else if (begin >= 0) {
-      const bool end = text == kGroupEnd;
-      row = {end ? GroupEnd : NoEdge, group, begin, i};
-      rows_[static_cast<std::size_t>(begin)].last = i;
-      if (end) begin = -1;
-    }
+const std::vector<ListRow>& RecordingModel::rows() const {
+  if (stale_) {
+    QStringList entries;
+    for (int row = 0; row < rowCount(); ++row) entries << entry(row);
+    rows_ = structureOf(entries);
+    stale_ = false;
   }
   return rows_;
-}
-
-bool RecordingModel::closed(const Row& row) const {
-  const int last = rows()[static_cast<std::size_t>(row.begin)].last;
-  return rows()[static_cast<std::size_t>(last)].edge == GroupEnd;
-}
-
-int RecordingModel::groupSize(const Row& row) const {
-  if (row.group == 0) return 0;
-  const int last = rows()[static_cast<std::size_t>(row.begin)].last;
-  return last - row.begin - (closed(row) ? 1 : 0);
 }
 
 QString RecordingModel::entry(int row) const {
@@ -72,8 +50,8 @@ QString RecordingModel::entry(int row) const {
 }
 
 std::optional<MediaFacts> RecordingModel::factsOf(int row) const {
-  return rows()[static_cast<std::size_t>(row)].edge == NoEdge ? cache_.facts(entry(row))
-                                                              : std::nullopt;
+  return rows()[static_cast<std::size_t>(row)].edge == ListRow::NoEdge ? cache_.facts(entry(row))
+                                                                       : std::nullopt;
 }
 
 QString RecordingModel::kindText(int row) const {
@@ -85,7 +63,7 @@ QString RecordingModel::kindText(int row) const {
 
 QVariant RecordingModel::data(const QModelIndex& index, int role) const {
   if (!checkIndex(index, CheckIndexOption::IndexIsValid)) return {};
-  const Row& row = rows()[static_cast<std::size_t>(index.row())];
+  const ListRow& row = rows()[static_cast<std::size_t>(index.row())];
   switch (role) {
     case EdgeRole:
       return row.edge;
@@ -94,7 +72,7 @@ QVariant RecordingModel::data(const QModelIndex& index, int role) const {
     case GroupNumberRole:
       return row.group;
     case GroupSizeRole:
-      return groupSize(row);
+      return row.recordings;
     case NameRole:
       return QFileInfo(entry(index.row())).fileName();
     case FolderRole:
@@ -120,22 +98,24 @@ QHash<int, QByteArray> RecordingModel::roleNames() const {
 }
 
 int RecordingModel::recordings() const {
-  return static_cast<int>(std::count_if(rows().begin(), rows().end(),
-                                        [](const Row& row) { return row.edge == NoEdge; }));
+  return static_cast<int>(std::count_if(rows().begin(), rows().end(), [](const ListRow& row) {
+    return row.edge == ListRow::NoEdge;
+  }));
 }
 
 int RecordingModel::devices() const {
-  return static_cast<int>(std::count_if(rows().begin(), rows().end(), [this](const Row& row) {
-    return row.edge == NoEdge ? row.group == 0 : row.edge == GroupBegin && groupSize(row) > 0;
+  return static_cast<int>(std::count_if(rows().begin(), rows().end(), [](const ListRow& row) {
+    return row.edge == ListRow::NoEdge ? row.group == 0
+                                       : row.edge == ListRow::GroupBegin && row.recordings > 0;
   }));
 }
 
 void RecordingModel::remove(int row) {
   auto* list = qobject_cast<AnimalModel*>(sourceModel());
   if (!list || row < 0 || row >= rowCount()) return;
-  const Row at = rows()[static_cast<std::size_t>(row)];
-  if (at.edge == NoEdge) return list->removeEntries(row, 1);
-  list->removeEntries(at.begin, closed(at) ? groupSize(at) + 2 : 1);
+  const ListRow at = rows()[static_cast<std::size_t>(row)];
+  if (at.edge == ListRow::NoEdge) return list->removeEntries(row, 1);
+  list->removeEntries(at.first, at.closed ? at.last - at.first + 1 : 1);
 }
 
 void RecordingModel::structureMoved() {

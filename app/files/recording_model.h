@@ -5,6 +5,7 @@
 #include <QSize>
 #include <vector>
 
+#include "app/files/list_structure.h"
 #include "app/files/media_facts.h"
 
 namespace app {
@@ -20,7 +21,11 @@ class RecordingModel : public QIdentityProxyModel {
   Q_PROPERTY(QSize firstFrameSize READ firstFrameSize NOTIFY factsChanged)
 
  public:
-  enum Edge { NoEdge, GroupBegin, GroupEnd };
+  enum Edge {
+    NoEdge = ListRow::NoEdge,
+    GroupBegin = ListRow::GroupBegin,
+    GroupEnd = ListRow::GroupEnd
+  };
   Q_ENUM(Edge)
   enum Role {
     EdgeRole = Qt::UserRole + 2,
@@ -54,15 +59,7 @@ class RecordingModel : public QIdentityProxyModel {
   void factsChanged();
 
  private:
-  struct Row {
-    Edge edge = NoEdge;
-    int group = 0;  // from 1; 0 outside of groups
-    int begin = 0;  // row of the group's heading
-    int last = 0;   // at the heading: row of the group's end, or of the list's where it has none
-  };
-  const std::vector<Row>& rows() const;
-  bool closed(const Row& row) const;    // whether the group of `row` has its end line
-  int groupSize(const Row& row) const;  // recordings in the group of `row`
+  const std::vector<ListRow>& rows() const;
   QString entry(int row) const;
   QString kindText(int row) const;
   void structureMoved();
@@ -72,7 +69,7 @@ class RecordingModel : public QIdentityProxyModel {
   void findFirstVideo();
   std::optional<MediaFacts> factsOf(int row) const;
 
-  mutable std::vector<Row> rows_;  // worked out when first asked for after a change
+  mutable std::vector<ListRow> rows_;  // worked out when first asked for after a change
   mutable bool stale_ = true;
   mutable MediaFactsCache cache_;
   MediaFacts firstVideo_;
