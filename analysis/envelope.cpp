@@ -30,7 +30,7 @@ const Bell& backwardBell() {
   return bell;
 }
 
-Envelope::Envelope(const float* spectrum) {
+Envelope::Envelope(const float* spectrum, float decay) : decay_(decay) {
   levels_.fill(-std::numeric_limits<float>::infinity());
   for (int bin = 0; bin < kBins; ++bin) {
     const float* bell = backwardBell().around(bin);
@@ -44,10 +44,18 @@ Envelope::Envelope(const float* spectrum) {
 void Envelope::raise(int bin, float value, const Bell& bell) {
   const float* factors = bell.around(bin);
   for (int x = 0; x < kBins; ++x) levels_[x] = std::max(levels_[x], value * factors[x]);
+  settled_ = false;
 }
 
-void Envelope::decay(float factor) {
-  for (float& level : levels_) level *= factor;
+void Envelope::fall() {
+  if (settled_) return;  // long silence ends at numbers that are slow to multiply
+  int falling = 0;
+  for (float& level : levels_) {
+    const float next = level * decay_;
+    falling += next != level;
+    level = next;
+  }
+  settled_ = falling == 0;
 }
 
 bool Envelope::isExceededBy(const float* spectrum) const {

@@ -22,12 +22,13 @@ class Bell {
 /// The level that a peak has to exceed, one per bin.
 class Envelope {
  public:
-  /// `spectrum` (kBins values) spread over 120 bins below and 119 above each of its own.
-  explicit Envelope(const float* spectrum);
+  /// `spectrum` (kBins values) spread over 120 bins below and 119 above each of its own. `decay`:
+  /// the factor by which the level falls from frame to frame.
+  Envelope(const float* spectrum, float decay);
 
   /// Nowhere below `value` times the bell around `bin` from now on.
   void raise(int bin, float value, const Bell& bell);
-  void decay(float factor);
+  void fall();
 
   /// Whether any of the kBins values of `spectrum` exceeds the envelope; false where not a number.
   bool isExceededBy(const float* spectrum) const;
@@ -36,6 +37,8 @@ class Envelope {
 
  private:
   std::array<float, kBins> levels_;
+  float decay_;
+  bool settled_ = false;  // falling changes nothing any more
 };
 
 /// Bells of the forward pass, and of the backward pass and the spreading of a spectrum.

@@ -23,6 +23,7 @@ Landmark landmarkOf(const Peak& anchor, const Peak& target) {
 
 std::vector<Landmark> pairPeaks(std::span<const Peak> peaks, const TargetZone& zone) {
   std::vector<Landmark> landmarks;
+  landmarks.reserve(peaks.size() * kMostPerAnchor);  // untouched memory costs nothing
   std::size_t latest = 0;  // first peak inside the anchor's zone of time; moves on with the anchor
   for (const Peak& anchor : peaks) {
     const float end = static_cast<float>(anchor.frame) + zone.frames;

@@ -70,7 +70,7 @@ class Candidates {
 
 std::vector<Peak> forwardPeaks(const Spectrogram& s, float decay, std::int64_t capacity) {
   std::vector<Peak> peaks;
-  Envelope envelope(loudestOfFirst(s).data());
+  Envelope envelope(loudestOfFirst(s).data(), decay);
   for (Eigen::Index t = 0; t < s.cols(); ++t) {
     const float* spectrum = s.col(t).data();
     std::int64_t room = std::min<std::int64_t>(
@@ -84,17 +84,17 @@ std::vector<Peak> forwardPeaks(const Spectrogram& s, float decay, std::int64_t c
         if (--room == 0) break;
       }
     }
-    envelope.decay(decay);
+    envelope.fall();
   }
   return peaks;
 }
 
 std::vector<Peak> backwardPeaks(const Spectrogram& s, std::span<const Peak> peaks, float decay) {
   std::vector<Peak> kept;
-  Envelope envelope(s.col(s.cols() - 1).data());
+  Envelope envelope(s.col(s.cols() - 1).data(), decay);
   auto frame = static_cast<int>(s.cols() - 1);
   for (const Peak& peak : std::views::reverse(peaks)) {
-    for (; frame > peak.frame; --frame) envelope.decay(decay);
+    for (; frame > peak.frame; --frame) envelope.fall();
     if (!(peak.value >= envelope[peak.bin])) continue;
     kept.push_back(peak);
     envelope.raise(peak.bin, peak.value, backwardBell());

@@ -11,7 +11,7 @@ inline constexpr int kSampleRate = 8000;  // Hz; every recording is converted to
 /// One converted recording in memory: mono, kSampleRate, full scale 1.0.
 struct Sound {
   bool opened = false;
-  std::int64_t frames = 0;     // samples that the file reports
+  std::int64_t frames = 0;          // samples that the file reports
   std::vector<float> samples = {};  // as many as `frames`; 0 where the file could not be read
 
   /// Neither the file nor a second of sound is there, so there is nothing to analyse.

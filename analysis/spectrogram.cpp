@@ -22,48 +22,46 @@ const float* batchAt(std::span<const float> samples, std::int64_t first,
   return space.data();
 }
 
-struct Powers {
-  Spectrogram values;  // squared magnitudes
-  float largest = 0;
-};
-
-// The number of frames with sound is even, so the last batch may spill into the two silent frames
-// at the end, never past them.
-Powers framePowers(std::span<const float> samples, int shift) {
+// Squared magnitudes of all frames; returns the largest. The number of frames with sound is even,
+// so the last batch may spill into the two silent frames at the end, never past them.
+float framePowers(std::span<const float> samples, int shift, Spectrogram& powers) {
   const Eigen::Index sounding = 2 * (static_cast<Eigen::Index>(samples.size()) / kFrameLength);
-  Powers powers{Spectrogram(kBins, sounding + 2)};
+  powers.resize(kBins, sounding + 2);
   FrameTransform transform;
   std::array<float, kBatchLength> space;
+  float largest = 0;
   for (Eigen::Index frame = 0; frame < sounding; frame += kBatch) {
-    transform.powers(batchAt(samples, frame * kHop - shift, space),
-                     powers.values.col(frame).data());
+    transform.powers(batchAt(samples, frame * kHop - shift, space), powers.col(frame).data());
     const Eigen::Index width = std::min<Eigen::Index>(kBatch, sounding - frame);
-    powers.largest = std::max(powers.largest, powers.values.middleCols(frame, width).maxCoeff());
+    largest = std::max(largest, powers.middleCols(frame, width).maxCoeff());
   }
-  powers.values.rightCols(2).setZero();
-  return powers;
+  powers.rightCols(2).setZero();
+  return largest;
 }
 
 // Logarithm of the magnitudes, 120 dB below the largest at least; returns the mean.
-float toLogMagnitudes(Powers& powers) {
-  const float floor = powers.largest * 1e-12f;
+float toLogMagnitudes(Spectrogram& powers, float largest) {
+  const float floor = largest * 1e-12f;
   double sum = 0;
-  for (auto frame : powers.values.colwise()) {
+  for (auto frame : powers.colwise()) {
     Eigen::Map<Column> column(frame.data());
     column = 0.5f * column.max(floor).log();  // the root of the power, taken after the logarithm
     sum += column.sum();
   }
-  return static_cast<float>(sum / static_cast<double>(powers.values.size()));
+  return static_cast<float>(sum / static_cast<double>(powers.size()));
 }
 
 // A steady hum says nothing about time; onsets do.
 void highPassRows(Spectrogram& s, float mean) {
+  constexpr int kFramesBetweenChecks = 256;
   Column before = Column::Zero();
   Column filtered = Column::Zero();
-  for (auto frame : s.colwise()) {
-    Eigen::Map<Column> column(frame.data());
+  for (Eigen::Index frame = 0; frame < s.cols(); ++frame) {
+    Eigen::Map<Column> column(s.col(frame).data());
     const Column now = column - mean;
     filtered = now - before + 0.98f * filtered;
+    // In long silence the values would fade into the range where processors are slow.
+    if (frame % kFramesBetweenChecks == 0) filtered = (filtered.abs() < 1e-30f).select(0, filtered);
     column = filtered;
     before = now;
   }
@@ -72,10 +70,15 @@ void highPassRows(Spectrogram& s, float mean) {
 }  // namespace
 
 Spectrogram spectrogram(std::span<const float> samples, int shift) {
-  Powers powers = framePowers(samples, shift);
-  const float mean = toLogMagnitudes(powers);
-  highPassRows(powers.values, mean);
-  return std::move(powers.values);
+  Spectrogram out;
+  spectrogramInto(out, samples, shift);
+  return out;
+}
+
+void spectrogramInto(Spectrogram& out, std::span<const float> samples, int shift) {
+  const float largest = framePowers(samples, shift, out);
+  const float mean = toLogMagnitudes(out, largest);
+  highPassRows(out, mean);
 }
 
 void specgram(Spectrogram& out, const std::string& path, int* frames, float* duration, int shift,
@@ -86,14 +89,13 @@ void specgram(Spectrogram& out, const std::string& path, int* frames, float* dur
 void specgram(Spectrogram& out, const Sound& sound, int* frames, float* duration, int shift,
               report::Console& console) {
   console.line("sf info FRAMES:" + std::to_string(sound.frames));
-  out.resize(0, 0);  // what it held is not kept beside the new one
   if (sound.empty()) {
     console.line("prazen spektrogram");  // an empty spectrogram
     out.setZero(1, 1);
     return;
   }
   for (const char* step : {"specgram 832", "specgram 837", "specgram 892"}) console.line(step);
-  out = spectrogram(sound.samples, shift);
+  spectrogramInto(out, sound.samples, shift);
   *frames = static_cast<int>(out.cols());
   *duration = sound.wholeSeconds();
 }

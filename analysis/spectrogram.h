@@ -19,6 +19,9 @@ using Spectrogram = Eigen::MatrixXf;
 /// silent ones; sound without any level gives no numbers (NaN). Pure: callable from any thread.
 Spectrogram spectrogram(std::span<const float> samples, int shift);
 
+/// The same into the memory that `out` holds, if it has the right size.
+void spectrogramInto(Spectrogram& out, std::span<const float> samples, int shift);
+
 /// The spectrogram of a WAV file with its log lines. Sets `out`, the number of its columns and the
 /// duration in whole seconds; a file without sound sets `out` to 1 x 1 and leaves the others.
 void specgram(Spectrogram& out, const std::string& path, int* frames, float* duration, int shift,

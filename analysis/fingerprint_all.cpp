@@ -1,0 +1,84 @@
+#include <exception>
+
+#include "analysis/collection.h"
+#include "analysis/fingerprint.h"
+#include "analysis/hearing.h"
+#include "analysis/line.h"
+
+namespace analysis {
+namespace {
+
+constexpr std::uint32_t kBarWidth = 652;  // pixels
+
+bool isCancelled(const FingerprintListener& listener) {
+  return listener.cancelled && listener.cancelled();
+}
+
+void appendLogLine(const FingerprintListener& listener, std::string_view text) {
+  if (listener.appendLogLine) listener.appendLogLine(text);
+}
+
+Collection hear(const std::string& path, float a_dec, float& duration,
+                const FingerprintListener& listener) {
+  FileHearing hearing(path, {a_dec}, listener.console);
+  Collection collection;
+  for (const int shift : kShifts) {
+    if (isCancelled(listener)) break;
+    collection.add(hearing.landmarks(shift, duration));
+  }
+  return collection;
+}
+
+MatrixXLI fingerprintFile(const std::string& path, float a_dec, float& duration,
+                          const FingerprintListener& listener) {
+  Collection collection = hear(path, a_dec, duration, listener);
+  const std::string rule(55, '$');
+  listener.console.line(rule);
+  listener.console.line(line("kombinirani maksovi nroj e:", collection.rows()));  // combined peaks
+  listener.console.line(rule);
+  listener.console.line("727");
+  return std::move(collection).sorted();
+}
+
+// One unreadable or too large file stays without landmarks; the others go on.
+MatrixXLI fingerprintOrNone(const std::string& path, float a_dec, float& duration,
+                            const FingerprintListener& listener) {
+  try {
+    return fingerprintFile(path, a_dec, duration, listener);
+  } catch (const std::exception& error) {
+    appendLogLine(listener, line("cannot fingerprint ", path, ": ", error.what()));
+    return emptyFingerprint();
+  }
+}
+
+// Threads may lose an update of each other's; that only disturbs the bar.
+void moveBar(std::atomic<std::uint32_t>& progress, float weight, Eigen::Index rows,
+             const FingerprintListener& listener) {
+  const float width = static_cast<float>(progress.load()) + weight + static_cast<float>(rows / 300);
+  const auto pixels = static_cast<std::uint32_t>(width);
+  progress = pixels < kBarWidth ? pixels : 0;
+  if (pixels < kBarWidth && listener.moveprogress) listener.moveprogress(static_cast<int>(pixels));
+}
+
+}  // namespace
+
+void fingerprint_all(std::span<const std::string> names, std::span<MatrixXLI> all,
+                     Eigen::VectorXf& traenje, float a_dec, std::atomic<std::uint32_t>& progress,
+                     float weight, const FingerprintListener& listener) {
+  const int count = static_cast<int>(names.size());
+#pragma omp parallel for schedule(static)
+  for (int file = 0; file < count; ++file) {
+    if (isCancelled(listener)) continue;
+    appendLogLine(listener, "687");
+    float duration = 0;
+    all[file] = fingerprintOrNone(names[file], a_dec, duration, listener);
+    traenje[file] = duration;
+    listener.console.line("posle namaluvanje");  // after the reduction
+    const Eigen::Index rows = all[file].rows();
+    appendLogLine(listener, line("vkupniot broj na maksovi:", static_cast<float>(2 * rows)));
+    moveBar(progress, weight, rows, listener);
+    if (listener.fileDone) listener.fileDone(file);
+  }
+}
+
+}  // namespace analysis
