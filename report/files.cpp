@@ -11,7 +11,7 @@ std::filesystem::path fromUtf8(std::string_view text) {
 }
 
 std::string toUtf8(const std::filesystem::path& path) {
-  const std::u8string text = path.u8string();
+  const std::u8string text = path.generic_u8string();
   return {text.begin(), text.end()};
 }
 

@@ -9,7 +9,7 @@
 namespace report {
 
 /// Paths travel as UTF-8 text and become a `path` only where a file is opened, so that any name
-/// works whatever the locale and, on Windows, the code page.
+/// works whatever the locale and, on Windows, the code page. The text of a path has slashes.
 std::filesystem::path fromUtf8(std::string_view text);
 std::string toUtf8(const std::filesystem::path& path);
 

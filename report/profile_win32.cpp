@@ -8,7 +8,8 @@ namespace report {
 
 std::string profileFolder() {
   const wchar_t* value = _wgetenv(L"USERPROFILE");
-  return value ? toUtf8(value) : std::string();
+  const std::u8string text = std::filesystem::path(value ? value : L"").u8string();
+  return {text.begin(), text.end()};  // with its back slashes, as the commands use it
 }
 
 void useProfileFolder(const std::string& folder) {

@@ -1,0 +1,126 @@
+#include "cli/inputs.h"
+
+#include <algorithm>
+#include <array>
+#include <filesystem>
+#include <fstream>
+#include <set>
+
+#include "report/files.h"
+#include "report/text.h"
+#include "run/entries.h"
+
+namespace cli {
+namespace {
+
+namespace fs = std::filesystem;
+using Strings = std::vector<std::string>;
+
+constexpr std::array<std::string_view, 44> kExtensions = {
+    ".3g2", ".3gp",  ".aac",  ".ac3",  ".aif", ".aifc", ".aiff", ".amr", ".avi",  ".caf", ".dv",
+    ".f4v", ".flac", ".flv",  ".insv", ".m2t", ".m2ts", ".m2v",  ".m4a", ".m4v",  ".mka", ".mkv",
+    ".mod", ".mov",  ".mp2",  ".mp3",  ".mp4", ".mpeg", ".mpg",  ".mts", ".mxf",  ".oga", ".ogg",
+    ".ogv", ".opus", ".rf64", ".tod",  ".ts",  ".vob",  ".w64",  ".wav", ".webm", ".wma", ".wmv"};
+
+std::string lowerCase(std::string text) {
+  for (char& c : text)
+    if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
+  return text;
+}
+
+std::string wholePath(const fs::path& path) {
+  std::error_code failed;
+  const fs::path whole = fs::absolute(path, failed).lexically_normal();
+  return report::toUtf8(failed ? path : whole);
+}
+
+bool isHidden(const std::string& name) { return name.starts_with('.'); }
+
+/// The media files in and below `folder`, sorted; folders that may not be read are passed over.
+Strings mediaFilesBelow(const fs::path& folder) {
+  Strings files;
+  std::error_code failed;
+  fs::recursive_directory_iterator item(folder, fs::directory_options::skip_permission_denied,
+                                        failed);
+  for (; !failed && item != fs::recursive_directory_iterator(); item.increment(failed)) {
+    std::error_code unknown;  // a kind that cannot be told is neither folder nor file
+    const std::string name = report::toUtf8(item->path().filename());
+    if (item->is_directory(unknown)) {
+      if (isHidden(name)) item.disable_recursion_pending();
+    } else if (item->is_regular_file(unknown) && looksLikeMedia(name)) {
+      files.push_back(wholePath(item->path()));
+    }
+  }
+  std::ranges::sort(files);
+  return files;
+}
+
+/// One named file or folder as files.
+void expand(const std::string& entry, Strings& files, Strings& notices) {
+  std::error_code unknown;  // what cannot be asked about is left to the run to report
+  const fs::path path = report::fromUtf8(entry);
+  if (!fs::is_directory(path, unknown)) {
+    files.push_back(wholePath(path));
+    return;
+  }
+  const Strings found = mediaFilesBelow(path);
+  if (found.empty())
+    notices.push_back("The folder " + report::printable(entry) +
+                      " holds no media files that may be read.");
+  files.insert(files.end(), found.begin(), found.end());
+}
+
+void addDevice(const Strings& named, Inputs& inputs) {
+  inputs.entries.emplace_back(run::kBeginMarker);
+  for (const std::string& entry : named) expand(entry, inputs.entries, inputs.notices);
+  inputs.entries.emplace_back(run::kEndMarker);
+}
+
+/// The lines of a text, without line ends of any system, a byte order mark and empty lines.
+Strings linesOf(std::istream& text) {
+  Strings lines;
+  for (std::string line; std::getline(text, line);) {
+    if (lines.empty() && line.starts_with("\xef\xbb\xbf")) line.erase(0, 3);
+    if (line.ends_with('\r')) line.pop_back();
+    if (!line.empty()) lines.push_back(line);
+  }
+  return lines;
+}
+
+void addList(const std::string& list, Inputs& inputs) {
+  const fs::path path = report::fromUtf8(list);
+  std::ifstream file(path, std::ios::binary);
+  const Strings lines = linesOf(file);
+  if (!file.eof()) {
+    inputs.error = "--list: '" + report::printable(list) +
+                   "' cannot be read; give a text file with one entry a line";
+    return;
+  }
+  for (const std::string& line : lines) {
+    if (run::isMarker(line)) {
+      inputs.entries.push_back(line);
+    } else {
+      const fs::path entry = path.parent_path() / report::fromUtf8(line);
+      expand(report::toUtf8(entry), inputs.entries, inputs.notices);
+    }
+  }
+}
+
+}  // namespace
+
+bool looksLikeMedia(const std::string& name) {
+  if (isHidden(name) || name.ends_with(run::kConvertedSuffix)) return false;
+  const std::size_t dot = name.rfind('.');
+  return dot != std::string::npos &&
+         std::ranges::find(kExtensions, lowerCase(name.substr(dot))) != kExtensions.end();
+}
+
+Inputs collectInputs(const Arguments& arguments) {
+  Inputs inputs;
+  for (const Strings& device : arguments.devices) addDevice(device, inputs);
+  for (const std::string& list : arguments.lists) addList(list, inputs);
+  for (const std::string& entry : arguments.entries) expand(entry, inputs.entries, inputs.notices);
+  return inputs;
+}
+
+}  // namespace cli

@@ -1,0 +1,108 @@
+#include "cli/option_values.h"
+
+#include <algorithm>
+#include <charconv>
+#include <filesystem>
+#include <ranges>
+
+#include "report/files.h"
+#include "report/text.h"
+#include "run/settings.h"
+
+namespace cli {
+namespace {
+
+struct Speed {
+  const char* name;
+  double tolerance;
+};
+constexpr Speed kSpeeds[] = {{"fast", run::kFastTolerance},
+                             {"default", run::kDefaultTolerance},
+                             {"slow", run::kSlowTolerance}};
+constexpr int kLargestSide = 32768;  // pixels
+
+std::string unusable(std::string_view value, const std::string& wanted) {
+  return "'" + report::printable(value) + "' cannot be used; give " + wanted;
+}
+
+template <class T>
+std::optional<T> wholeText(std::string_view text) {
+  T value{};
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+  if (error != std::errc() || end != text.data() + text.size()) return {};
+  return value;
+}
+
+}  // namespace
+
+std::string checkSpeed(const std::string& value) {
+  const bool known = std::ranges::any_of(kSpeeds, [&](Speed s) { return s.name == value; });
+  return known ? "" : unusable(value, "fast, default or slow");
+}
+
+std::string checkTolerance(const std::string& value) {
+  const std::optional<double> number = numberOf(value);
+  return number && *number > 0 && *number < 1 ? "" : unusable(value, "a number between 0 and 1");
+}
+
+std::string checkMode(const std::string& value) {
+  return wholeText<int>(value) ? "" : unusable(value, "a whole number");
+}
+
+std::string checkFrameRate(const std::string& value) {
+  if (std::ranges::find(run::kFrameRates, value) != run::kFrameRates.end()) return {};
+  return unusable(value, "one of " + joined(run::kFrameRates, ", "));
+}
+
+std::string checkFrameSize(const std::string& value) {
+  return frameSize(value) ? "" : unusable(value, "width x height in pixels, such as 1920x1080");
+}
+
+std::string checkFormats(const std::string& value) {
+  for (const std::string& word : wordsOf(value))
+    if (std::ranges::find(run::kFormats, word) == run::kFormats.end())
+      return unusable(word, "some of " + joined(run::kFormats, ",") + ", parted by commas");
+  return {};
+}
+
+std::string checkXmemlForm(const std::string& value) {
+  return value == "compact" || value == "complete" ? "" : unusable(value, "compact or complete");
+}
+
+std::string checkFolder(const std::string& value) {
+  std::error_code ignored;  // what cannot be asked about cannot be used either
+  const bool there = std::filesystem::is_directory(report::fromUtf8(value), ignored);
+  return there ? "" : unusable(value, "a folder that exists");
+}
+
+std::string checkJsonFile(const std::string& value) {
+  const std::filesystem::path folder = report::fromUtf8(value).parent_path();
+  const bool usable = value == "-" || folder.empty() || checkFolder(report::toUtf8(folder)).empty();
+  return usable ? "" : unusable(value, "a file in a folder that exists");
+}
+
+double toleranceOf(const std::string& speed) {
+  return std::ranges::find_if(kSpeeds, [&](Speed s) { return s.name == speed; })->tolerance;
+}
+
+std::optional<std::pair<int, int>> frameSize(const std::string& text) {
+  const std::size_t cross = text.find_first_of("xX");
+  if (cross == std::string::npos) return {};
+  const auto width = wholeText<int>(std::string_view(text).substr(0, cross));
+  const auto height = wholeText<int>(std::string_view(text).substr(cross + 1));
+  const auto usable = [](std::optional<int> side) {
+    return side && *side > 0 && *side <= kLargestSide;
+  };
+  if (!usable(width) || !usable(height)) return {};
+  return std::pair(*width, *height);
+}
+
+std::vector<std::string> wordsOf(const std::string& list) {
+  std::vector<std::string> words;
+  for (const auto word : std::views::split(list, ',')) words.emplace_back(word.begin(), word.end());
+  return words;
+}
+
+std::optional<double> numberOf(const std::string& text) { return wholeText<double>(text); }
+
+}  // namespace cli

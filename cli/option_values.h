@@ -1,0 +1,42 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace cli {
+
+// Checks of the values of options, for the option parser: empty where the value can be used,
+// otherwise what is wrong with it and what to give instead.
+std::string checkSpeed(const std::string& value);
+std::string checkTolerance(const std::string& value);
+std::string checkMode(const std::string& value);
+std::string checkFrameRate(const std::string& value);
+std::string checkFrameSize(const std::string& value);
+std::string checkFormats(const std::string& value);
+std::string checkXmemlForm(const std::string& value);
+std::string checkFolder(const std::string& value);
+std::string checkJsonFile(const std::string& value);
+
+/// The tolerance that stands for a speed that passed its check.
+double toleranceOf(const std::string& speed);
+
+/// Width and height of "1920x1080"; none where `text` is anything else.
+std::optional<std::pair<int, int>> frameSize(const std::string& text);
+
+/// The words of a list such as "fcp7,vegas".
+std::vector<std::string> wordsOf(const std::string& list);
+
+/// A whole text as a number with "." before its decimals, whatever the locale.
+std::optional<double> numberOf(const std::string& text);
+
+/// `words` as one text with `between` them.
+template <class Words>
+std::string joined(const Words& words, const std::string& between) {
+  std::string text;
+  for (const auto& word : words) text += (text.empty() ? "" : between) + std::string(word);
+  return text;
+}
+
+}  // namespace cli

@@ -1,0 +1,64 @@
+#include "cli/result_json.h"
+
+#include <nlohmann/json.hpp>
+#include <optional>
+
+namespace cli {
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+Json orNull(std::optional<double> value) { return value ? Json(*value) : Json(nullptr); }
+
+Json milliseconds(std::optional<double> seconds) {
+  return seconds ? Json(*seconds * 1000) : Json(nullptr);
+}
+
+Json memberJson(const report::Member& member) {
+  return {{"path", member.path},
+          {"offset_seconds", member.offsetSeconds},
+          {"duration_seconds", member.durationSeconds},
+          {"frame_rate", orNull(member.frameRate)},
+          {"confidence", member.confidence},
+          {"device", member.device},
+          {"error_ms", milliseconds(member.errorSeconds)},
+          {"drift_ppm", orNull(member.driftPpm)},
+          {"matched_with", member.matchedWith}};
+}
+
+Json groupsJson(const report::Outcome& outcome) {
+  Json groups = Json::array();
+  for (const report::Group& group : outcome.groups) {
+    Json members = Json::array();
+    for (const report::Member& member : group.members) members.push_back(memberJson(member));
+    groups.push_back({{"name", group.name}, {"members", members}});
+  }
+  return groups;
+}
+
+Json ignoredJson(const report::Outcome& outcome) {
+  Json ignored = Json::array();
+  for (const report::LeftOut& file : outcome.ignored)
+    ignored.push_back({{"path", file.path}, {"reason", file.reason}, {"remedy", file.remedy}});
+  return ignored;
+}
+
+Json pathsJson(const std::vector<report::LeftOut>& files) {
+  Json paths = Json::array();
+  for (const report::LeftOut& file : files) paths.push_back(file.path);
+  return paths;
+}
+
+}  // namespace
+
+std::string resultJson(const report::Outcome& outcome) {
+  const Json result = {{"status", outcome.status},
+                       {"groups", groupsJson(outcome)},
+                       {"unsynced", pathsJson(outcome.unsynced)},
+                       {"ignored", ignoredJson(outcome)},
+                       {"outputs", outcome.outputs},
+                       {"notices", outcome.notices}};
+  return result.dump(2, ' ', false, Json::error_handler_t::replace) + '\n';
+}
+
+}  // namespace cli

@@ -1,0 +1,75 @@
+#include "cli/arguments.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using Strings = std::vector<std::string>;
+
+cli::Arguments accepted(const Strings& words) {
+  const cli::Parsed parsed = cli::parseArguments(words);
+  EXPECT_TRUE(parsed.arguments) << parsed.text;
+  return parsed.arguments.value_or(cli::Arguments{});
+}
+
+TEST(Arguments, DevicesAreApartAndEndAtTheNextOption) {
+  const cli::Arguments given = accepted({"--device", "a1", "a 2", "--device", "[b]", "--list", "l",
+                                         "c", "--device", "d", "--", "-e", "[2024] f"});
+  EXPECT_EQ(given.devices, (std::vector<Strings>{{"a1", "a 2"}, {"./[b]"}, {"d"}}));
+  EXPECT_EQ(given.lists, Strings{"l"});
+  EXPECT_EQ(given.entries, (Strings{"c", "./-e", "./[2024] f"}));
+}
+
+TEST(Arguments, SettingsTakeTheirValues) {
+  const cli::Arguments given =
+      accepted({"a", "--speed", "slow", "--fps", "29.97", "--size", "1280X720", "--mode", "0",
+                "--formats", "fcpx,vegas", "--xmeml-form", "compact", "--no-align"});
+  EXPECT_EQ(given.tolerance, run::kSlowTolerance);
+  EXPECT_EQ(given.framesPerSecond, 29.97);
+  EXPECT_EQ(std::pair(given.width, given.height), std::pair(1280, 720));
+  EXPECT_EQ(given.mode, 0);
+  EXPECT_EQ(given.formats, (Strings{"fcpx", "vegas"}));
+  EXPECT_TRUE(given.compactXmeml);
+  EXPECT_FALSE(given.align);
+  EXPECT_EQ(accepted({"a", "--tolerance", "0.97"}).tolerance, 0.97);
+}
+
+TEST(Arguments, WrongUsageNamesTheOptionAndTheRemedy) {
+  struct Case {
+    Strings words;
+    const char *option, *remedy;
+  };
+  const Case cases[] = {{{}, "recording", "folder"},
+                        {{"a", "--fps", "26"}, "--fps", "23.976, 24, 25"},
+                        {{"a", "--size", "1920"}, "--size", "1920x1080"},
+                        {{"a", "--size", "0x99999"}, "--size", "1920x1080"},
+                        {{"a", "--speed", "quick"}, "--speed", "fast, default or slow"},
+                        {{"a", "--tolerance", "1"}, "--tolerance", "between 0 and 1"},
+                        {{"a", "--tolerance", "0,9"}, "--tolerance", "between 0 and 1"},
+                        {{"a", "--mode", "x"}, "--mode", "whole number"},
+                        {{"a", "--formats", "fcp7,avid"}, "'avid'", "fcp7,premiere,fcpx,vegas"},
+                        {{"a", "--profile", "/no/such"}, "--profile", "folder that exists"},
+                        {{"a", "--json", "/no/such/x.json"}, "--json", "folder that exists"},
+                        {{"--device", "--fps", "25"}, "--device", "needs files"},
+                        {{"a", "--fast"}, "--fast", "--help"},
+                        {{"a", "--json"}, "--json", "--help"},
+                        {{"a", "--speed", "fast", "--tolerance", "0.9"}, "--speed", "only one"}};
+  for (const Case& c : cases) {
+    const cli::Parsed parsed = cli::parseArguments(c.words);
+    EXPECT_FALSE(parsed.arguments);
+    EXPECT_EQ(parsed.exitStatus, 2);
+    EXPECT_NE(parsed.text.find(c.option), std::string::npos) << parsed.text;
+    EXPECT_NE(parsed.text.find(c.remedy), std::string::npos) << parsed.text;
+  }
+}
+
+TEST(Arguments, HelpHasAnExampleAndFitsATerminal) {
+  const cli::Parsed parsed = cli::parseArguments({"--help"});
+  EXPECT_EQ(parsed.exitStatus, 0);
+  EXPECT_NE(parsed.text.find("kestrel-align --device"), std::string::npos);
+  for (std::size_t i = 0, end; (end = parsed.text.find('\n', i)) != std::string::npos; i = end + 1)
+    EXPECT_LE(end - i, 100u) << parsed.text.substr(i, end - i);
+  EXPECT_EQ(cli::parseArguments({"--version"}).text, "Kestrel Aligner 1.53rc\n");
+}
+
+}  // namespace

@@ -1,0 +1,69 @@
+#include "cli/inputs.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "report/files.h"
+#include "run/entries.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+using Strings = std::vector<std::string>;
+
+cli::Inputs collected(const Strings& entries, const std::vector<Strings>& devices = {},
+                      const Strings& lists = {}) {
+  cli::Arguments arguments;
+  arguments.entries = entries;
+  arguments.devices = devices;
+  arguments.lists = lists;
+  return cli::collectInputs(arguments);
+}
+
+class Inputs : public testing::Test {
+ protected:
+  void SetUp() override {
+    fs::create_directories(folder_ / "card/CLIP");
+    fs::create_directories(folder_ / ".trash");
+    fs::create_directories(folder_ / "empty");
+    for (const char* name : {"b.MOV", "a.wav", "notes.txt", "._b.MOV", ".trash/c.mov",
+                             "card/CLIP/ü.mts", "b.MOV_temporary_file_to_be_deleted.wav"})
+      (void)report::writeWhole(folder_ / report::fromUtf8(name), "x");
+  }
+  void TearDown() override { fs::remove_all(folder_); }
+
+  std::string path(const char* name) const { return report::toUtf8(folder_) + "/" + name; }
+
+  const fs::path folder_ = fs::temp_directory_path() / report::fromUtf8("kestrel [inputs] é");
+};
+
+TEST_F(Inputs, FoldersGiveTheirMediaFilesSorted) {
+  const Strings media = {path("a.wav"), path("b.MOV"), path("card/CLIP/ü.mts")};
+  const cli::Inputs inputs = collected({path("."), path("missing.mp4")});
+  Strings expected = media;
+  expected.push_back(path("missing.mp4"));  // the run says what is wrong with it
+  EXPECT_EQ(inputs.entries, expected);
+  EXPECT_TRUE(inputs.notices.empty());
+  EXPECT_EQ(collected({path("empty")}).notices.size(), 1u);
+}
+
+TEST_F(Inputs, DevicesStandBetweenTheirMarkers) {
+  const std::string begin(run::kBeginMarker), end(run::kEndMarker);
+  const cli::Inputs inputs = collected({path("a.wav")}, {{path("card")}, {path("x")}});
+  EXPECT_EQ(inputs.entries,
+            (Strings{begin, path("card/CLIP/ü.mts"), end, begin, path("x"), end, path("a.wav")}));
+}
+
+TEST_F(Inputs, ListsHoldMarkersAndNamesFromTheirFolder) {
+  const std::string begin(run::kBeginMarker), end(run::kEndMarker);
+  (void)report::writeWhole(folder_ / "list.txt",
+                           "\xef\xbb\xbf" + begin + "\r\na.wav\r\n\r\n" + end + "\n/abs/c.mov");
+  const cli::Inputs inputs = collected({}, {}, {path("list.txt")});
+  EXPECT_EQ(inputs.error, "");
+  EXPECT_EQ(inputs.entries, (Strings{begin, path("a.wav"), end, "/abs/c.mov"}));
+  EXPECT_NE(collected({}, {}, {path("none")}).error.find("--list"), std::string::npos);
+  EXPECT_NE(collected({}, {}, {path("card")}).error.find("--list"), std::string::npos);
+}
+
+}  // namespace
