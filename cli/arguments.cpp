@@ -92,13 +92,13 @@ void Reader::addSettings() {
 }
 
 void Reader::addDocuments() {
-  app_.add_option("--fps", rate_, "Frame rate: " + joined(run::kFrameRates, " "))
+  app_.add_option("--fps", rate_, "Frame rate: " + frameRates())
       ->option_text("RATE")
       ->check(checkFrameRate);
   app_.add_option("--size", size_, "Frame size in pixels, such as 1920x1080")
       ->option_text("WxH")
       ->check(checkFrameSize);
-  app_.add_option("--formats", formats_, "Documents to write: " + joined(run::kFormats, ","))
+  app_.add_option("--formats", formats_, "Documents to write: " + formatNames())
       ->option_text("LIST")
       ->check(checkFormats);
   app_.add_option("--xmeml-form", form_, "compact, or complete with all that editors ask for")

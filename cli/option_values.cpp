@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <ranges>
 
+#include "export/documents.h"
 #include "report/files.h"
 #include "report/text.h"
 #include "run/settings.h"
@@ -50,8 +51,9 @@ std::string checkMode(const std::string& value) {
 }
 
 std::string checkFrameRate(const std::string& value) {
-  if (std::ranges::find(run::kFrameRates, value) != run::kFrameRates.end()) return {};
-  return unusable(value, "one of " + joined(run::kFrameRates, ", "));
+  const std::optional<double> rate = numberOf(value);
+  const bool known = rate && std::ranges::find(run::kFrameRates, *rate) != run::kFrameRates.end();
+  return known ? "" : unusable(value, "one of " + frameRates());
 }
 
 std::string checkFrameSize(const std::string& value) {
@@ -59,10 +61,9 @@ std::string checkFrameSize(const std::string& value) {
 }
 
 std::string checkFormats(const std::string& value) {
-  for (const std::string& word : wordsOf(value))
-    if (std::ranges::find(run::kFormats, word) == run::kFormats.end())
-      return unusable(word, "some of " + joined(run::kFormats, ",") + ", parted by commas");
-  return {};
+  const std::vector<std::string> words = wordsOf(value);
+  if (timeline::checkFormats(words).ok()) return {};
+  return unusable(value, "some of " + formatNames() + ", parted by commas");
 }
 
 std::string checkXmemlForm(const std::string& value) {
@@ -79,6 +80,20 @@ std::string checkJsonFile(const std::string& value) {
   const std::filesystem::path folder = report::fromUtf8(value).parent_path();
   const bool usable = value == "-" || folder.empty() || checkFolder(report::toUtf8(folder)).empty();
   return usable ? "" : unusable(value, "a file in a folder that exists");
+}
+
+std::string frameRates() {
+  std::string text;
+  for (const double rate : run::kFrameRates)
+    text += (text.empty() ? "" : " ") + report::shortestText(rate);
+  return text;
+}
+
+std::string formatNames() {
+  std::string text;
+  for (const std::string_view name : timeline::formatNames())
+    text += (text.empty() ? "" : ",") + std::string(name);
+  return text;
 }
 
 double toleranceOf(const std::string& speed) {

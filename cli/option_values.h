@@ -19,6 +19,10 @@ std::string checkXmemlForm(const std::string& value);
 std::string checkFolder(const std::string& value);
 std::string checkJsonFile(const std::string& value);
 
+/// The frame rates to choose from, as they are written, and the names of the documents.
+std::string frameRates();
+std::string formatNames();
+
 /// The tolerance that stands for a speed that passed its check.
 double toleranceOf(const std::string& speed);
 
@@ -30,13 +34,5 @@ std::vector<std::string> wordsOf(const std::string& list);
 
 /// A whole text as a number with "." before its decimals, whatever the locale.
 std::optional<double> numberOf(const std::string& text);
-
-/// `words` as one text with `between` them.
-template <class Words>
-std::string joined(const Words& words, const std::string& between) {
-  std::string text;
-  for (const auto& word : words) text += (text.empty() ? "" : between) + std::string(word);
-  return text;
-}
 
 }  // namespace cli

@@ -7,10 +7,8 @@ namespace report {
 namespace {
 
 std::string settingsText(const RunSettings& settings) {
-  std::string rate = decimalText(settings.framesPerSecond, 3);
-  rate.erase(rate.find_last_not_of('0') + 1);
-  if (rate.ends_with('.')) rate.pop_back();
-  return "Settings\n  Tolerance   " + decimalText(settings.tolerance, 4) + "\n  Mode        " +
+  const std::string rate = shortestText(settings.framesPerSecond);
+  return "Settings\n  Tolerance   " + shortestText(settings.tolerance) + "\n  Mode        " +
          std::to_string(settings.mode) + "\n  Sequence    " + std::to_string(settings.width) +
          " x " + std::to_string(settings.height) + ", " + rate + " frames per second" +
          "\n  Placed by   " +

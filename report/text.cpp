@@ -16,6 +16,12 @@ std::string decimalText(double value, int decimals) {
   return {buffer, end};
 }
 
+std::string shortestText(double value) {
+  char buffer[400];
+  return {buffer,
+          std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::fixed).ptr};
+}
+
 std::string clockText(double seconds) {
   if (!std::isfinite(seconds) || std::abs(seconds) > 1e12) return "-";
   const std::int64_t rounded = std::llround(std::abs(seconds) * 1000);

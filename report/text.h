@@ -9,6 +9,9 @@ namespace report {
 /// `value` with exactly `decimals` digits after a point: no exponent, whatever the locale.
 std::string decimalText(double value, int decimals);
 
+/// `value` with as few decimals as tell it from all others, whatever the locale.
+std::string shortestText(double value);
+
 /// A time of day or a length as h:mm:ss.mmm, rounded to the millisecond; "-" before negative ones.
 std::string clockText(double seconds);
 

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <array>
-#include <string_view>
 
 namespace run {
 
@@ -16,16 +15,8 @@ inline constexpr double kSlowTolerance = 0.985;
 /// The mode flag. 1 accepts more pairs from the vote; every other value only the surest ones.
 inline constexpr int kDefaultMode = 1;
 
-/// Frame rates of the sequence, as they are written. The exact rate (24000/1001) follows from them.
-inline constexpr std::array<std::string_view, 8> kFrameRates = {"23.976", "24", "25",    "29.97",
-                                                                "30",     "50", "59.94", "60"};
+inline constexpr std::array kFrameRates = {23.976, 24.0, 25.0, 29.97, 30.0, 50.0, 59.94, 60.0};
 inline constexpr double kDefaultFrameRate = 25.0;
 inline constexpr int kDefaultWidth = 1920, kDefaultHeight = 1080;  // pixels
-
-/// Editors that documents are written for; a run writes all unless told otherwise.
-inline constexpr std::array<std::string_view, 4> kFormats = {"fcp7", "premiere", "fcpx", "vegas"};
-
-/// A run holds fewer files than this, device group markers and the dummy entry included.
-inline constexpr int kMaxFiles = 999;
 
 }  // namespace run

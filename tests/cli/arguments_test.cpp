@@ -40,14 +40,14 @@ TEST(Arguments, WrongUsageNamesTheOptionAndTheRemedy) {
     const char *option, *remedy;
   };
   const Case cases[] = {{{}, "recording", "folder"},
-                        {{"a", "--fps", "26"}, "--fps", "23.976, 24, 25"},
+                        {{"a", "--fps", "26"}, "--fps", "23.976 24 25"},
                         {{"a", "--size", "1920"}, "--size", "1920x1080"},
                         {{"a", "--size", "0x99999"}, "--size", "1920x1080"},
                         {{"a", "--speed", "quick"}, "--speed", "fast, default or slow"},
                         {{"a", "--tolerance", "1"}, "--tolerance", "between 0 and 1"},
                         {{"a", "--tolerance", "0,9"}, "--tolerance", "between 0 and 1"},
                         {{"a", "--mode", "x"}, "--mode", "whole number"},
-                        {{"a", "--formats", "fcp7,avid"}, "'avid'", "fcp7,premiere,fcpx,vegas"},
+                        {{"a", "--formats", "fcp,avid"}, "--formats", "fcp,premiere,fcpx"},
                         {{"a", "--profile", "/no/such"}, "--profile", "folder that exists"},
                         {{"a", "--json", "/no/such/x.json"}, "--json", "folder that exists"},
                         {{"--device", "--fps", "25"}, "--device", "needs files"},

@@ -62,7 +62,7 @@ TEST(Read2SyncPage, NamesMatchesSettingsAndAdvice) {
       .tolerance = 0.985, .mode = 1, .framesPerSecond = 23.976, .width = 1280, .height = 720};
   const std::string page = report::read2syncPage(outcome, settings);
   for (const char* text : {"cam b/C01.MP4  with  take.wav\n", "1280 x 720, 23.976 frames",
-                           "Tolerance   0.9850", "What to try", "--.XML\n"})
+                           "Tolerance   0.985", "What to try", "--.XML\n"})
     EXPECT_NE(page.find(text), std::string::npos) << text;
 }
 

@@ -1,0 +1,129 @@
+#include "cli/align.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <filesystem>
+
+#include "cli/inputs.h"
+#include "cli/interrupt.h"
+#include "cli/progress_line.h"
+#include "cli/result_json.h"
+#include "cli/terminal.h"
+#include "report/files.h"
+#include "report/profile.h"
+#include "report/run_report.h"
+#include "report/summary.h"
+#include "report/text.h"
+#include "run/entries.h"
+#include "run/system_services.h"
+
+namespace cli {
+namespace {
+
+constexpr char kNoMedia[] = "No media file was found; give media files or a folder that holds them";
+
+void say(const std::string& line) { std::fputs((report::printable(line) + "\n").c_str(), stderr); }
+
+int fail(const std::string& problem) {
+  say("kestrel-align: " + problem);
+  return kFailed;
+}
+
+/// Shows the diagnostic lines beside the result, never in it.
+class ErrorConsole final : public report::Console {
+ public:
+  void line(std::string_view text) override { say(std::string(text)); }
+};
+
+void useProfile(const std::string& folder) {
+  if (folder.empty()) return;
+  std::error_code failed;  // the name as given is the next best
+  const std::filesystem::path given = report::fromUtf8(folder);
+  const std::filesystem::path whole = std::filesystem::absolute(given, failed).lexically_normal();
+  std::string text = report::toUtf8(failed ? given : whole);
+  if (text.size() > 1 && text.ends_with('/')) text.pop_back();
+  report::useProfileFolder(text);
+}
+
+/// The outcome, and what the end-of-run report is made from.
+struct Finished {
+  report::Outcome outcome;
+  std::vector<std::string> result;
+};
+
+Finished synchronise(const Arguments& arguments, const std::vector<std::string>& entries,
+                     run::SystemServices& system, report::Console& console) {
+  const bool showProgress = !arguments.quiet && !arguments.verbose;
+  ProgressLine progress(stderr, [=] { return showProgress ? errorTerminalColumns() : 0; });
+  run::SyncRun run(system.with(console, progress, interrupted()),
+                   {arguments.align, arguments.open, arguments.compactXmeml, arguments.formats});
+  Finished finished;
+  finished.result = run.synco(entries, arguments.tolerance, arguments.width, arguments.height,
+                              static_cast<float>(arguments.framesPerSecond), arguments.mode);
+  finished.outcome = run.outcome();
+  return finished;
+}
+
+void writeProblems(const Arguments& arguments, const std::vector<std::string>& result,
+                   run::SystemServices& system, report::Console& console) {
+  const auto execute = [&](const std::string& command) { system.desktop().command(command); };
+  if (arguments.open)
+    report::reportRun(result, console, execute);
+  else
+    report::reportRun(result, console, {});
+}
+
+std::string outputsText(const report::Outcome& outcome) {
+  if (outcome.outputs.empty()) return {};
+  std::string text = "\nDocuments\n";
+  for (const std::string& path : outcome.outputs) text += "  " + report::printable(path) + '\n';
+  return text;
+}
+
+/// Standard output holds the table or, where asked for, the JSON alone.
+report::Status show(const report::Outcome& outcome, const std::string& jsonFile) {
+  const std::string json = jsonFile.empty() ? "" : resultJson(outcome);
+  const std::string text =
+      jsonFile == "-" ? json : report::summaryText(outcome) + outputsText(outcome);
+  std::fwrite(text.data(), 1, text.size(), stdout);
+  std::fflush(stdout);
+  if (jsonFile.empty() || jsonFile == "-") return {};
+  return report::writeWhole(report::fromUtf8(jsonFile), json);
+}
+
+int exitStatus(const report::Outcome& outcome) {
+  if (outcome.cancelled) return kInterrupted;
+  return outcome.groups.empty() ? kNothingMatched : kSynchronised;
+}
+
+bool holdsFile(const std::vector<std::string>& entries) {
+  return !std::ranges::all_of(entries, run::isMarker);
+}
+
+}  // namespace
+
+int align(const Arguments& arguments) {
+  useProfile(arguments.profile);
+  if (report::profileFolder().empty())
+    return fail("There is no home folder to write to; name a folder with --profile.");
+  const Inputs inputs = collectInputs(arguments);
+  for (const std::string& notice : inputs.notices) say(notice);
+  if (!inputs.error.empty() || !holdsFile(inputs.entries)) {
+    const Parsed error = usageError(inputs.error.empty() ? kNoMedia : inputs.error);
+    std::fputs(error.text.c_str(), stderr);
+    return error.exitStatus;
+  }
+  watchForInterrupt();
+  run::SystemServices system;
+  ErrorConsole errors;
+  report::NoConsole nowhere;
+  report::Console& console = arguments.verbose ? static_cast<report::Console&>(errors) : nowhere;
+  const Finished finished = synchronise(arguments, inputs.entries, system, console);
+  if (!finished.outcome.cancelled) writeProblems(arguments, finished.result, system, console);
+  if (!arguments.quiet)
+    for (const std::string& notice : finished.outcome.notices) say("Note: " + notice);
+  const report::Status shown = show(finished.outcome, arguments.json);
+  return shown.ok() ? exitStatus(finished.outcome) : fail(shown.error);
+}
+
+}  // namespace cli
