@@ -1,0 +1,197 @@
+#include "bench/events/sets.h"
+
+#include <algorithm>
+#include <functional>
+#include <map>
+
+namespace events {
+namespace {
+
+Microphone microphone(Random& random, double worstSnr, double bestSnr) {
+  Microphone mic;
+  mic.snrDb = uniform(random, worstSnr, bestSnr);
+  mic.reverbSeconds = uniform(random, 0.15, 0.9);
+  mic.directDb = uniform(random, -2, 10);
+  mic.driftPpm = uniform(random, -15, 15);
+  mic.automaticGain = random() % 3 == 0;
+  mic.bandHz = random() % 4 == 0 ? 2500 : 3700;
+  mic.bumpsPerMinute = random() % 2 ? 3 : 0;
+  return mic;
+}
+
+void addTake(Set& set, int event, int device, double start, double length, const Microphone& mic) {
+  const double from = std::max(0.0, start);
+  const double to = std::min(set.events[static_cast<std::size_t>(event)].seconds, start + length);
+  if (to - from < 2) return;
+  const std::string name = "device" + std::to_string(device + 1) + "-clip" +
+                           std::to_string(set.takes.size() + 1) + ".wav";
+  set.takes.push_back({name, event, device, from, to - from, mic});
+}
+
+// Clips of one device one after the other with gaps between, over the whole event.
+void addClips(Set& set, int event, int device, double shortest, double longest, double gap,
+              const Microphone& mic, Random& random) {
+  const double end = set.events[static_cast<std::size_t>(event)].seconds;
+  for (double t = uniform(random, 0, gap); t < end;) {
+    const double length = uniform(random, shortest, longest);
+    addTake(set, event, device, t, length, mic);
+    t += length + uniform(random, 0.5, gap);
+  }
+}
+
+Set cameras(Random& random) {
+  Set set{"cameras", {{Kind::both, 170}}, {}};
+  for (int d = 0; d < 3; ++d)
+    addTake(set, 0, d, uniform(random, 0, 25), uniform(random, 100, 140), microphone(random, 10, 30));
+  addTake(set, 0, 3, 0, 170, microphone(random, 25, 40));
+  return set;
+}
+
+Set wedding(Random& random) {
+  Set set{"wedding", {{Kind::both, 900}}, {}};
+  for (int d = 0; d < 2; ++d) addClips(set, 0, d, 15, 180, 40, microphone(random, 5, 20), random);
+  addTake(set, 0, 2, 10, 870, microphone(random, 15, 30));
+  return set;
+}
+
+Set concert(Random& random) {
+  Set set{"concert", {{Kind::music, 1100}}, {}};
+  for (int d = 0; d < 3; ++d) {
+    Microphone mic = microphone(random, 10, 25);
+    mic.driftPpm = uniform(random, -60, 60);
+    mic.automaticGain = d == 1;
+    mic.clips = d == 2;
+    addTake(set, 0, d, uniform(random, 0, 200), uniform(random, 650, 880), mic);
+  }
+  return set;
+}
+
+Set interview(Random& random) {
+  Set set{"interview", {{Kind::speech, 420}}, {}};
+  Microphone lavalier = microphone(random, 25, 40);
+  lavalier.reverbSeconds = 0;
+  addTake(set, 0, 0, 0, 420, lavalier);
+  for (int d = 1; d < 3; ++d) {
+    Microphone mic = microphone(random, 8, 20);
+    mic.echoDb = uniform(random, -6, 3);  // a desk or wall beside the camera
+    mic.echoMs = uniform(random, 3, 28);
+    addClips(set, 0, d, 60, 200, 30, mic, random);
+  }
+  return set;
+}
+
+Set strangers(Random& random) {
+  Set set{"strangers", {{Kind::both, 240}, {Kind::speech, 200}}, {}};
+  for (int d = 0; d < 3; ++d)
+    addTake(set, 0, d, uniform(random, 0, 40), uniform(random, 100, 200), microphone(random, 8, 25));
+  for (int d = 3; d < 6; ++d)
+    addTake(set, 1, d, uniform(random, 0, 30), uniform(random, 80, 150), microphone(random, 8, 25));
+  for (int d = 6; d < 11; ++d) {
+    set.events.push_back({static_cast<Kind>(random() % 3), 100});
+    addTake(set, d - 4, d, 0, uniform(random, 20, 100), microphone(random, 8, 25));
+  }
+  return set;
+}
+
+Set hard(Random& random) {
+  Set set{"hard", {{static_cast<Kind>(random() % 3), 240}}, {}};
+  addTake(set, 0, 0, 0, 240, microphone(random, 10, 15));
+  for (int d = 1; d < 4; ++d) {
+    Microphone mic = microphone(random, -2, 3);
+    mic.reverbSeconds = uniform(random, 0.6, 1.4);
+    mic.directDb = uniform(random, -6, 0);
+    mic.babble = d == 2;
+    addClips(set, 0, d, 7, 20, 30, mic, random);
+  }
+  return set;
+}
+
+Set playback(Random& random) {
+  Set set{"playback", {{Kind::music, 100}}, {}};
+  for (int d = 0; d < 6; ++d)
+    addTake(set, 0, d, uniform(random, 0, 30), uniform(random, 30, 80), microphone(random, 5, 20));
+  return set;
+}
+
+Set loop(Random& random) {
+  Set set{"loop", {{Kind::both, 180, uniform(random, 8, 25)}}, {}};
+  for (int d = 0; d < 3; ++d)
+    addTake(set, 0, d, uniform(random, 0, 60), uniform(random, 60, 110), microphone(random, 10, 25));
+  return set;
+}
+
+Set shortClips(Random& random) {
+  Set set{"short", {{Kind::both, 420}}, {}};
+  for (int d = 0; d < 3; ++d) {
+    Microphone mic = microphone(random, 5, 20);
+    mic.bumpsPerMinute = 10;
+    addClips(set, 0, d, 8, 20, 3, mic, random);
+  }
+  return set;
+}
+
+Set longOnes(Random& random) {
+  Set set{"long", {{Kind::both, 2400}}, {}};
+  for (int d = 0; d < 2; ++d) {
+    Microphone mic = microphone(random, 5, 20);
+    mic.driftPpm = uniform(random, -60, 60);
+    addTake(set, 0, d, uniform(random, 0, 300), uniform(random, 1500, 2000), mic);
+  }
+  addTake(set, 0, 2, 0, 2400, microphone(random, 15, 25));
+  return set;
+}
+
+const std::vector<std::pair<std::string, std::function<Set(Random&)>>>& makers() {
+  static const std::vector<std::pair<std::string, std::function<Set(Random&)>>> all = {
+      {"cameras", cameras},     {"wedding", wedding}, {"concert", concert},
+      {"interview", interview}, {"strangers", strangers}, {"hard", hard},
+      {"playback", playback},   {"loop", loop},       {"short", shortClips},
+      {"long", longOnes}};
+  return all;
+}
+
+// The music underneath repeats; what people say over it does not.
+std::vector<float> looped(SoundLibrary& library, const Set::Event& event, Random& random) {
+  std::vector<float> music = performance(library, Kind::music, event.loopSeconds, random);
+  std::vector<float> out = performance(library, Kind::speech, event.seconds, random);
+  const auto period = static_cast<std::size_t>(event.loopSeconds * kStageRate);
+  for (std::size_t i = 0; i < out.size(); ++i)
+    out[i] = 0.4f * out[i] + (i % period < music.size() ? music[i % period] : 0.0f);
+  return out;
+}
+
+}  // namespace
+
+const std::vector<std::string>& setNames() {
+  static const std::vector<std::string> names = [] {
+    std::vector<std::string> result;
+    for (const auto& [name, maker] : makers()) result.push_back(name);
+    return result;
+  }();
+  return names;
+}
+
+Set makeSet(const std::string& name, Random& random) {
+  for (const auto& [known, maker] : makers())
+    if (known == name) return maker(random);
+  return {};
+}
+
+std::vector<std::vector<float>> renderAll(const Set& set, SoundLibrary library, Random& random) {
+  std::vector<std::vector<float>> stages;
+  for (const Set::Event& event : set.events)
+    stages.push_back(event.loopSeconds > 0
+                         ? looped(library, event, random)
+                         : performance(library, event.kind, event.seconds, random));
+  std::vector<std::uint64_t> seeds(set.takes.size());
+  for (auto& seed : seeds) seed = random();
+  std::vector<std::vector<float>> sounds(set.takes.size());
+#pragma omp parallel for schedule(dynamic)
+  for (std::size_t i = 0; i < set.takes.size(); ++i) {
+    Random own(seeds[i]);
+    sounds[i] = render(set.takes[i], stages[static_cast<std::size_t>(set.takes[i].event)], own);
+  }
+  return sounds;
+}
+
+}  // namespace events

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "bench/events/performance.h"
+
+namespace events {
+
+/// How one microphone hears an event.
+struct Microphone {
+  double snrDb = 30;            // level of the event over the device's own noise
+  double reverbSeconds = 0.3;   // time for the tail to fall by 60 dB; 0 = dry
+  double directDb = 6;          // direct sound over the tail's whole energy
+  double echoDb = -100;         // one strong reflection over the direct sound ...
+  double echoMs = 15;           // ... this much later
+  double driftPpm = 0;          // the device's clock against the event's
+  bool automaticGain = false;
+  bool babble = false;          // the noise is other people's speech, not hiss
+  double bumpsPerMinute = 0;    // handling noise
+  double bandHz = 3700;         // upper edge of what it hears
+  bool clips = false;           // overdriven
+};
+
+/// One file: what a device recorded from `startSeconds` on, on the event's clock.
+struct Take {
+  std::string name;
+  int event = 0;            // index of the performance
+  int device = 0;           // devices are numbered over the whole set
+  double startSeconds = 0;
+  double lengthSeconds = 0; // on the device's clock
+  Microphone microphone;
+};
+
+/// The take's samples at kRate, 16 bit steps. The direct sound of event time t stands at sample
+/// (t - start) * kRate * (1 + drift): the truth that positions are compared with.
+std::vector<float> render(const Take& take, const std::vector<float>& performance, Random& random);
+
+}  // namespace events

@@ -1,0 +1,88 @@
+#include "matching/direct.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace matching {
+namespace {
+
+constexpr int kReach = 280;      // 35 ms; later echoes are heard as such and are weaker
+constexpr int kSide = 8;         // 1 ms: the peak's own width
+constexpr float kRival = 0.45f;  // of the highest peak; less is an ordinary reflection
+constexpr float kSure = 0.15f;   // by so much the best explanation must be better than the next
+
+// Sum of the windows' correlations along the line; the middle element is the line.
+std::vector<float> stacked(std::span<const WindowCorrelation> windows, const DelayLine& line) {
+  std::vector<float> sum(2 * kReach + 7, 0.0f);
+  for (std::size_t w = 0; w < windows.size(); ++w) {
+    if (w < line.heights.size() && line.heights[w] < kSupport) continue;
+    const auto& lags = windows[w].lags;
+    const std::ptrdiff_t first = static_cast<std::ptrdiff_t>(lags.size() / 2) - std::ssize(sum) / 2 +
+                                 std::lround(line.delaySamples + line.slope * windows[w].atSeconds);
+    for (std::ptrdiff_t i = 0; i < std::ssize(sum); ++i)
+      if (first + i >= 0 && first + i < std::ssize(lags))
+        sum[std::size_t(i)] += lags[std::size_t(first + i)];
+  }
+  return sum;
+}
+
+// How well the other peaks are echoes of one at `lag`.
+float explained(std::span<const ResponsePeak> peaks, const ResponsePeak& direct,
+                std::span<const float> echoesOfA, std::span<const float> echoesOfB) {
+  float sum = direct.height;
+  for (const ResponsePeak& peak : peaks) {
+    const int later = peak.lag - direct.lag;
+    const auto echoes = later > 0 ? echoesOfA : echoesOfB;
+    const auto at = static_cast<std::size_t>(std::abs(later));
+    if (later != 0 && at < echoes.size()) sum += peak.height * echoes[at];
+  }
+  return sum;
+}
+
+}  // namespace
+
+std::vector<ResponsePeak> responsePeaks(std::span<const WindowCorrelation> windows,
+                                        const DelayLine& line) {
+  const std::vector<float> response = stacked(windows, line);
+  const auto middle = static_cast<int>(response.size() / 2);
+  const float top = std::ranges::max(std::span(response).subspan(std::size_t(middle) - 2, 5));
+  std::vector<ResponsePeak> peaks{{0, 1.0f}};
+  for (int lag = -kReach; lag <= kReach && top > 0; ++lag) {
+    const auto at = static_cast<std::size_t>(middle + lag);
+    const float height = response[at] / top;
+    const bool highest = response[at] >= std::ranges::max(std::span(response).subspan(at - 3, 7));
+    if (std::abs(lag) >= kSide && height > kRival && highest) peaks.push_back({lag, height});
+  }
+  return peaks;
+}
+
+std::vector<float> selfEchoes(std::span<const WindowCorrelation> windows) {
+  const std::vector<float> response = stacked(windows, {});
+  const std::size_t middle = response.size() / 2;
+  std::vector<float> echoes(kReach + 1, 0.0f);
+  for (std::size_t lag = kSide; lag < echoes.size() && response[middle] > 0; ++lag) {
+    const float around = std::ranges::max(std::span(response).subspan(middle + lag - 2, 5));
+    echoes[lag] = std::clamp(2 * around / response[middle], 0.0f, 1.0f);
+  }
+  return echoes;
+}
+
+DirectSound directSound(std::span<const ResponsePeak> peaks, std::span<const float> echoesOfA,
+                        std::span<const float> echoesOfB) {
+  DirectSound best;
+  float most = 0, next = 0;
+  int rival = 0;
+  for (const ResponsePeak& peak : peaks) {
+    const float sum = explained(peaks, peak, echoesOfA, echoesOfB);
+    if (sum > most) {
+      next = most, rival = best.shiftSamples;
+      most = sum, best.shiftSamples = peak.lag;
+    } else if (sum > next) {
+      next = sum, rival = peak.lag;
+    }
+  }
+  if (most < next * (1 + kSure)) best.doubtSamples = std::abs(rival - best.shiftSamples);
+  return best;
+}
+
+}  // namespace matching

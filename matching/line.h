@@ -1,0 +1,30 @@
+#pragma once
+
+#include <span>
+#include <vector>
+
+namespace matching {
+
+/// The correlation of two recordings in one window of their overlap.
+struct WindowCorrelation {
+  double atSeconds;          // the window's middle, from the overlap's middle
+  std::vector<float> lags;   // see correlate(); the middle element is the supposed offset
+};
+
+/// A straight line through the windows' delays: delay(t) = samples + slope * t.
+struct DelayLine {
+  double delaySamples = 0;  // at the overlap's middle, against the supposed offset
+  double slope = 0;         // samples per second; 0.008 is one part in a million
+  std::vector<float> heights;  // per window: the correlation's height at the line
+  double evidence = 0;         // what the windows say together; grows with their number
+  double errorSamples = 0;     // standard error of delaySamples
+  double slopeError = 0;       // standard error of slope; 0 = slope not measured
+};
+
+/// The line with the most evidence. Windows far from any peak on it count nothing, so that pauses
+/// and noise do no harm; one window alone can never say much.
+DelayLine bestLine(std::span<const WindowCorrelation> windows);
+
+inline constexpr float kSupport = 5.0f;  // a window at least this high on the line supports it
+
+}  // namespace matching

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <vector>
+
+#include "matching/placement.h"
+
+namespace matching {
+
+/// What the sound itself says about one supposed offset of a pair of recordings.
+struct Alignment {
+  int first = 0, second = 0;   // file indices
+  double offsetSeconds = 0;    // of second's start on first's clock, right at the overlap's middle
+  double driftPpm = 0;         // how much faster second's clock runs than first's
+  double driftError = 0;       // standard error of driftPpm; 0 = not measured
+  double errorSeconds = 0;     // standard error of offsetSeconds
+  double overlapSeconds = 0;
+  double strength = 0;         // median height of the windows that support it
+  double evidence = 0;         // of all windows together, see DelayLine
+  double distinct = 0;         // median of those windows' height over their next best elsewhere
+  int support = 0;             // windows that support it ...
+  int windows = 0;             // ... of so many
+  double spreadSeconds = 0;    // from the first supporting window to the last
+  double confidence = 0;       // 0 to 1
+};
+
+struct Pair {
+  int first, second;
+  std::int64_t firstSamples, secondSamples;  // lengths at 8000 Hz
+};
+
+enum class Care { glance, exact };  // a few windows to believe or not; more for place and drift
+
+/// Compares the sound in windows along the overlap that the offset supposes, within a tenth of a
+/// second (more where drift may add up). Callable from any thread.
+Alignment verify(const Pair& pair, double offsetSeconds, const SoundReader& sound, Care care);
+
+/// Whether so much evidence, so spread over time, is past what chance gives.
+bool believed(const Alignment& alignment);
+
+}  // namespace matching
