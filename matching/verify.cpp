@@ -121,6 +121,12 @@ void summarise(Alignment& alignment, const DelayLine& line,
   alignment.spreadSeconds = to - from;
 }
 
+double confidenceOf(const Alignment& a) {
+  const double said = 0.15 * a.evidence + 0.25 * std::min(a.strength, 20.0) +
+                      1.5 * std::min(a.distinct, 3.0) - 5.5;
+  return 1 / (1 + std::exp(-said));
+}
+
 }  // namespace
 
 Alignment verify(const Pair& pair, double offsetSeconds, const SoundReader& sound, Care care) {
@@ -144,12 +150,15 @@ Alignment verify(const Pair& pair, double offsetSeconds, const SoundReader& soun
   alignment.errorSeconds = std::hypot(line.errorSamples, direct.doubtSamples) / kSampleRate;
   alignment.evidence = line.evidence;
   summarise(alignment, line, correlations);
+  alignment.confidence = confidenceOf(alignment);
   return alignment;
 }
 
 bool believed(const Alignment& a) {
-  return a.support >= 3 && a.evidence >= 8 && a.spreadSeconds >= 1.5 &&
-         a.support * 4 >= a.windows;
+  if (a.support < 3 || a.spreadSeconds < 1.5) return false;
+  const bool clear = a.strength >= 15 && a.distinct >= 1.8;  // few such windows are enough
+  return clear || (a.support >= 4 && a.support * 10 >= 3 * a.windows && a.evidence >= 14 &&
+                   a.strength >= 6.5 && a.distinct >= 1.2);
 }
 
 }  // namespace matching

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <span>
+#include <string>
+#include <vector>
+
+#include "matching/matches.h"
+
+namespace matching {
+
+/// Groups that the matches form, and what did not fit.
+struct Grouping {
+  std::vector<std::vector<int>> members;  // file indices of each group, ascending
+  std::vector<double> position;           // per file, seconds on its group's clock; 0 if alone
+  std::vector<int> groupOf;               // per file; -1 if alone
+  std::vector<Match> kept;                 // matches that agree with the positions
+  std::vector<std::string> doubts;        // a sentence for every match that does not
+};
+
+/// Joins recordings by the matches that most others agree with first. One that contradicts them
+/// gives way to a rival offset of its pair that does not, or is dropped and named. Two recordings
+/// of one device are never laid over each other. The order of matches changes nothing.
+Grouping formGroups(std::span<const Recording> recordings, std::vector<Match> matches);
+
+}  // namespace matching

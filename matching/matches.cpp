@@ -1,0 +1,69 @@
+#include "matching/matches.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace matching {
+namespace {
+
+constexpr double kApart = 0.3;      // seconds; nearer offsets are one and the same to `verify`
+constexpr int kMostOffsets = 6;
+constexpr double kRivalry = 0.5;    // of the best one's strength; weaker fits are partial echoes
+
+void addOffset(std::vector<double>& offsets, double offset) {
+  const auto near = [&](double other) { return std::abs(other - offset) < kApart; };
+  if (std::ssize(offsets) < kMostOffsets && std::ranges::none_of(offsets, near))
+    offsets.push_back(offset);
+}
+
+Suspicion suspicionOf(const PairVote& vote) {
+  Suspicion s{vote.first, vote.second, {}, 0};
+  const bool accepted = vote.accepted != Acceptance::none && vote.stats;
+  if (accepted) addOffset(s.offsets, vote.stats->bestOffset);
+  for (const DeltaPeak& peak : vote.peaks) {
+    addOffset(s.offsets, peak.offsetSeconds);
+    s.significance = std::max(s.significance, peak.significance);
+  }
+  if (vote.stats) addOffset(s.offsets, vote.stats->bestOffset);
+  if (accepted) s.significance = std::max(s.significance, double(vote.stats->sections));
+  return s;
+}
+
+bool plausible(const Alignment& a) { return a.support >= 2 && a.evidence >= 6; }
+
+}  // namespace
+
+double weightOf(const Alignment& a) {
+  return a.strength * std::sqrt(double(a.support)) * std::max(1, a.support) / std::max(1, a.windows);
+}
+
+std::vector<Suspicion> suspicionsOf(std::span<const PairVote> votes) {
+  std::vector<Suspicion> all;
+  for (const PairVote& vote : votes)
+    if (Suspicion s = suspicionOf(vote); !s.offsets.empty()) all.push_back(std::move(s));
+  std::ranges::stable_sort(all, std::greater{}, &Suspicion::significance);
+  return all;
+}
+
+std::optional<Match> examine(const Suspicion& suspicion, std::span<const Recording> recordings,
+                            const SoundReader& sound) {
+  const Pair pair{suspicion.first, suspicion.second,
+                  recordings[std::size_t(suspicion.first)].samples,
+                  recordings[std::size_t(suspicion.second)].samples};
+  std::vector<Alignment> plausibles;
+  for (const double offset : suspicion.offsets)
+    if (const Alignment a = verify(pair, offset, sound, Care::glance); plausible(a))
+      plausibles.push_back(a);
+  std::ranges::stable_sort(plausibles, std::greater{}, weightOf);
+  std::vector<Alignment> believable;
+  for (const Alignment& a : plausibles) {
+    if (!believable.empty() && a.strength < kRivalry * believable.front().strength) continue;
+    const Alignment exact = verify(pair, a.offsetSeconds, sound, Care::exact);
+    if (believed(exact)) believable.push_back(exact);
+  }
+  if (believable.empty()) return std::nullopt;
+  std::ranges::stable_sort(believable, std::greater{}, weightOf);
+  return Match{believable.front(), {believable.begin() + 1, believable.end()}};
+}
+
+}  // namespace matching
