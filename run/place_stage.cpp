@@ -87,9 +87,14 @@ LeftOut leftAlone(const matching::Alone& alone, const Material& material) {
 Placement placeAll(const Material& material, const Comparison& comparison, bool align,
                    const Services& services) {
   const auto recordings = recordingsOf(material);
-  (void)align;
-  (void)services;
-  return matching::placeByVotes(recordings, comparison.votes);
+  if (!align) return matching::placeByVotes(recordings, comparison.votes);
+  const matching::SoundReader sound = [&](int file, std::int64_t first, std::int64_t count) {
+    return analysis::readPiece(material.sounds[file], first, count);
+  };
+  const matching::PlacementProgress progress{
+      [&](int done, int total) { services.progress.stage(Stage::place, "", done, total); },
+      [&] { return services.cancelled.load(); }};
+  return matching::placeBySound(recordings, comparison.votes, sound, progress);
 }
 
 void describePlacement(const Placement& placement, const Material& material, Outcome& outcome) {
