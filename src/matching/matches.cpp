@@ -7,7 +7,8 @@ namespace matching {
 namespace {
 
 constexpr double kApart = 0.3;      // seconds; nearer offsets are one and the same to `verify`
-constexpr int kMostOffsets = 6;
+constexpr int kMostOffsets = 4;
+constexpr double kFaint = 0.35;     // of the best peak's significance; fainter ones are chance
 constexpr double kRivalry = 0.5;    // of the best one's strength; weaker fits are partial echoes
 
 void addOffset(std::vector<double>& offsets, double offset) {
@@ -20,10 +21,9 @@ Suspicion suspicionOf(const PairVote& vote) {
   Suspicion s{vote.first, vote.second, {}, 0};
   const bool accepted = vote.accepted != Acceptance::none && vote.stats;
   if (accepted) addOffset(s.offsets, vote.stats->bestOffset);
-  for (const DeltaPeak& peak : vote.peaks) {
-    addOffset(s.offsets, peak.offsetSeconds);
-    s.significance = std::max(s.significance, peak.significance);
-  }
+  for (const DeltaPeak& peak : vote.peaks) s.significance = std::max(s.significance, peak.significance);
+  for (const DeltaPeak& peak : vote.peaks)
+    if (peak.significance >= kFaint * s.significance) addOffset(s.offsets, peak.offsetSeconds);
   if (vote.stats) addOffset(s.offsets, vote.stats->bestOffset);
   if (accepted) s.significance = std::max(s.significance, double(vote.stats->sections));
   return s;

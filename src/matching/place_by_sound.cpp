@@ -16,8 +16,11 @@ namespace {
 
 constexpr int kBatch = 32;             // pairs examined at once; fixed, so that threads change nothing
 constexpr double kSuspicious = 6;      // significance of a vote's peak from which it is listened to
+constexpr double kWorthTrying = 4;     // the same where there are few pairs
 constexpr int kSmallSet = 12;          // recordings; in smaller sets every pair is worth its time
 constexpr int kEnough = 3;             // matches of a recording, after which more add little
+constexpr double kConfirms = 0.3;      // seconds; a suspicion so near speaks for a known position
+constexpr int kMostTries = 12;         // in vain, for two recordings; the search then goes on
 constexpr double kSearchShare = 8;     // the search may read every second of sound so often ...
 constexpr double kSearchFloor = 14400;  // ... and this many seconds in any case
 constexpr int kMostPartners = 40;      // of one lonely recording in the search
@@ -31,10 +34,12 @@ class Placer {
          const SoundReader& sound, const PlacementProgress& progress)
       : recordings_(recordings), votes_(votes), sound_(sound), progress_(progress),
         connected_(static_cast<int>(recordings.size())),
-        matchCount_(recordings.size(), 0), partners_(recordings.size(), 0) {}
+        matchCount_(recordings.size(), 0), partners_(recordings.size(), 0),
+        tries_(recordings.size(), 0) {}
 
   Placement place() {
     listen(votedSuspicions());
+    std::ranges::fill(tries_, 0);
     searchForLonely();
     listen(impliedSuspicions(formGroups(recordings_, matches_)));
     return result(formGroups(recordings_, matches_));
@@ -55,15 +60,18 @@ class Placer {
   std::vector<Suspicion> votedSuspicions() const {
     std::vector<Suspicion> all = suspicionsOf(votes_);
     std::erase_if(all, [&](const Suspicion& s) {
-      return (s.significance < kSuspicious && !small()) || !comparable(s.first, s.second);
+      return s.significance < (small() ? kWorthTrying : kSuspicious) || !comparable(s.first, s.second);
     });
     return all;
   }
 
-  // In a large set, recordings that are placed surely need no further matches.
+  // Recordings that are placed already need no more than some confirmation where they stand.
   bool wanted(const Suspicion& s) {
-    return small() || connected_.group(s.first) != connected_.group(s.second) ||
-           matchCount_[std::size_t(s.first)] < kEnough || matchCount_[std::size_t(s.second)] < kEnough;
+    const auto known = connected_.between(s.first, s.second);
+    if (!known) return tries_[std::size_t(s.first)] < kMostTries || tries_[std::size_t(s.second)] < kMostTries;
+    if (small()) return true;
+    const bool enough = matchCount_[std::size_t(s.first)] >= kEnough && matchCount_[std::size_t(s.second)] >= kEnough;
+    return !enough && std::ranges::any_of(s.offsets, [&](double offset) { return std::abs(offset - *known) < kConfirms; });
   }
 
   void listen(std::vector<Suspicion> suspicions) {
@@ -87,6 +95,8 @@ class Placer {
     for (std::size_t i = 0; i < batch.size(); ++i) {
       ++partners_[std::size_t(batch[i]->first)];
       ++partners_[std::size_t(batch[i]->second)];
+      ++tries_[std::size_t(batch[i]->first)];
+      ++tries_[std::size_t(batch[i]->second)];
       if (found[i]) add(std::move(*found[i]));
     }
   }
@@ -96,6 +106,7 @@ class Placer {
     if (connected_.group(a) != connected_.group(b)) connected_.join(a, b, match.best.offsetSeconds);
     ++matchCount_[std::size_t(a)];
     ++matchCount_[std::size_t(b)];
+    tries_[std::size_t(a)] = tries_[std::size_t(b)] = 0;
     linked_.insert(std::minmax(a, b));
     matches_.push_back(std::move(match));
   }
@@ -254,6 +265,7 @@ class Placer {
   const PlacementProgress& progress_;
   OffsetForest connected_;
   std::vector<int> matchCount_, partners_;  // per file
+  std::vector<int> tries_;                  // per file, in vain since its last match
   std::set<std::pair<int, int>> linked_;    // pairs that matched
   std::vector<Match> matches_;
 };

@@ -1,0 +1,260 @@
+// How many recordings find their place, how many a wrong one, how exactly, how surely, and what it
+// costs: over rendered events whose truth is known. The vote's tests and the full placement are
+// measured on the same sound in one run.
+//
+// Usage: accuracy [--sounds FOLDER] [--seeds FIRST LAST] [--tolerance X]... [SET]...
+
+#include <algorithm>
+#include <chrono>
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <map>
+#include <string>
+
+#include "analysis/fingerprint.h"
+#include "bench/events/sets.h"
+#include "matching/placement.h"
+#include "matching/vote_pairs.h"
+
+namespace {
+
+using namespace events;
+using Clock = std::chrono::steady_clock;
+
+constexpr double kRight = 0.1;  // seconds; farther off is a wrong place
+
+double since(Clock::time_point start) {
+  return std::chrono::duration<double>(Clock::now() - start).count();
+}
+
+struct Options {
+  std::string sounds = "build/sounds";
+  unsigned firstSeed = 1, lastSeed = 2;
+  std::vector<float> tolerances;
+  std::vector<std::string> sets;
+};
+
+/// What one way of placing came to, summed over sets.
+struct Score {
+  int wanted = 0, found = 0;          // pairs that overlap by 5 s or more, and those put together
+  int wrong = 0, strangers = 0;       // pairs together at a wrong offset, or of two events
+  std::vector<double> errors;         // seconds, in the middle of the overlap
+  std::vector<double> driftErrors;    // parts in a million, where ten minutes or more overlap
+  std::map<int, std::pair<int, int>> calibration;  // tenth of confidence -> right, all
+  double seconds = 0;
+
+  void add(const Score& other) {
+    wanted += other.wanted, found += other.found, wrong += other.wrong;
+    strangers += other.strangers, seconds += other.seconds;
+    errors.insert(errors.end(), other.errors.begin(), other.errors.end());
+    driftErrors.insert(driftErrors.end(), other.driftErrors.begin(), other.driftErrors.end());
+    for (const auto& [tenth, counts] : other.calibration) {
+      calibration[tenth].first += counts.first;
+      calibration[tenth].second += counts.second;
+    }
+  }
+};
+
+/// Where a take's own clock stands at the middle of what it shares with another.
+struct Truth {
+  double overlap, offset;  // offset of b's start on a's clock, right at the overlap's middle
+};
+
+Truth truthOf(const Take& a, const Take& b) {
+  const double from = std::max(a.startSeconds, b.startSeconds);
+  const double to = std::min(a.startSeconds + a.lengthSeconds, b.startSeconds + b.lengthSeconds);
+  const double middle = (from + to) / 2;
+  const double onA = (middle - a.startSeconds) * (1 + a.microphone.driftPpm * 1e-6);
+  const double onB = (middle - b.startSeconds) * (1 + b.microphone.driftPpm * 1e-6);
+  return {a.event == b.event ? to - from : -1, onA - onB};
+}
+
+struct Standing {
+  int group = -1;
+  double offset = 0, confidence = 0;
+  std::optional<double> drift;
+};
+
+std::vector<Standing> standings(const matching::Placement& placement, std::size_t takes) {
+  std::vector<Standing> all(takes);
+  for (std::size_t g = 0; g < placement.groups.size(); ++g)
+    for (const auto& m : placement.groups[g].members)
+      all[std::size_t(m.file)] = {int(g), m.offsetSeconds, m.confidence, m.driftPpm};
+  return all;
+}
+
+Score scoreOf(const Set& set, const matching::Placement& placement) {
+  Score score;
+  const auto all = standings(placement, set.takes.size());
+  for (std::size_t i = 0; i < all.size(); ++i) {
+    int right = 0, wrong = 0;
+    for (std::size_t j = 0; j < all.size(); ++j) {
+      const Take &a = set.takes[i], &b = set.takes[j];
+      if (i == j || a.device == b.device) continue;
+      const Truth truth = truthOf(a, b);
+      const bool together = all[i].group >= 0 && all[i].group == all[j].group;
+      const double error = all[j].offset - all[i].offset - truth.offset;
+      const bool good = together && a.event == b.event && std::abs(error) < kRight;
+      if (together) ++(good ? right : wrong);
+      if (i > j) continue;
+      if (truth.overlap >= 5) ++score.wanted, score.found += good;
+      if (together && a.event != b.event) ++score.strangers;
+      if (together && a.event == b.event && !good && truth.overlap >= 0) ++score.wrong;
+      if (good && truth.overlap >= 5) score.errors.push_back(std::abs(error));
+      if (good && truth.overlap >= 600 && all[i].drift && all[j].drift)
+        score.driftErrors.push_back(std::abs(*all[j].drift - *all[i].drift - b.microphone.driftPpm +
+                                             a.microphone.driftPpm));
+    }
+    if (all[i].group < 0) continue;
+    auto& bin = score.calibration[std::min(9, int(all[i].confidence * 10))];
+    bin.first += right >= wrong;
+    ++bin.second;
+  }
+  return score;
+}
+
+double quantile(std::vector<double> values, double q) {
+  if (values.empty()) return 0;
+  std::ranges::sort(values);
+  return values[std::min(values.size() - 1, std::size_t(q * double(values.size())))];
+}
+
+void print(const std::string& name, const Score& s) {
+  std::printf("  %-28s %4d of %4d pairs  wrong %d  strangers %d  error median %.2f 95%% %.2f max %.2f ms",
+              name.c_str(), s.found, s.wanted, s.wrong, s.strangers, 1e3 * quantile(s.errors, 0.5),
+              1e3 * quantile(s.errors, 0.95), 1e3 * quantile(s.errors, 1));
+  if (!s.driftErrors.empty()) std::printf("  drift within %.2f ppm", quantile(s.driftErrors, 1));
+  std::printf("  %.2f s\n", s.seconds);
+  std::fflush(stdout);
+}
+
+/// One set as the placement sees it.
+struct Rendered {
+  Set set;
+  std::vector<std::vector<float>> sounds;
+  std::vector<matching::Recording> recordings;
+  Eigen::VectorXf durations;
+  std::vector<std::vector<int>> deviceGroups;
+};
+
+Rendered rendered(const std::string& name, unsigned seed, const SoundLibrary& library) {
+  Random random(seed);
+  Rendered r;
+  r.set = makeSet(name, random);
+  r.sounds = renderAll(r.set, library, random);
+  std::map<int, std::vector<int>> devices;
+  r.durations.resize(Eigen::Index(r.sounds.size()));
+  for (std::size_t i = 0; i < r.sounds.size(); ++i) {
+    r.recordings.push_back({r.set.takes[i].name, std::int64_t(r.sounds[i].size()), r.set.takes[i].device});
+    r.durations(Eigen::Index(i)) = float(r.sounds[i].size() / 8000);
+    devices[r.set.takes[i].device].push_back(int(i));
+  }
+  for (auto& [device, files] : devices)
+    if (files.size() > 1) r.deviceGroups.push_back(files);
+  return r;
+}
+
+struct Voted {
+  std::vector<matching::PairVote> votes;
+  double fingerprintSeconds = 0, voteSeconds = 0;
+};
+
+Voted vote(const Rendered& r, float tolerance) {
+  Voted voted;
+  auto start = Clock::now();
+  std::vector<analysis::MatrixXLI> prints(r.sounds.size());
+#pragma omp parallel for schedule(dynamic)
+  for (std::size_t i = 0; i < prints.size(); ++i)
+    prints[i] = analysis::fingerprint(r.sounds[i], tolerance);
+  voted.fingerprintSeconds = since(start);
+  start = Clock::now();
+  matching::votePairs(prints, r.durations, r.deviceGroups, 1,
+                      [&](matching::PairVote v) { voted.votes.push_back(std::move(v)); });
+  voted.voteSeconds = since(start);
+  return voted;
+}
+
+// The vote alone: best offsets whether accepted or not, and what the two tests accept.
+void printVotes(const Rendered& r, const Voted& voted, std::map<std::string, std::array<int, 2>>& totals) {
+  for (const matching::PairVote& v : voted.votes) {
+    if (!v.stats) continue;
+    const Truth truth = truthOf(r.set.takes[std::size_t(v.first)], r.set.takes[std::size_t(v.second)]);
+    const bool right = truth.overlap > 0 && std::abs(v.stats->bestOffset - truth.offset) < kRight;
+    if (truth.overlap >= 5) ++totals["best offset"][right ? 0 : 1];
+    if (v.accepted == matching::Acceptance::strict) ++totals["strict test"][right ? 0 : 1];
+    if (v.accepted != matching::Acceptance::none) ++totals["test of mode 1"][right ? 0 : 1];
+  }
+}
+
+Score placed(const Rendered& r, const Voted& voted, bool bySound) {
+  const matching::SoundReader reader = [&](int file, std::int64_t first, std::int64_t count) {
+    const auto& sound = r.sounds[std::size_t(file)];
+    std::vector<float> piece(std::size_t(count), 0.0f);
+    const auto from = std::clamp<std::int64_t>(first, 0, std::ssize(sound));
+    const auto to = std::clamp<std::int64_t>(first + count, from, std::ssize(sound));
+    std::copy(sound.begin() + from, sound.begin() + to, piece.begin() + (from - first));
+    return piece;
+  };
+  const auto start = Clock::now();
+  const auto placement = bySound ? matching::placeBySound(r.recordings, voted.votes, reader)
+                                 : matching::placeByVotes(r.recordings, voted.votes);
+  const double seconds = since(start);
+  Score score = scoreOf(r.set, placement);
+  score.seconds = seconds;
+  return score;
+}
+
+Options parse(int argc, char** argv) {
+  Options options;
+  for (int i = 1; i < argc; ++i) {
+    const std::string word = argv[i];
+    if (word == "--sounds" && i + 1 < argc) {
+      options.sounds = argv[++i];
+    } else if (word == "--seeds" && i + 2 < argc) {
+      options.firstSeed = unsigned(std::atoi(argv[++i]));
+      options.lastSeed = unsigned(std::atoi(argv[++i]));
+    } else if (word == "--tolerance" && i + 1 < argc) {
+      options.tolerances.push_back(float(std::atof(argv[++i])));
+    } else {
+      options.sets.push_back(word);
+    }
+  }
+  if (options.tolerances.empty()) options.tolerances = {0.99f};
+  if (options.sets.empty()) options.sets = setNames();
+  return options;
+}
+
+void measure(const Options& options, const SoundLibrary& library, float tolerance) {
+  std::printf("tolerance %.3f, %s sound\n", double(tolerance), library.music.empty() ? "synthetic" : "real");
+  std::map<std::string, std::array<int, 2>> votes;
+  Score byVotes, bySound;
+  double fingerprints = 0, voting = 0, hours = 0;
+  for (const std::string& name : options.sets)
+    for (unsigned seed = options.firstSeed; seed <= options.lastSeed; ++seed) {
+      const Rendered r = rendered(name, seed, library);
+      const Voted voted = vote(r, tolerance);
+      printVotes(r, voted, votes);
+      byVotes.add(placed(r, voted, false));
+      const Score score = placed(r, voted, true);
+      print(name + ", seed " + std::to_string(seed), score);
+      bySound.add(score);
+      fingerprints += voted.fingerprintSeconds, voting += voted.voteSeconds;
+      for (const auto& sound : r.sounds) hours += double(sound.size()) / 8000 / 3600;
+    }
+  std::printf("all sets: %.1f hours of sound, fingerprints %.2f s, votes %.2f s\n", hours, fingerprints, voting);
+  for (const auto& [name, counts] : votes)
+    std::printf("  vote, %-22s %4d right %4d wrong\n", name.c_str(), counts[0], counts[1]);
+  print("placed by votes alone", byVotes);
+  print("placed by sound", bySound);
+  for (const auto& [tenth, counts] : bySound.calibration)
+    std::printf("  confidence %.1f to %.1f: %d of %d right\n", tenth / 10.0, (tenth + 1) / 10.0, counts.first, counts.second);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  const Options options = parse(argc, argv);
+  const SoundLibrary library = loadLibrary(options.sounds);
+  for (const float tolerance : options.tolerances) measure(options, library, tolerance);
+}
