@@ -37,10 +37,10 @@ struct Options {
 
 /// What one way of placing came to, summed over sets.
 struct Score {
-  int wanted = 0, found = 0;          // pairs that overlap by 5 s or more, and those put together
-  int wrong = 0, strangers = 0;       // pairs together at a wrong offset, or of two events
-  std::vector<double> errors;         // seconds, in the middle of the overlap
-  std::vector<double> driftErrors;    // parts in a million, where ten minutes or more overlap
+  int wanted = 0, found = 0;        // pairs that overlap by 5 s or more, and those put together
+  int wrong = 0, strangers = 0;     // pairs together at a wrong offset, or of two events
+  std::vector<double> errors;       // seconds, in the middle of the overlap
+  std::vector<double> driftErrors;  // parts in a million, where ten minutes or more overlap
   std::map<int, std::pair<int, int>> calibration;  // tenth of confidence -> right, all
   double seconds = 0;
 
@@ -121,9 +121,10 @@ double quantile(std::vector<double> values, double q) {
 }
 
 void print(const std::string& name, const Score& s) {
-  std::printf("  %-28s %4d of %4d pairs  wrong %d  strangers %d  error median %.2f 95%% %.2f max %.2f ms",
-              name.c_str(), s.found, s.wanted, s.wrong, s.strangers, 1e3 * quantile(s.errors, 0.5),
-              1e3 * quantile(s.errors, 0.95), 1e3 * quantile(s.errors, 1));
+  std::printf(
+      "  %-28s %4d of %4d pairs  wrong %d  strangers %d  error median %.2f 95%% %.2f max %.2f ms",
+      name.c_str(), s.found, s.wanted, s.wrong, s.strangers, 1e3 * quantile(s.errors, 0.5),
+      1e3 * quantile(s.errors, 0.95), 1e3 * quantile(s.errors, 1));
   if (!s.driftErrors.empty()) std::printf("  drift within %.2f ppm", quantile(s.driftErrors, 1));
   std::printf("  %.2f s\n", s.seconds);
   std::fflush(stdout);
@@ -146,7 +147,8 @@ Rendered rendered(const std::string& name, unsigned seed, const SoundLibrary& li
   std::map<int, std::vector<int>> devices;
   r.durations.resize(Eigen::Index(r.sounds.size()));
   for (std::size_t i = 0; i < r.sounds.size(); ++i) {
-    r.recordings.push_back({r.set.takes[i].name, std::int64_t(r.sounds[i].size()), r.set.takes[i].device});
+    r.recordings.push_back(
+        {r.set.takes[i].name, std::int64_t(r.sounds[i].size()), r.set.takes[i].device});
     r.durations(Eigen::Index(i)) = float(r.sounds[i].size() / 8000);
     devices[r.set.takes[i].device].push_back(int(i));
   }
@@ -176,10 +178,12 @@ Voted vote(const Rendered& r, float tolerance) {
 }
 
 // The vote alone: best offsets whether accepted or not, and what the two tests accept.
-void printVotes(const Rendered& r, const Voted& voted, std::map<std::string, std::array<int, 2>>& totals) {
+void printVotes(const Rendered& r, const Voted& voted,
+                std::map<std::string, std::array<int, 2>>& totals) {
   for (const matching::PairVote& v : voted.votes) {
     if (!v.stats) continue;
-    const Truth truth = truthOf(r.set.takes[std::size_t(v.first)], r.set.takes[std::size_t(v.second)]);
+    const Truth truth =
+        truthOf(r.set.takes[std::size_t(v.first)], r.set.takes[std::size_t(v.second)]);
     const bool right = truth.overlap > 0 && std::abs(v.stats->bestOffset - truth.offset) < kRight;
     if (truth.overlap >= 5) ++totals["best offset"][right ? 0 : 1];
     if (v.accepted == matching::Acceptance::strict) ++totals["strict test"][right ? 0 : 1];
@@ -226,7 +230,8 @@ Options parse(int argc, char** argv) {
 }
 
 void measure(const Options& options, const SoundLibrary& library, float tolerance) {
-  std::printf("tolerance %.3f, %s sound\n", double(tolerance), library.music.empty() ? "synthetic" : "real");
+  std::printf("tolerance %.3f, %s sound\n", double(tolerance),
+              library.music.empty() ? "synthetic" : "real");
   std::map<std::string, std::array<int, 2>> votes;
   Score byVotes, bySound;
   double fingerprints = 0, voting = 0, hours = 0;
@@ -242,13 +247,15 @@ void measure(const Options& options, const SoundLibrary& library, float toleranc
       fingerprints += voted.fingerprintSeconds, voting += voted.voteSeconds;
       for (const auto& sound : r.sounds) hours += double(sound.size()) / 8000 / 3600;
     }
-  std::printf("all sets: %.1f hours of sound, fingerprints %.2f s, votes %.2f s\n", hours, fingerprints, voting);
+  std::printf("all sets: %.1f hours of sound, fingerprints %.2f s, votes %.2f s\n", hours,
+              fingerprints, voting);
   for (const auto& [name, counts] : votes)
     std::printf("  vote, %-22s %4d right %4d wrong\n", name.c_str(), counts[0], counts[1]);
   print("placed by votes alone", byVotes);
   print("placed by sound", bySound);
   for (const auto& [tenth, counts] : bySound.calibration)
-    std::printf("  confidence %.1f to %.1f: %d of %d right\n", tenth / 10.0, (tenth + 1) / 10.0, counts.first, counts.second);
+    std::printf("  confidence %.1f to %.1f: %d of %d right\n", tenth / 10.0, (tenth + 1) / 10.0,
+                counts.first, counts.second);
 }
 
 }  // namespace

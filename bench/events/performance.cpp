@@ -102,7 +102,8 @@ std::vector<float> syntheticSpeech(double seconds, Random& random) {
 std::vector<float> syntheticMusic(double seconds, Random& random) {
   std::vector<float> out(static_cast<std::size_t>(seconds * kStageRate));
   const double beat = uniform(random, 0.22, 0.5);
-  for (double t = 0; t < seconds; t += beat * (random() % 3 == 0 ? 0.5 : 1) * uniform(random, 0.97, 1.03)) {
+  for (double t = 0; t < seconds;
+       t += beat * (random() % 3 == 0 ? 0.5 : 1) * uniform(random, 0.97, 1.03)) {
     const int voices = 1 + static_cast<int>(random() % 3);
     for (int v = 0; v < voices; ++v) {
       const double pitch = 110 * std::pow(2.0, double(random() % 36) / 12);
@@ -112,7 +113,8 @@ std::vector<float> syntheticMusic(double seconds, Random& random) {
         const double s = double(i) / kStageRate;
         double sum = 0;
         for (int h = 1; h <= 6 && pitch * h < 7000; ++h)
-          sum += std::sin(2 * std::numbers::pi * pitch * h * s) / h * std::exp(-decay * s * h * 0.5);
+          sum +=
+              std::sin(2 * std::numbers::pi * pitch * h * s) / h * std::exp(-decay * s * h * 0.5);
         out[first + i] += static_cast<float>(level * sum * std::min(1.0, s * 200));
       }
     }
@@ -122,7 +124,8 @@ std::vector<float> syntheticMusic(double seconds, Random& random) {
 
 std::vector<float> performance(SoundLibrary& library, Kind kind, double seconds, Random& random) {
   const auto speech = [&] {
-    auto s = library.speech.empty() ? std::vector<float>{} : fromLibrary(library.speech, seconds, random);
+    auto s = library.speech.empty() ? std::vector<float>{}
+                                    : fromLibrary(library.speech, seconds, random);
     if (s.size() < seconds * kStageRate) {
       const auto rest = syntheticSpeech(seconds - double(s.size()) / kStageRate, random);
       s.insert(s.end(), rest.begin(), rest.end());
@@ -130,7 +133,8 @@ std::vector<float> performance(SoundLibrary& library, Kind kind, double seconds,
     return s;
   };
   const auto music = [&] {
-    auto s = library.music.empty() ? std::vector<float>{} : fromLibrary(library.music, seconds, random);
+    auto s =
+        library.music.empty() ? std::vector<float>{} : fromLibrary(library.music, seconds, random);
     if (s.size() < seconds * kStageRate) {
       const auto rest = syntheticMusic(seconds - double(s.size()) / kStageRate, random);
       s.insert(s.end(), rest.begin(), rest.end());

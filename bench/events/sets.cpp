@@ -42,7 +42,8 @@ void addClips(Set& set, int event, int device, double shortest, double longest, 
 Set cameras(Random& random) {
   Set set{"cameras", {{Kind::both, 170}}, {}};
   for (int d = 0; d < 3; ++d)
-    addTake(set, 0, d, uniform(random, 0, 25), uniform(random, 100, 140), microphone(random, 10, 30));
+    addTake(set, 0, d, uniform(random, 0, 25), uniform(random, 100, 140),
+            microphone(random, 10, 30));
   addTake(set, 0, 3, 0, 170, microphone(random, 25, 40));
   return set;
 }
@@ -83,7 +84,8 @@ Set interview(Random& random) {
 Set strangers(Random& random) {
   Set set{"strangers", {{Kind::both, 240}, {Kind::speech, 200}}, {}};
   for (int d = 0; d < 3; ++d)
-    addTake(set, 0, d, uniform(random, 0, 40), uniform(random, 100, 200), microphone(random, 8, 25));
+    addTake(set, 0, d, uniform(random, 0, 40), uniform(random, 100, 200),
+            microphone(random, 8, 25));
   for (int d = 3; d < 6; ++d)
     addTake(set, 1, d, uniform(random, 0, 30), uniform(random, 80, 150), microphone(random, 8, 25));
   for (int d = 6; d < 11; ++d) {
@@ -116,7 +118,8 @@ Set playback(Random& random) {
 Set loop(Random& random) {
   Set set{"loop", {{Kind::both, 180, uniform(random, 8, 25)}}, {}};
   for (int d = 0; d < 3; ++d)
-    addTake(set, 0, d, uniform(random, 0, 60), uniform(random, 60, 110), microphone(random, 10, 25));
+    addTake(set, 0, d, uniform(random, 0, 60), uniform(random, 60, 110),
+            microphone(random, 10, 25));
   return set;
 }
 
@@ -143,9 +146,9 @@ Set longOnes(Random& random) {
 
 const std::vector<std::pair<std::string, std::function<Set(Random&)>>>& makers() {
   static const std::vector<std::pair<std::string, std::function<Set(Random&)>>> all = {
-      {"cameras", cameras},     {"wedding", wedding}, {"concert", concert},
+      {"cameras", cameras},     {"wedding", wedding},     {"concert", concert},
       {"interview", interview}, {"strangers", strangers}, {"hard", hard},
-      {"playback", playback},   {"loop", loop},       {"short", shortClips},
+      {"playback", playback},   {"loop", loop},           {"short", shortClips},
       {"long", longOnes}};
   return all;
 }

@@ -162,7 +162,8 @@ std::vector<float> render(const Take& take, const std::vector<float>& stage, Ran
   convolve(samples, roomResponse(mic, random));
   limitBand(samples, mic.bandHz);
   const auto disturbance = noise(samples.size(), mic, random);
-  const auto gain = static_cast<float>(levelOf(samples) * std::pow(10, -mic.snrDb / 20) / levelOf(disturbance));
+  const auto gain =
+      static_cast<float>(levelOf(samples) * std::pow(10, -mic.snrDb / 20) / levelOf(disturbance));
   for (std::size_t i = 0; i < samples.size(); ++i) samples[i] += gain * disturbance[i];
   addBumps(samples, mic, random);
   if (mic.automaticGain) automaticGain(samples);

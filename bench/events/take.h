@@ -9,26 +9,26 @@ namespace events {
 
 /// How one microphone hears an event.
 struct Microphone {
-  double snrDb = 30;            // level of the event over the device's own noise
-  double reverbSeconds = 0.3;   // time for the tail to fall by 60 dB; 0 = dry
-  double directDb = 6;          // direct sound over the tail's whole energy
-  double echoDb = -100;         // one strong reflection over the direct sound ...
-  double echoMs = 15;           // ... this much later
-  double driftPpm = 0;          // the device's clock against the event's
+  double snrDb = 30;           // level of the event over the device's own noise
+  double reverbSeconds = 0.3;  // time for the tail to fall by 60 dB; 0 = dry
+  double directDb = 6;         // direct sound over the tail's whole energy
+  double echoDb = -100;        // one strong reflection over the direct sound ...
+  double echoMs = 15;          // ... this much later
+  double driftPpm = 0;         // the device's clock against the event's
   bool automaticGain = false;
-  bool babble = false;          // the noise is other people's speech, not hiss
-  double bumpsPerMinute = 0;    // handling noise
-  double bandHz = 3700;         // upper edge of what it hears
-  bool clips = false;           // overdriven
+  bool babble = false;        // the noise is other people's speech, not hiss
+  double bumpsPerMinute = 0;  // handling noise
+  double bandHz = 3700;       // upper edge of what it hears
+  bool clips = false;         // overdriven
 };
 
 /// One file: what a device recorded from `startSeconds` on, on the event's clock.
 struct Take {
   std::string name;
-  int event = 0;            // index of the performance
-  int device = 0;           // devices are numbered over the whole set
+  int event = 0;   // index of the performance
+  int device = 0;  // devices are numbered over the whole set
   double startSeconds = 0;
-  double lengthSeconds = 0; // on the device's clock
+  double lengthSeconds = 0;  // on the device's clock
   Microphone microphone;
 };
 

@@ -10,8 +10,8 @@
 namespace matching {
 namespace {
 
-constexpr float kWhitening = 0.7f;   // 1 would weigh every bin alike, noise included
-constexpr float kEvening = 0.8f;     // 1 would bring pauses to full level
+constexpr float kWhitening = 0.7f;                  // 1 would weigh every bin alike, noise included
+constexpr float kEvening = 0.8f;                    // 1 would bring pauses to full level
 constexpr double kLowEdge = 120, kHighEdge = 3700;  // Hz; hum below, the converter's edge above
 
 using Samples = Eigen::Map<Eigen::ArrayXf>;
@@ -26,7 +26,8 @@ const Eigen::ArrayXf& taper(std::size_t count) {
   const auto size = static_cast<Eigen::Index>(count);
   if (window.size() != size) {
     const auto step = static_cast<float>(2 * std::numbers::pi / double(count));
-    window = 0.5f - 0.5f * (step * (Eigen::ArrayXf::LinSpaced(size, 0.5f, float(size) - 0.5f))).cos();
+    window =
+        0.5f - 0.5f * (step * (Eigen::ArrayXf::LinSpaced(size, 0.5f, float(size) - 0.5f))).cos();
   }
   return window;
 }

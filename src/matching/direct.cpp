@@ -9,7 +9,7 @@ namespace {
 constexpr int kReach = 280;      // 35 ms; later echoes are heard as such and are weaker
 constexpr int kSide = 8;         // 1 ms: the peak's own width
 constexpr float kRival = 0.45f;  // of the highest peak; less is an ordinary reflection
-constexpr float kSure = 0.15f;   // by so much the best explanation must be better than the next
+constexpr float kSure = 0.3f;    // an explanation so much better than the next leaves no doubt
 
 // Sum of the windows' correlations along the line; the middle element is the line.
 std::vector<float> stacked(std::span<const WindowCorrelation> windows, const DelayLine& line) {
@@ -17,7 +17,8 @@ std::vector<float> stacked(std::span<const WindowCorrelation> windows, const Del
   for (std::size_t w = 0; w < windows.size(); ++w) {
     if (w < line.heights.size() && line.heights[w] < kSupport) continue;
     const auto& lags = windows[w].lags;
-    const std::ptrdiff_t first = static_cast<std::ptrdiff_t>(lags.size() / 2) - std::ssize(sum) / 2 +
+    const std::ptrdiff_t first = static_cast<std::ptrdiff_t>(lags.size() / 2) -
+                                 std::ssize(sum) / 2 +
                                  std::lround(line.delaySamples + line.slope * windows[w].atSeconds);
     for (std::ptrdiff_t i = 0; i < std::ssize(sum); ++i)
       if (first + i >= 0 && first + i < std::ssize(lags))
@@ -70,18 +71,21 @@ std::vector<float> selfEchoes(std::span<const WindowCorrelation> windows) {
 DirectSound directSound(std::span<const ResponsePeak> peaks, std::span<const float> echoesOfA,
                         std::span<const float> echoesOfB) {
   DirectSound best;
-  float most = 0, next = 0;
+  float most = 0, next = 0, own = 0;
   int rival = 0;
   for (const ResponsePeak& peak : peaks) {
     const float sum = explained(peaks, peak, echoesOfA, echoesOfB);
     if (sum > most) {
       next = most, rival = best.shiftSamples;
-      most = sum, best.shiftSamples = peak.lag;
+      most = sum, own = peak.height, best.shiftSamples = peak.lag;
     } else if (sum > next) {
       next = sum, rival = peak.lag;
     }
   }
-  if (most < next * (1 + kSure)) best.doubtSamples = std::abs(rival - best.shiftSamples);
+  if (peaks.size() < 2) return best;
+  const float margin = std::min(most - own, most / next - 1);  // explained at all, and better
+  best.doubtSamples =
+      std::abs(rival - best.shiftSamples) * std::clamp(1 - margin / kSure, 0.0f, 1.0f);
   return best;
 }
 

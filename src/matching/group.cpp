@@ -52,7 +52,9 @@ class Groups {
     forest_.join(a.first, a.second, a.offsetSeconds);
     members_[std::size_t(forest_.group(a.first))] = std::move(all);
   }
-  const std::vector<int>& membersWith(int file) { return members_[std::size_t(forest_.group(file))]; }
+  const std::vector<int>& membersWith(int file) {
+    return members_[std::size_t(forest_.group(file))];
+  }
   double position(int file) { return forest_.position(file); }
   bool isRoot(int file) { return forest_.group(file) == file; }
 
@@ -82,7 +84,8 @@ OffsetOf offsetsBothWays(std::span<const Match> matches) {
 
 // A match's weight, more with every third recording that confirms it, less with every one that
 // contradicts it.
-std::vector<double> confirmedWeights(std::span<const Recording> recordings, std::span<const Match> matches) {
+std::vector<double> confirmedWeights(std::span<const Recording> recordings,
+                                     std::span<const Match> matches) {
   const OffsetOf offsets = offsetsBothWays(matches);
   std::vector<double> weights;
   for (const Match& match : matches) {
@@ -92,8 +95,9 @@ std::vector<double> confirmedWeights(std::span<const Recording> recordings, std:
       const int c = ac->first.second;
       const auto cb = offsets.find({c, b});
       if (cb == offsets.end()) continue;
-      const double longest = std::max({seconds(recordings[std::size_t(a)]), seconds(recordings[std::size_t(b)]),
-                                       seconds(recordings[std::size_t(c)])});
+      const double longest =
+          std::max({seconds(recordings[std::size_t(a)]), seconds(recordings[std::size_t(b)]),
+                    seconds(recordings[std::size_t(c)])});
       const double off = ac->second + cb->second - match.best.offsetSeconds;
       ++(std::abs(off) < kSame + kDriftPerSecond * longest ? agree : contradict);
     }
@@ -102,8 +106,10 @@ std::vector<double> confirmedWeights(std::span<const Recording> recordings, std:
   return weights;
 }
 
-std::vector<Match> inOrderOfWeight(std::span<const Recording> recordings, std::vector<Match> matches) {
-  std::ranges::sort(matches, {}, [](const Match& m) { return std::pair(m.best.first, m.best.second); });
+std::vector<Match> inOrderOfWeight(std::span<const Recording> recordings,
+                                   std::vector<Match> matches) {
+  std::ranges::sort(matches, {},
+                    [](const Match& m) { return std::pair(m.best.first, m.best.second); });
   const std::vector<double> weights = confirmedWeights(recordings, matches);
   std::vector<std::size_t> order(matches.size());
   std::iota(order.begin(), order.end(), 0);

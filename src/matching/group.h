@@ -13,7 +13,7 @@ struct Grouping {
   std::vector<std::vector<int>> members;  // file indices of each group, ascending
   std::vector<double> position;           // per file, seconds on its group's clock; 0 if alone
   std::vector<int> groupOf;               // per file; -1 if alone
-  std::vector<Match> kept;                 // matches that agree with the positions
+  std::vector<Match> kept;                // matches that agree with the positions
   std::vector<std::string> doubts;        // a sentence for every match that does not
 };
 

@@ -7,8 +7,8 @@
 namespace matching {
 namespace {
 
-constexpr double kSteepest = 150e-6 * 8000;  // samples per second; worse clocks are broken ones
-constexpr int kReach = 3;                    // samples around the line in which a peak counts
+constexpr double kSteepest = 150e-6 * 8000;    // samples per second; worse clocks are broken ones
+constexpr int kReach = 3;                      // samples around the line in which a peak counts
 constexpr float kChance = 3.5f, kMost = 8.0f;  // heights below say nothing, heights above no more
 constexpr int kPeaks = 3;                      // peaks of a window that may define a line
 
@@ -29,7 +29,8 @@ Peak peakNear(const WindowCorrelation& window, double delay) {
   double fine = 0;
   const float top = window.lags[std::size_t(best)];
   if (best > 0 && best + 1 < count) {
-    const float left = window.lags[std::size_t(best) - 1], right = window.lags[std::size_t(best) + 1];
+    const float left = window.lags[std::size_t(best) - 1],
+                right = window.lags[std::size_t(best) + 1];
     const float bend = left - 2 * top + right;
     if (bend < 0 && top >= left && top >= right) fine = 0.5 * (left - right) / bend;
   }
@@ -114,8 +115,10 @@ void refine(std::span<const WindowCorrelation> windows, DelayLine& line) {
   }
   const double variance = squares / sums.w + 0.02;  // interpolation itself is good to 0.15 samples
   const double count = double(peaks.size());
-  line.errorSamples = std::sqrt(variance / count + (spread > 0 ? variance * middle * middle * sums.w / spread / count : 0));
-  line.slopeError = peaks.size() > 2 && spread > 0 ? std::sqrt(variance * sums.w / spread / count) : 0;
+  line.errorSamples = std::sqrt(
+      variance / count + (spread > 0 ? variance * middle * middle * sums.w / spread / count : 0));
+  line.slopeError =
+      peaks.size() > 2 && spread > 0 ? std::sqrt(variance * sums.w / spread / count) : 0;
 }
 
 }  // namespace
@@ -126,7 +129,8 @@ DelayLine bestLine(std::span<const WindowCorrelation> windows) {
   refine(windows, line);
   line.evidence = evidenceOf(windows, line.delaySamples, line.slope);
   for (const auto& window : windows)
-    line.heights.push_back(peakNear(window, line.delaySamples + line.slope * window.atSeconds).height);
+    line.heights.push_back(
+        peakNear(window, line.delaySamples + line.slope * window.atSeconds).height);
   return line;
 }
 

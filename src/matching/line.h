@@ -7,14 +7,14 @@ namespace matching {
 
 /// The correlation of two recordings in one window of their overlap.
 struct WindowCorrelation {
-  double atSeconds;          // the window's middle, from the overlap's middle
-  std::vector<float> lags;   // see correlate(); the middle element is the supposed offset
+  double atSeconds;         // the window's middle, from the overlap's middle
+  std::vector<float> lags;  // see correlate(); the middle element is the supposed offset
 };
 
 /// A straight line through the windows' delays: delay(t) = samples + slope * t.
 struct DelayLine {
-  double delaySamples = 0;  // at the overlap's middle, against the supposed offset
-  double slope = 0;         // samples per second; 0.008 is one part in a million
+  double delaySamples = 0;     // at the overlap's middle, against the supposed offset
+  double slope = 0;            // samples per second; 0.008 is one part in a million
   std::vector<float> heights;  // per window: the correlation's height at the line
   double evidence = 0;         // what the windows say together; grows with their number
   double errorSamples = 0;     // standard error of delaySamples

@@ -6,10 +6,10 @@
 namespace matching {
 namespace {
 
-constexpr double kApart = 0.3;      // seconds; nearer offsets are one and the same to `verify`
+constexpr double kApart = 0.3;  // seconds; nearer offsets are one and the same to `verify`
 constexpr int kMostOffsets = 4;
-constexpr double kFaint = 0.35;     // of the best peak's significance; fainter ones are chance
-constexpr double kRivalry = 0.5;    // of the best one's strength; weaker fits are partial echoes
+constexpr double kFaint = 0.35;   // of the best peak's significance; fainter ones are chance
+constexpr double kRivalry = 0.5;  // of the best one's strength; weaker fits are partial echoes
 
 void addOffset(std::vector<double>& offsets, double offset) {
   const auto near = [&](double other) { return std::abs(other - offset) < kApart; };
@@ -21,7 +21,8 @@ Suspicion suspicionOf(const PairVote& vote) {
   Suspicion s{vote.first, vote.second, {}, 0};
   const bool accepted = vote.accepted != Acceptance::none && vote.stats;
   if (accepted) addOffset(s.offsets, vote.stats->bestOffset);
-  for (const DeltaPeak& peak : vote.peaks) s.significance = std::max(s.significance, peak.significance);
+  for (const DeltaPeak& peak : vote.peaks)
+    s.significance = std::max(s.significance, peak.significance);
   for (const DeltaPeak& peak : vote.peaks)
     if (peak.significance >= kFaint * s.significance) addOffset(s.offsets, peak.offsetSeconds);
   if (vote.stats) addOffset(s.offsets, vote.stats->bestOffset);
@@ -34,7 +35,8 @@ bool plausible(const Alignment& a) { return a.support >= 2 && a.evidence >= 6; }
 }  // namespace
 
 double weightOf(const Alignment& a) {
-  return a.strength * std::sqrt(double(a.support)) * std::max(1, a.support) / std::max(1, a.windows);
+  return a.strength * std::sqrt(double(a.support)) * std::max(1, a.support) /
+         std::max(1, a.windows);
 }
 
 std::vector<Suspicion> suspicionsOf(std::span<const PairVote> votes) {
@@ -46,7 +48,7 @@ std::vector<Suspicion> suspicionsOf(std::span<const PairVote> votes) {
 }
 
 std::optional<Match> examine(const Suspicion& suspicion, std::span<const Recording> recordings,
-                            const SoundReader& sound) {
+                             const SoundReader& sound) {
   const Pair pair{suspicion.first, suspicion.second,
                   recordings[std::size_t(suspicion.first)].samples,
                   recordings[std::size_t(suspicion.second)].samples};

@@ -16,9 +16,9 @@ struct Match {
 
 /// Supposed offsets of one pair.
 struct Suspicion {
-  int first, second;             // file indices
-  std::vector<double> offsets;   // seconds of second's start on first's clock, likeliest first
-  double significance = 0;       // of the likeliest
+  int first, second;            // file indices
+  std::vector<double> offsets;  // seconds of second's start on first's clock, likeliest first
+  double significance = 0;      // of the likeliest
 };
 
 /// The pairs whose votes suggest something, most significant first. A vote's own choice comes
@@ -28,7 +28,7 @@ std::vector<Suspicion> suspicionsOf(std::span<const PairVote> votes);
 /// Listens at every supposed offset and keeps the best that can be believed. Callable from any
 /// thread.
 std::optional<Match> examine(const Suspicion& suspicion, std::span<const Recording> recordings,
-                            const SoundReader& sound);
+                             const SoundReader& sound);
 
 /// How much a match weighs against others: the more windows fit, and the better, the more.
 double weightOf(const Alignment& alignment);

@@ -14,27 +14,31 @@
 namespace matching {
 namespace {
 
-constexpr int kBatch = 32;             // pairs examined at once; fixed, so that threads change nothing
-constexpr double kSuspicious = 6;      // significance of a vote's peak from which it is listened to
-constexpr double kWorthTrying = 4;     // the same where there are few pairs
-constexpr int kSmallSet = 12;          // recordings; in smaller sets every pair is worth its time
-constexpr int kEnough = 3;             // matches of a recording, after which more add little
-constexpr double kConfirms = 0.3;      // seconds; a suspicion so near speaks for a known position
-constexpr int kMostTries = 12;         // in vain, for two recordings; the search then goes on
-constexpr double kSearchShare = 8;     // the search may read every second of sound so often ...
+constexpr int kBatch = 32;          // pairs examined at once; fixed, so that threads change nothing
+constexpr double kSuspicious = 6;   // significance of a vote's peak from which it is listened to
+constexpr double kWorthTrying = 4;  // the same where there are few pairs
+constexpr int kSmallSet = 12;       // recordings; in smaller sets every pair is worth its time
+constexpr int kEnough = 3;          // matches of a recording, after which more add little
+constexpr double kConfirms = 0.3;   // seconds; a suspicion so near speaks for a known position
+constexpr int kMostTries = 12;      // in vain, for two recordings; the search then goes on
+constexpr double kSearchShare = 8;  // the search may read every second of sound so often ...
 constexpr double kSearchFloor = 14400;  // ... and this many seconds in any case
-constexpr int kMostPartners = 40;      // of one lonely recording in the search
-constexpr double kImpliedOverlap = 6;  // seconds two members must share to be worth a look
-constexpr double kPadding = 0.010;     // seconds; shorter overlaps on a device are moved apart
+constexpr int kMostPartners = 40;       // of one lonely recording in the search
+constexpr double kImpliedOverlap = 6;   // seconds two members must share to be worth a look
+constexpr double kPadding = 0.010;      // seconds; shorter overlaps on a device are moved apart
 
 /// What is known while a placement is worked out.
 class Placer {
  public:
   Placer(std::span<const Recording> recordings, std::span<const PairVote> votes,
          const SoundReader& sound, const PlacementProgress& progress)
-      : recordings_(recordings), votes_(votes), sound_(sound), progress_(progress),
+      : recordings_(recordings),
+        votes_(votes),
+        sound_(sound),
+        progress_(progress),
         connected_(static_cast<int>(recordings.size())),
-        matchCount_(recordings.size(), 0), partners_(recordings.size(), 0),
+        matchCount_(recordings.size(), 0),
+        partners_(recordings.size(), 0),
         tries_(recordings.size(), 0) {}
 
   Placement place() {
@@ -46,21 +50,25 @@ class Placer {
   }
 
  private:
-  double seconds(int file) const { return double(recordings_[std::size_t(file)].samples) / kSampleRate; }
+  double seconds(int file) const {
+    return double(recordings_[std::size_t(file)].samples) / kSampleRate;
+  }
   bool cancelled() const { return progress_.cancelled && progress_.cancelled(); }
   bool sameDevice(int a, int b) const {
     const int device = recordings_[std::size_t(a)].device;
     return device >= 0 && device == recordings_[std::size_t(b)].device;
   }
   bool comparable(int a, int b) const {
-    return recordings_[std::size_t(a)].samples > 0 && recordings_[std::size_t(b)].samples > 0 && !sameDevice(a, b);
+    return recordings_[std::size_t(a)].samples > 0 && recordings_[std::size_t(b)].samples > 0 &&
+           !sameDevice(a, b);
   }
   bool small() const { return recordings_.size() <= kSmallSet; }
 
   std::vector<Suspicion> votedSuspicions() const {
     std::vector<Suspicion> all = suspicionsOf(votes_);
     std::erase_if(all, [&](const Suspicion& s) {
-      return s.significance < (small() ? kWorthTrying : kSuspicious) || !comparable(s.first, s.second);
+      return s.significance < (small() ? kWorthTrying : kSuspicious) ||
+             !comparable(s.first, s.second);
     });
     return all;
   }
@@ -68,10 +76,15 @@ class Placer {
   // Recordings that are placed already need no more than some confirmation where they stand.
   bool wanted(const Suspicion& s) {
     const auto known = connected_.between(s.first, s.second);
-    if (!known) return tries_[std::size_t(s.first)] < kMostTries || tries_[std::size_t(s.second)] < kMostTries;
+    if (!known)
+      return tries_[std::size_t(s.first)] < kMostTries ||
+             tries_[std::size_t(s.second)] < kMostTries;
     if (small()) return true;
-    const bool enough = matchCount_[std::size_t(s.first)] >= kEnough && matchCount_[std::size_t(s.second)] >= kEnough;
-    return !enough && std::ranges::any_of(s.offsets, [&](double offset) { return std::abs(offset - *known) < kConfirms; });
+    const bool enough = matchCount_[std::size_t(s.first)] >= kEnough &&
+                        matchCount_[std::size_t(s.second)] >= kEnough;
+    return !enough && std::ranges::any_of(s.offsets, [&](double offset) {
+      return std::abs(offset - *known) < kConfirms;
+    });
   }
 
   void listen(std::vector<Suspicion> suspicions) {
@@ -83,7 +96,8 @@ class Placer {
         ++next;
       }
       examineBatch(batch);
-      if (progress_.step) progress_.step(static_cast<int>(next), static_cast<int>(suspicions.size()));
+      if (progress_.step)
+        progress_.step(static_cast<int>(next), static_cast<int>(suspicions.size()));
     }
   }
 
@@ -121,7 +135,8 @@ class Placer {
     const auto count = static_cast<int>(recordings_.size());
     for (int a = 0; a < count; ++a)
       for (int b = a + 1; b < count; ++b)
-        if (comparable(a, b) && connected_.group(a) != connected_.group(b)) pairs.emplace_back(a, b);
+        if (comparable(a, b) && connected_.group(a) != connected_.group(b))
+          pairs.emplace_back(a, b);
     const auto promise = [&](const std::pair<int, int>& p) {
       const auto known = significance.find(p);
       const bool lonely = !matchCount_[std::size_t(p.first)] || !matchCount_[std::size_t(p.second)];
@@ -134,12 +149,15 @@ class Placer {
 
   std::vector<std::pair<int, int>> withinBudget(std::span<const std::pair<int, int>> pairs) const {
     double budget = kSearchFloor;
-    for (int file = 0; file < std::ssize(recordings_); ++file) budget += kSearchShare * seconds(file);
+    for (int file = 0; file < std::ssize(recordings_); ++file)
+      budget += kSearchShare * seconds(file);
     std::vector<int> partners(recordings_.size(), 0);
     std::vector<std::pair<int, int>> chosen;
     for (const auto& [a, b] : pairs) {
       const double cost = seconds(a) + seconds(b);
-      if (cost > budget || std::min(partners[std::size_t(a)], partners[std::size_t(b)]) >= kMostPartners) continue;
+      if (cost > budget ||
+          std::min(partners[std::size_t(a)], partners[std::size_t(b)]) >= kMostPartners)
+        continue;
       budget -= cost;
       ++partners[std::size_t(a)];
       ++partners[std::size_t(b)];
@@ -152,7 +170,8 @@ class Placer {
     TextureSearch search(recordings_, sound_);
     const auto pairs = unconnectedPairs();
     for (std::size_t at = 0; at < pairs.size() && !cancelled(); at += kBatch) {
-      const auto batch = std::span(pairs).subspan(at, std::min<std::size_t>(kBatch, pairs.size() - at));
+      const auto batch =
+          std::span(pairs).subspan(at, std::min<std::size_t>(kBatch, pairs.size() - at));
       std::vector<std::pair<int, int>> open;
       for (const auto& [a, b] : batch)
         if (connected_.group(a) != connected_.group(b)) open.emplace_back(a, b);
@@ -180,10 +199,12 @@ class Placer {
     for (const auto& members : grouping.members)
       for (const int a : members)
         for (const int b : members) {
-          const double offset = grouping.position[std::size_t(b)] - grouping.position[std::size_t(a)];
+          const double offset =
+              grouping.position[std::size_t(b)] - grouping.position[std::size_t(a)];
           const double overlap = std::min(seconds(a), offset + seconds(b)) - std::max(0.0, offset);
           if (a == b || !comparable(a, b) || linked_.contains(std::minmax(a, b)) ||
-              overlap < kImpliedOverlap || matchCount_[std::size_t(a)] > 1 || asked[std::size_t(a)] >= kEnough)
+              overlap < kImpliedOverlap || matchCount_[std::size_t(a)] > 1 ||
+              asked[std::size_t(a)] >= kEnough)
             continue;
           ++asked[std::size_t(a)];
           implied.push_back({a, b, {offset}, overlap});
@@ -222,11 +243,14 @@ class Placer {
     const Positions positions = solvePositions(recordings_, members, matches);
     PlacedGroup group;
     for (std::size_t i = 0; i < members.size(); ++i) {
-      Placed placed{members[i], positions.seconds[i], 0, positions.errorSeconds[i], positions.driftPpm[i], {}};
+      Placed placed{
+          members[i], positions.seconds[i], 0, positions.errorSeconds[i], positions.driftPpm[i],
+          {}};
       describe(placed, matches);
       group.members.push_back(std::move(placed));
     }
-    std::ranges::sort(group.members, {}, [](const Placed& p) { return std::pair(p.offsetSeconds, p.file); });
+    std::ranges::sort(group.members, {},
+                      [](const Placed& p) { return std::pair(p.offsetSeconds, p.file); });
     moveDevicesApart(group);
     return group;
   }
@@ -237,7 +261,8 @@ class Placer {
     double wrong = 1;
     for (const Match& m : matches) {
       if (m.best.first != placed.file && m.best.second != placed.file) continue;
-      others.emplace_back(-weightOf(m.best), m.best.first == placed.file ? m.best.second : m.best.first);
+      others.emplace_back(-weightOf(m.best),
+                          m.best.first == placed.file ? m.best.second : m.best.first);
       wrong *= 1 - m.best.confidence;
     }
     std::ranges::sort(others);

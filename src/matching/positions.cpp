@@ -42,7 +42,8 @@ struct System {
 };
 
 // Equations that lie farther off than `far` lose their weight round by round.
-Eigen::VectorXd robustSolution(int unknowns, std::vector<Equation>& equations, int fixed, double far) {
+Eigen::VectorXd robustSolution(int unknowns, std::vector<Equation>& equations, int fixed,
+                               double far) {
   Eigen::VectorXd value;
   for (int round = 0; round < kRounds; ++round) {
     const System system(unknowns, equations, fixed);
@@ -85,7 +86,8 @@ int anchor(const Numbering& numbers, std::span<const Match> matches) {
   return best;
 }
 
-void solveDrift(const Numbering& numbers, std::span<const Match> matches, int reference, Positions& out) {
+void solveDrift(const Numbering& numbers, std::span<const Match> matches, int reference,
+                Positions& out) {
   std::vector<Equation> equations;
   for (const Match& m : matches)
     if (m.best.driftError > 0)
@@ -109,7 +111,8 @@ void solveDrift(const Numbering& numbers, std::span<const Match> matches, int re
 void estimateErrors(const Numbering& numbers, std::span<const Equation> equations, Positions& out) {
   std::vector<double> weights(numbers.member.size(), 0.0);
   for (const Equation& e : equations) {
-    const double off = out.seconds[std::size_t(e.to)] - out.seconds[std::size_t(e.from)] - e.difference;
+    const double off =
+        out.seconds[std::size_t(e.to)] - out.seconds[std::size_t(e.from)] - e.difference;
     const double weight = 1 / (e.error * e.error + off * off);
     weights[std::size_t(e.from)] += weight;
     weights[std::size_t(e.to)] += weight;

@@ -28,7 +28,8 @@ void TextureSearch::prepare(std::span<const int> files) {
 
 Suspicion TextureSearch::suspect(int first, int second) const {
   Suspicion s{first, second, {}, 0};
-  for (const Resemblance& r : resemblances(textures_.at(first), textures_.at(second), kOffsets, kLeastOverlap)) {
+  for (const Resemblance& r :
+       resemblances(textures_.at(first), textures_.at(second), kOffsets, kLeastOverlap)) {
     if (r.strength < kStrong) break;
     s.offsets.push_back(r.offsetSeconds);
     s.significance = std::max(s.significance, r.strength);

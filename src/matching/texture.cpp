@@ -40,7 +40,8 @@ Texture bandLevels(std::span<const float> samples) {
     const Spectrum spectrum = forward(window);
     for (int b = 0; b < kTextureBands; ++b) {
       float power = 0;
-      for (int k = edges[static_cast<std::size_t>(b)]; k < edges[static_cast<std::size_t>(b) + 1]; ++k)
+      for (int k = edges[static_cast<std::size_t>(b)]; k < edges[static_cast<std::size_t>(b) + 1];
+           ++k)
         power += std::norm(spectrum[static_cast<std::size_t>(k)]);
       levels(t, b) = power;
     }

@@ -10,11 +10,11 @@
 namespace matching {
 namespace {
 
-constexpr double kLeastOverlap = 1.5;   // seconds; below there is nothing to compare
-constexpr double kReach = 0.1;          // seconds around the supposed offset
+constexpr double kLeastOverlap = 1.5;     // seconds; below there is nothing to compare
+constexpr double kReach = 0.1;            // seconds around the supposed offset
 constexpr double kReachPerSecond = 5e-5;  // drift may add this much for every second of overlap
-constexpr double kPeakWidth = 16;        // samples; what belongs to the peak on the line
-constexpr double kGlimmer = 4;          // evidence of half the windows that is worth the others
+constexpr double kPeakWidth = 16;         // samples; what belongs to the peak on the line
+constexpr double kGlimmer = 4;            // evidence of half the windows that is worth the others
 constexpr int kFew = 6, kMany = 14;
 
 struct Overlap {
@@ -76,7 +76,8 @@ std::vector<WindowCorrelation> correlateAll(const Windows& windows, Care care) {
   std::vector<WindowCorrelation> result;
   for (std::size_t i = 0; i < windows.middles.size(); i += 2)
     result.push_back(correlateAt(windows, windows.middles[i]));
-  if (care == Care::glance && result.size() > 2 && bestLine(result).evidence < kGlimmer) return result;
+  if (care == Care::glance && result.size() > 2 && bestLine(result).evidence < kGlimmer)
+    return result;
   for (std::size_t i = 1; i < windows.middles.size(); i += 2)
     result.push_back(correlateAt(windows, windows.middles[i]));
   return result;
@@ -132,8 +133,8 @@ void summarise(Alignment& alignment, const DelayLine& line,
 }
 
 double confidenceOf(const Alignment& a) {
-  const double said = 0.15 * a.evidence + 0.25 * std::min(a.strength, 20.0) +
-                      1.5 * std::min(a.distinct, 3.0) - 5.5;
+  const double said =
+      0.15 * a.evidence + 0.25 * std::min(a.strength, 20.0) + 1.5 * std::min(a.distinct, 3.0) - 5.5;
   return 1 / (1 + std::exp(-said));
 }
 
@@ -148,8 +149,8 @@ Alignment verify(const Pair& pair, double offsetSeconds, const SoundReader& soun
   const int length = windowLength(overlap.length(), care);
   const double reach = std::min(0.5, kReach + kReachPerSecond * overlap.length());
   const int maxLag = std::min(length / 4, static_cast<int>(reach * kSampleRate));
-  const Windows windows{pair,   offset, overlap, length, maxLag,
-                        windowMiddles(overlap, length, care), sound};
+  const Windows windows{pair, offset, overlap, length, maxLag, windowMiddles(overlap, length, care),
+                        sound};
   const auto correlations = correlateAll(windows, care);
   const DelayLine line = bestLine(correlations);
   const DirectSound direct =
@@ -166,7 +167,8 @@ Alignment verify(const Pair& pair, double offsetSeconds, const SoundReader& soun
 
 bool believed(const Alignment& a) {
   if (a.support < 3 || a.spreadSeconds < 1.5) return false;
-  const bool clear = a.strength >= 15 && a.distinct >= 1.8;  // few such windows are enough
+  const bool clear = (a.strength >= 15 && a.distinct >= 1.8) ||  // few such windows are enough
+                     (a.strength >= 25 && a.support * 2 >= a.windows);  // echoes beside the peak
   return clear || (a.support >= 4 && a.support * 10 >= 3 * a.windows && a.evidence >= 14 &&
                    a.strength >= 6.5 && a.distinct >= 1.2);
 }
