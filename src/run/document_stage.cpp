@@ -30,9 +30,12 @@ timeline::Media mediaOf(const Material& material, int file) {
 
 /// Stores a text and lists it among the outputs, or says why it could not be stored.
 void store(const std::string& file, const std::string& text, Outcome& outcome) {
-  const report::Status status = report::writeWhole(report::fromUtf8(file), text);
+  const std::filesystem::path path = report::fromUtf8(file);
+  const report::Status status = report::writeWhole(path, text);
+  std::error_code failed;  // the name as given is the next best
+  const std::filesystem::path whole = std::filesystem::absolute(path, failed);
   if (status.ok())
-    outcome.outputs.push_back(file);
+    outcome.outputs.push_back(report::toUtf8(failed ? path : whole));
   else
     outcome.notices.push_back("A file was not written: " + status.error + ".");
 }

@@ -60,8 +60,10 @@ TEST_F(Align, AFolderIsSynchronisedAndLeftAsItWas) {
   const auto& members = result["groups"][0]["members"];
   ASSERT_EQ(members.size(), 2u);
   EXPECT_NEAR(members[1]["offset_seconds"].get<double>(), 4.5, 0.06);
-  for (const auto& path : result["outputs"])
-    EXPECT_TRUE(fs::exists(report::fromUtf8(path.get<std::string>()))) << path;
+  for (const auto& written : result["outputs"]) {
+    const fs::path path = report::fromUtf8(written.get<std::string>());
+    EXPECT_TRUE(path.is_absolute() && fs::exists(path)) << path;
+  }
   EXPECT_NE(output_.find("b.wav"), std::string::npos);
   for (const char* text : {"READ2SYNC.txt", "PROBLEMS.TXT", "tempresults.txt"})
     EXPECT_GT(fs::file_size(folder_ / "Desktop/SYNCED" / text), 0u) << text;
