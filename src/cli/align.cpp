@@ -35,12 +35,16 @@ class ErrorConsole final : public report::Console {
   void line(std::string_view text) override { say(std::string(text)); }
 };
 
+std::string wholePath(const std::string& name) {
+  std::error_code failed;  // the name as given is the next best
+  const std::filesystem::path given = report::fromUtf8(name);
+  const std::filesystem::path whole = std::filesystem::absolute(given, failed).lexically_normal();
+  return report::toUtf8(failed ? given : whole);
+}
+
 void useProfile(const std::string& folder) {
   if (folder.empty()) return;
-  std::error_code failed;  // the name as given is the next best
-  const std::filesystem::path given = report::fromUtf8(folder);
-  const std::filesystem::path whole = std::filesystem::absolute(given, failed).lexically_normal();
-  std::string text = report::toUtf8(failed ? given : whole);
+  std::string text = wholePath(folder);
   if (text.size() > 1 && text.ends_with('/')) text.pop_back();
   report::useProfileFolder(text);
 }
@@ -113,6 +117,9 @@ int align(const Arguments& arguments) {
     std::fputs(error.text.c_str(), stderr);
     return error.exitStatus;
   }
+  const std::string json =
+      arguments.json.empty() || arguments.json == "-" ? arguments.json : wholePath(arguments.json);
+  startBesideFfmpeg();
   watchForInterrupt();
   run::SystemServices system;
   ErrorConsole errors;
@@ -122,7 +129,7 @@ int align(const Arguments& arguments) {
   if (!finished.outcome.cancelled) writeProblems(arguments, finished.result, system, console);
   if (!arguments.quiet)
     for (const std::string& notice : finished.outcome.notices) say("Note: " + notice);
-  const report::Status shown = show(finished.outcome, arguments.json);
+  const report::Status shown = show(finished.outcome, json);
   return shown.ok() ? exitStatus(finished.outcome) : fail(shown.error);
 }
 

@@ -4,6 +4,7 @@
 
 #include <array>
 #include <csignal>
+#include <string>
 
 #include "cli/terminal.h"
 
@@ -27,6 +28,13 @@ std::vector<std::string> utf8Arguments(int, char**) {
   for (int i = 1; i < count; ++i) result.push_back(utf8(words[i]));
   LocalFree(words);
   return result;
+}
+
+void startBesideFfmpeg() {
+  if (GetFileAttributesW(L"ffmpeg.exe") != INVALID_FILE_ATTRIBUTES) return;
+  std::wstring program(32768, L'\0');  // the longest path that there is
+  program.resize(GetModuleFileNameW(nullptr, program.data(), static_cast<DWORD>(program.size())));
+  SetCurrentDirectoryW(program.substr(0, program.find_last_of(L'\\')).c_str());
 }
 
 void useUtf8Output() { SetConsoleOutputCP(CP_UTF8); }

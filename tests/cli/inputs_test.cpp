@@ -57,11 +57,13 @@ TEST_F(Inputs, DevicesStandBetweenTheirMarkers) {
 
 TEST_F(Inputs, ListsHoldMarkersAndNamesFromTheirFolder) {
   const std::string begin(run::kBeginMarker), end(run::kEndMarker);
+  const std::u8string root = fs::temp_directory_path().root_path().generic_u8string();
+  const std::string whole = std::string(root.begin(), root.end()) + "abs/c.mov";
   (void)report::writeWhole(folder_ / "list.txt",
-                           "\xef\xbb\xbf" + begin + "\r\na.wav\r\n\r\n" + end + "\n/abs/c.mov");
+                           "\xef\xbb\xbf" + begin + "\r\na.wav\r\n\r\n" + end + "\n" + whole);
   const cli::Inputs inputs = collected({}, {}, {path("list.txt")});
   EXPECT_EQ(inputs.error, "");
-  EXPECT_EQ(inputs.entries, (Strings{begin, path("a.wav"), end, "/abs/c.mov"}));
+  EXPECT_EQ(inputs.entries, (Strings{begin, path("a.wav"), end, whole}));
   EXPECT_NE(collected({}, {}, {path("none")}).error.find("--list"), std::string::npos);
   EXPECT_NE(collected({}, {}, {path("card")}).error.find("--list"), std::string::npos);
 }
