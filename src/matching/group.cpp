@@ -101,7 +101,7 @@ std::vector<double> confirmedWeights(std::span<const Recording> recordings,
       const double off = ac->second + cb->second - match.best.offsetSeconds;
       ++(std::abs(off) < kSame + kDriftPerSecond * longest ? agree : contradict);
     }
-    weights.push_back(weightOf(match.best) * (1.0 + agree) / (1.0 + contradict));
+    weights.push_back(weightOf(match.best) * (1.0 + agree) / ((1.0 + contradict) * (1.0 + contradict)));
   }
   return weights;
 }

@@ -35,8 +35,8 @@ bool plausible(const Alignment& a) { return a.support >= 2 && a.evidence >= 6; }
 }  // namespace
 
 double weightOf(const Alignment& a) {
-  return a.strength * std::sqrt(double(a.support)) * std::max(1, a.support) /
-         std::max(1, a.windows);
+  const double fraction = double(a.support) / std::max(1, a.windows);
+  return a.strength * a.strength * std::sqrt(double(a.support)) * fraction;
 }
 
 std::vector<Suspicion> suspicionsOf(std::span<const PairVote> votes) {

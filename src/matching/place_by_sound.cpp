@@ -19,9 +19,12 @@ constexpr double kSuspicious = 6;   // significance of a vote's peak from which 
 constexpr double kWorthTrying = 4;  // the same where there are few pairs
 constexpr int kSmallSet = 12;       // recordings; in smaller sets every pair is worth its time
 constexpr int kEnough = 3;          // matches of a recording, after which more add little
-constexpr double kConfirms = 0.3;   // seconds; a suspicion so near speaks for a known position
-constexpr int kMostTries = 12;      // in vain, for two recordings; the search then goes on
-constexpr double kSearchShare = 8;  // the search may read every second of sound so often ...
+// Music that repeats fits at wrong offsets too, up to a strength of 14; weaker matches than this
+// count, but do not end the search for a better one.
+constexpr double kSure = 18;
+constexpr double kConfirms = 0.3;       // seconds; a suspicion so near speaks for a known position
+constexpr int kMostTries = 12;          // in vain, for two recordings; the search then goes on
+constexpr double kSearchShare = 8;      // the search may read every second of sound so often ...
 constexpr double kSearchFloor = 14400;  // ... and this many seconds in any case
 constexpr int kMostPartners = 40;       // of one lonely recording in the search
 constexpr double kImpliedOverlap = 6;   // seconds two members must share to be worth a look
@@ -117,12 +120,27 @@ class Placer {
 
   void add(Match match) {
     const int a = match.best.first, b = match.best.second;
-    if (connected_.group(a) != connected_.group(b)) connected_.join(a, b, match.best.offsetSeconds);
-    ++matchCount_[std::size_t(a)];
-    ++matchCount_[std::size_t(b)];
-    tries_[std::size_t(a)] = tries_[std::size_t(b)] = 0;
-    linked_.insert(std::minmax(a, b));
-    matches_.push_back(std::move(match));
+    if (match.best.strength >= kSure) {
+      if (connected_.group(a) != connected_.group(b))
+        connected_.join(a, b, match.best.offsetSeconds);
+      ++matchCount_[std::size_t(a)];
+      ++matchCount_[std::size_t(b)];
+      tries_[std::size_t(a)] = tries_[std::size_t(b)] = 0;
+    }
+    if (linked_.insert(std::minmax(a, b)).second)
+      matches_.push_back(std::move(match));
+    else
+      keepBetter(std::move(match));
+  }
+
+  // A pair that was listened to again: the better of both offsets leads, the other stays a rival.
+  void keepBetter(Match match) {
+    const auto known = std::ranges::find_if(matches_, [&](const Match& m) {
+      return std::minmax(m.best.first, m.best.second) ==
+             std::minmax(match.best.first, match.best.second);
+    });
+    if (weightOf(match.best) > weightOf(known->best)) std::swap(*known, match);
+    known->rivals.push_back(match.best);
   }
 
   // Pairs that would connect what is not connected yet, the most promising first, as many as the

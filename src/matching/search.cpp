@@ -5,7 +5,8 @@
 namespace matching {
 namespace {
 
-constexpr int kOffsets = 3;
+constexpr int kOffsets = 3, kMoreOffsets = 10;
+constexpr double kRelated = 6;       // from here on the pair is likely related, perhaps repeatedly
 constexpr double kStrong = 3.8;      // what chance rarely gives at the best of many offsets
 constexpr double kLeastOverlap = 4;  // seconds; two textures share that much by chance anywhere
 
@@ -29,7 +30,8 @@ void TextureSearch::prepare(std::span<const int> files) {
 Suspicion TextureSearch::suspect(int first, int second) const {
   Suspicion s{first, second, {}, 0};
   for (const Resemblance& r :
-       resemblances(textures_.at(first), textures_.at(second), kOffsets, kLeastOverlap)) {
+       resemblances(textures_.at(first), textures_.at(second), kMoreOffsets, kLeastOverlap)) {
+    if (std::ssize(s.offsets) >= (s.significance < kRelated ? kOffsets : kMoreOffsets)) break;
     if (r.strength < kStrong) break;
     s.offsets.push_back(r.offsetSeconds);
     s.significance = std::max(s.significance, r.strength);
