@@ -109,7 +109,8 @@ std::string escaped(std::string_view text) {
 
 bool isWindowsPath(std::string_view path) {
   const auto letter = [](char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); };
-  return path.starts_with("\\\\") || (path.size() >= 2 && letter(path[0]) && path[1] == ':');
+  const bool share = path.starts_with("//") || path.starts_with("\\\\");
+  return share || (path.size() >= 2 && letter(path[0]) && path[1] == ':');
 }
 
 std::string_view fileName(std::string_view path) {

@@ -19,7 +19,8 @@ std::string oneLine(std::string_view text);
 /// `text` cleaned and escaped for XML, for use between tags and inside double quotes.
 std::string escaped(std::string_view text);
 
-/// Whether `path` is one of Windows: a drive letter with a colon, or a network share.
+/// Whether `path` is one of Windows: a drive letter with a colon, or a network share
+/// (two slashes of either kind).
 bool isWindowsPath(std::string_view path);
 
 /// The last part of `path`, as the file system names it.

@@ -49,6 +49,7 @@ TEST(FileUrl, NamesFilesOfEverySystem) {
        "file:///a%20b/%C3%A9%FF%3F%23.mov"},
       {"C:\\a&b\\c.mov", "file://localhost/C%3A/a%26b/c.mov", "file:///C:/a%26b/c.mov"},
       {"\\\\nas\\x\\c.wav", "file://localhost//nas/x/c.wav", "file://nas/x/c.wav"},
+      {"//nas/x/c \\d.wav", "file://localhost//nas/x/c%20/d.wav", "file://nas/x/c%20/d.wav"},
       {"/a\\b.mov", "file://localhost/a%5Cb.mov", "file:///a%5Cb.mov"}};
   for (const auto& [path, editor, standard] : cases) {
     EXPECT_EQ(fileUrl(path, UrlStyle::editor), editor);
