@@ -1,26 +1,13 @@
 #include "app/waveform.h"
 
-#include <sndfile.h>
-
 #include <algorithm>
 #include <cmath>
-#include <memory>
 #include <vector>
 
-#include "report/files.h"
+#include "analysis/sound_file.h"
 
 namespace app {
 namespace {
-
-using SoundFile = std::unique_ptr<SNDFILE, int (*)(SNDFILE*)>;
-
-SoundFile openSound(const std::string& path, SF_INFO& info) {
-#ifdef _WIN32
-  return {sf_wchar_open(report::fromUtf8(path).c_str(), SFM_READ, &info), sf_close};
-#else
-  return {sf_open(path.c_str(), SFM_READ, &info), sf_close};
-#endif
-}
 
 float loudest(const std::vector<float>& samples, sf_count_t count) {
   float peak = 0;
@@ -42,7 +29,7 @@ QList<quint8> scaledToLoudest(const std::vector<float>& peaks) {
 
 Waveform readWaveform(const std::string& path) {
   SF_INFO info = {};
-  const SoundFile file = openSound(path, info);
+  const analysis::SoundFile file = analysis::openSoundFile(path, info);
   if (!file || info.samplerate < Waveform::kPeaksPerSecond) return {};
   const sf_count_t frames = info.samplerate / Waveform::kPeaksPerSecond;
   std::vector<float> block(static_cast<std::size_t>(frames) * info.channels);

@@ -10,7 +10,7 @@ namespace app {
 std::string workingDirectory() {
   std::error_code error;
   const std::filesystem::path folder = std::filesystem::current_path(error);
-  return error ? "X" : report::toUtf8(folder);
+  return error ? "X" : report::nativeUtf8(folder);
 }
 
 }  // namespace app

@@ -2,13 +2,13 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <filesystem>
 
 #include "cli/inputs.h"
 #include "cli/interrupt.h"
 #include "cli/progress_line.h"
 #include "cli/result_json.h"
 #include "cli/terminal.h"
+#include "report/disk.h"
 #include "report/files.h"
 #include "report/profile.h"
 #include "report/run_report.h"
@@ -35,16 +35,9 @@ class ErrorConsole final : public report::Console {
   void line(std::string_view text) override { say(std::string(text)); }
 };
 
-std::string wholePath(const std::string& name) {
-  std::error_code failed;  // the name as given is the next best
-  const std::filesystem::path given = report::fromUtf8(name);
-  const std::filesystem::path whole = std::filesystem::absolute(given, failed).lexically_normal();
-  return report::toUtf8(failed ? given : whole);
-}
-
 void useProfile(const std::string& folder) {
   if (folder.empty()) return;
-  std::string text = wholePath(folder);
+  std::string text = report::wholePath(folder);
   if (text.size() > 1 && text.ends_with('/')) text.pop_back();
   report::useProfileFolder(text);
 }
@@ -117,8 +110,9 @@ int align(const Arguments& arguments) {
     std::fputs(error.text.c_str(), stderr);
     return error.exitStatus;
   }
-  const std::string json =
-      arguments.json.empty() || arguments.json == "-" ? arguments.json : wholePath(arguments.json);
+  const std::string json = arguments.json.empty() || arguments.json == "-"
+                               ? arguments.json
+                               : report::wholePath(arguments.json);
   startBesideFfmpeg();
   watchForInterrupt();
   run::SystemServices system;

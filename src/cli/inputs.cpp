@@ -6,6 +6,7 @@
 #include <fstream>
 #include <set>
 
+#include "report/disk.h"
 #include "report/files.h"
 #include "report/text.h"
 #include "run/entries.h"
@@ -28,42 +29,28 @@ std::string lowerCase(std::string text) {
   return text;
 }
 
-std::string wholePath(const fs::path& path) {
-  std::error_code failed;
-  const fs::path whole = fs::absolute(path, failed).lexically_normal();
-  return report::toUtf8(failed ? path : whole);
-}
-
 bool isHidden(const std::string& name) { return name.starts_with('.'); }
 
-/// The media files in and below `folder`, sorted; folders that may not be read are passed over.
-Strings mediaFilesBelow(const fs::path& folder) {
-  Strings files;
-  std::error_code failed;
-  fs::recursive_directory_iterator item(folder, fs::directory_options::skip_permission_denied,
-                                        failed);
-  for (; !failed && item != fs::recursive_directory_iterator(); item.increment(failed)) {
-    std::error_code unknown;  // a kind that cannot be told is neither folder nor file
-    const std::string name = report::toUtf8(item->path().filename());
-    if (item->is_directory(unknown)) {
-      if (isHidden(name)) item.disable_recursion_pending();
-    } else if (item->is_regular_file(unknown) && looksLikeMedia(name)) {
-      files.push_back(wholePath(item->path()));
-    }
+/// The media files in and below `folder`; folders that may not be read are passed over.
+void addMediaFilesBelow(const std::string& folder, Strings& files) {
+  for (const report::FolderItem& item : report::itemsOf(report::fromUtf8(folder))) {
+    const std::string path = folder + (folder.ends_with('/') ? "" : "/") + item.name;
+    if (item.isFolder && !isHidden(item.name)) addMediaFilesBelow(path, files);
+    if (item.isFile && looksLikeMedia(item.name)) files.push_back(path);
   }
-  std::ranges::sort(files);
-  return files;
 }
 
 /// One named file or folder as files.
 void expand(const std::string& entry, Strings& files, Strings& notices) {
   std::error_code unknown;  // what cannot be asked about is left to the run to report
-  const fs::path path = report::fromUtf8(entry);
-  if (!fs::is_directory(path, unknown)) {
-    files.push_back(wholePath(path));
+  const std::string whole = report::wholePath(entry);
+  if (report::kindOf(report::fromUtf8(whole), unknown) != fs::file_type::directory) {
+    files.push_back(whole);
     return;
   }
-  const Strings found = mediaFilesBelow(path);
+  Strings found;
+  addMediaFilesBelow(whole, found);
+  std::ranges::sort(found);
   if (found.empty())
     notices.push_back("The folder " + report::printable(entry) +
                       " holds no media files that may be read.");

@@ -9,9 +9,13 @@
 namespace report {
 
 /// Paths travel as UTF-8 text and become a `path` only where a file is opened, so that any name
-/// works whatever the locale and, on Windows, the code page. The text of a path has slashes.
+/// works whatever the locale and, on Windows, the code page and the length. The text of a path has
+/// slashes.
 std::filesystem::path fromUtf8(std::string_view text);
 std::string toUtf8(const std::filesystem::path& path);
+
+/// The text with the slashes of this system.
+std::string nativeUtf8(const std::filesystem::path& path);
 
 /// Creates or replaces the file with exactly `text`. The folder must exist.
 Status writeWhole(const std::filesystem::path& path, std::string_view text);

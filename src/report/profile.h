@@ -16,4 +16,7 @@ void useProfileFolder(const std::string& folder);
 /// slash is a character like any other.
 std::string nativeSlashes(const std::string& path);
 
+/// The way back: with slashes on Windows, unchanged elsewhere.
+std::string plainSlashes(std::string path);
+
 }  // namespace report

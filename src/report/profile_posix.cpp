@@ -15,5 +15,6 @@ std::string profileFolder() {
 void useProfileFolder(const std::string& folder) { setenv("USERPROFILE", folder.c_str(), 1); }
 
 std::string nativeSlashes(const std::string& path) { return path; }
+std::string plainSlashes(std::string path) { return path; }
 
 }  // namespace report

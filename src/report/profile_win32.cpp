@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <cstdlib>
 
 #include "report/diagnostics.h"
@@ -8,14 +9,19 @@ namespace report {
 
 std::string profileFolder() {
   const wchar_t* value = _wgetenv(L"USERPROFILE");
-  const std::u8string text = std::filesystem::path(value ? value : L"").u8string();
-  return {text.begin(), text.end()};  // with its back slashes, as the commands use it
+  return nativeUtf8(value ? value : L"");  // with its back slashes, as the commands use it
 }
 
 void useProfileFolder(const std::string& folder) {
-  _wputenv_s(L"USERPROFILE", fromUtf8(folder).c_str());
+  const std::filesystem::path path(std::u8string(folder.begin(), folder.end()));
+  _wputenv_s(L"USERPROFILE", path.c_str());
 }
 
 std::string nativeSlashes(const std::string& path) { return toBackslashPath(path); }
+
+std::string plainSlashes(std::string path) {
+  std::ranges::replace(path, '\\', '/');
+  return path;
+}
 
 }  // namespace report

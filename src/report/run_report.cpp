@@ -37,17 +37,9 @@ void printOutcome(const std::vector<std::string>& result, const std::string& tex
   console.line(text);
 }
 
-std::string forwardSlashes(std::string path) {
-  std::ranges::replace(path, '\\', '/');
-  return path;
-}
-
 /// The profile path as the report's file and commands use it. Back slashes part folders on Windows
 /// only; elsewhere they belong to names.
-std::string profilePath() {
-  const std::string profile = profileFolder();
-  return nativeSlashes("/") == "/" ? profile : forwardSlashes(profile);
-}
+std::string profilePath() { return plainSlashes(profileFolder()); }
 
 }  // namespace
 

@@ -19,7 +19,7 @@ std::string fileArgument(std::string_view entry) {
 std::string programFolder() {
   std::error_code error;
   const std::filesystem::path here = std::filesystem::current_path(error);
-  return (error ? std::string() : report::toUtf8(here)) + "/";
+  return (error ? std::string() : report::nativeUtf8(here)) + "/";
 }
 
 Command conversionCommand(std::string_view programFolder, std::string_view entry) {

@@ -5,6 +5,7 @@
 #include <set>
 
 #include "report/diagnostics.h"
+#include "report/disk.h"
 #include "report/files.h"
 #include "run/conversion_command.h"
 #include "run/entries.h"
@@ -32,8 +33,8 @@ std::set<fs::path> placesOf(const std::vector<std::string>& entries) {
 /// A pipe or device would keep ffmpeg waiting for ever.
 bool endless(const std::string& entry) {
   std::error_code error;
-  const fs::file_status status = fs::status(report::fromUtf8(entry), error);
-  return fs::exists(status) && !fs::is_regular_file(status);
+  const fs::file_type kind = report::kindOf(report::fromUtf8(entry), error);
+  return !error && kind != fs::file_type::not_found && kind != fs::file_type::regular;
 }
 
 /// A build for macOS starts the command shown here.
@@ -53,8 +54,7 @@ ProcessResult convertOne(const std::string& entry, const std::set<fs::path>& sou
   if (sources.contains(placeOf(target)))
     return {{"its converted sound would overwrite " + target}, 0, {}};
   if (endless(entry)) return {{entry + " is not a file"}, 0, {}};
-  std::error_code ignored;  // what a broken-off run left must not pass for this run's sound
-  fs::remove(report::fromUtf8(target), ignored);
+  report::removeFile(report::fromUtf8(target));  // what a broken-off run left is not this run's
   const Command command = conversionCommand(programFolder(), entry);
   services.console.line("ffmpeg windows komand:     " + command.windowsLine);
   ProcessResult result = services.processes.run(command, services.cancelled);

@@ -5,6 +5,7 @@
 #include "analysis/sound.h"
 #include "export/documents.h"
 #include "report/diagnostics.h"
+#include "report/disk.h"
 #include "report/files.h"
 #include "run/clock.h"
 #include "run/results_folder.h"
@@ -32,10 +33,8 @@ timeline::Media mediaOf(const Material& material, int file) {
 void store(const std::string& file, const std::string& text, Outcome& outcome) {
   const std::filesystem::path path = report::fromUtf8(file);
   const report::Status status = report::writeWhole(path, text);
-  std::error_code failed;  // the name as given is the next best
-  const std::filesystem::path whole = std::filesystem::absolute(path, failed);
   if (status.ok())
-    outcome.outputs.push_back(report::toUtf8(failed ? path : whole));
+    outcome.outputs.push_back(report::wholePath(file));
   else
     outcome.notices.push_back("A file was not written: " + status.error + ".");
 }

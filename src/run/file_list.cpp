@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <map>
 
+#include "report/disk.h"
 #include "report/files.h"
 #include "run/device_groups.h"
 #include "run/entries.h"
@@ -27,12 +28,6 @@ bool isKnownSound(std::string_view source) {
   const std::string_view ending =
       source.substr(source.size() - std::min<std::size_t>(3, source.size()));
   return std::ranges::find(kSoundEndings, ending) != kSoundEndings.end();
-}
-
-std::uintmax_t sizeOf(const std::string& file) {
-  std::error_code error;
-  const std::uintmax_t size = fs::file_size(report::fromUtf8(file), error);
-  return error ? 0 : size;
 }
 
 fs::path identityOf(const std::string& file) {
@@ -82,7 +77,8 @@ std::vector<Entry> makeEntries(const std::vector<std::string>& list) {
 
 void markUnconverted(std::vector<Entry>& entries) {
   for (Entry& entry : entries)
-    if (!entry.conversion.started.ok() || sizeOf(entry.converted) < kSmallestSound)
+    if (!entry.conversion.started.ok() ||
+        report::sizeOf(report::fromUtf8(entry.converted)) < kSmallestSound)
       entry.source = std::string(kIgnorePrefix) + entry.converted;
 }
 

@@ -6,6 +6,7 @@
 #include <map>
 #include <utility>
 
+#include "report/disk.h"
 #include "report/files.h"
 
 namespace run {
@@ -20,15 +21,15 @@ bool moveFile(const fs::path& from, const fs::path& to) {
   if (!error) return true;
   fs::copy_file(from, to, fs::copy_options::overwrite_existing, error);
   if (error) return false;
-  fs::remove(from, error);
+  report::removeFile(from);
   return true;
 }
 
 /// `path`, or a name beside it that nothing has yet: "clip.wav" becomes "clip-1.wav".
 fs::path freeName(const fs::path& path) {
-  std::error_code ignored;
+  std::error_code unknown;
   fs::path name = path;
-  for (int number = 1; fs::exists(name, ignored); ++number) {
+  for (int number = 1; report::kindOf(name, unknown) != fs::file_type::not_found; ++number) {
     name = path.parent_path() / path.stem();
     name += "-";
     name += std::to_string(number);
@@ -45,8 +46,7 @@ std::string withoutCase(std::string name) {
 
 /// Gives the sound that this run has already stored at `target` another name.
 void setAside(const fs::path& target, std::string& stored) {
-  std::error_code error;
-  if (!fs::equivalent(target, report::fromUtf8(stored), error)) return;
+  if (!report::areOneFile(target, report::fromUtf8(stored))) return;
   const fs::path other = freeName(target);
   if (moveFile(target, other)) stored = report::toUtf8(other);
 }
@@ -54,8 +54,7 @@ void setAside(const fs::path& target, std::string& stored) {
 }  // namespace
 
 void removeConverted(const std::vector<std::string>& converted) {
-  std::error_code ignored;  // most are gone already
-  for (const std::string& file : converted) fs::remove(report::fromUtf8(file), ignored);
+  for (const std::string& file : converted) report::removeFile(report::fromUtf8(file));
 }
 
 std::vector<std::string> keepSounds(const std::vector<Entry>& entries, const std::string& folder,

@@ -3,6 +3,7 @@
 #include <charconv>
 #include <string_view>
 
+#include "report/long_path.h"
 #include "run/media_info_library.h"
 #include "run/utf8_scope.h"
 #include "run/wide_text.h"
@@ -15,7 +16,7 @@ class MediaFile {
  public:
   MediaFile(const MediaInfoLibrary& library, const std::string& path)
       : library_(library), handle_(library.create()) {
-    if (handle_) opened_ = library.open(handle_, widened(path).c_str()) != 0;
+    if (handle_) opened_ = library.open(handle_, widened(report::openablePath(path)).c_str()) != 0;
   }
   ~MediaFile() {
     if (handle_) library_.destroy(handle_);

@@ -1,7 +1,8 @@
 #pragma once
 
 #include <filesystem>
-#include <system_error>
+
+#include "report/disk.h"
 
 namespace run {
 
@@ -13,8 +14,7 @@ class TemporaryFolder {
   TemporaryFolder(const TemporaryFolder&) = delete;
   TemporaryFolder& operator=(const TemporaryFolder&) = delete;
   ~TemporaryFolder() {
-    std::error_code ignored;  // what cannot be removed lies where systems clean up themselves
-    if (!path_.empty()) std::filesystem::remove_all(path_, ignored);
+    if (!path_.empty()) report::removeFolder(path_);
   }
 
   /// Empty if no folder could be made.
