@@ -7,7 +7,9 @@
 #include <optional>
 #include <system_error>
 
+#include "report/disk.h"
 #include "report/files.h"
+#include "run/outside_parts.h"
 
 namespace run {
 namespace {
@@ -21,17 +23,19 @@ struct Why {
 std::optional<Why> fromFileSystem(const std::string& file) {
   const fs::path path = report::fromUtf8(file);
   std::error_code error;
-  const fs::file_status status = fs::status(path, error);
-  if (status.type() == fs::file_type::not_found)
+  const fs::file_type kind = report::kindOf(path, error);
+  if (kind == fs::file_type::not_found)
     return Why{"it does not exist", "Check its path, and that the card or drive is connected."};
-  if (!fs::exists(status))
+  if (error)
     return Why{"it may not be read (" + error.message() + ")",
                "Check the permissions of the file and its folders."};
-  if (fs::is_directory(status)) return Why{"it is a folder", "Add the files in it."};
-  if (!fs::is_regular_file(status)) return Why{"it is not a file", "Add a media file."};
+  if (kind == fs::file_type::directory) return Why{"it is a folder", "Add the files in it."};
+  if (kind != fs::file_type::regular) return Why{"it is not a file", "Add a media file."};
+  if (report::isHeldByAnother(path))
+    return Why{"another program holds it open", "Close that program, then start again."};
   if (!std::ifstream(path, std::ios::binary))
-    return Why{"it may not be read", "Check its permissions, and close programs that hold it."};
-  if (fs::file_size(path, error) == 0)
+    return Why{"it may not be read", "Check its permissions."};
+  if (report::sizeOf(path) == 0)
     return Why{"it is empty (0 bytes)", "Copy it again from the camera or recorder."};
   return std::nullopt;
 }
@@ -40,8 +44,7 @@ std::optional<Why> fromFileSystem(const std::string& file) {
 bool mayBeWritten(const std::string& file) {
   const fs::path path = report::fromUtf8(file);
   const bool written = std::ofstream(path, std::ios::binary | std::ios::app).is_open();
-  std::error_code ignored;
-  if (written) fs::remove(path, ignored);
+  if (written) report::removeFile(path);
   return written;
 }
 
@@ -82,7 +85,7 @@ std::optional<Why> fromStart(const Entry& entry) {
   if (error.find("overwrite") != std::string::npos)
     return Why{error + ", which is itself in the list", "Rename one of the two."};
   return Why{"ffmpeg, which reads its sound, is missing or does not start (" + error + ")",
-             "Install ffmpeg, or put it into the folder in which this program runs."};
+             kFfmpegRemedy};
 }
 
 Why fromConversion(const Entry& entry, MediaProbe& probe) {
@@ -108,7 +111,7 @@ std::string endingOf(const std::string& file) {
 Why fromType(const Entry& entry, MediaProbe& probe) {
   if (!probe.available())
     return {"the MediaInfo library is missing, so its picture could not be recognised",
-            "Install the MediaInfo library (package libmediainfo0v5)."};
+            kMediaInfoRemedy};
   const std::string ending = endingOf(entry.listed);
   std::string small = ending;
   std::ranges::transform(small, small.begin(), [](unsigned char c) { return std::tolower(c); });

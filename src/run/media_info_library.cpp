@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "run/outside_parts.h"
+
 namespace run {
 namespace {
 
@@ -44,11 +46,7 @@ void take(const Library& library, const char* name, Function& function) {
 }  // namespace
 
 MediaInfoLibrary& MediaInfoLibrary::shared() {
-#ifdef _WIN32
-  static MediaInfoLibrary library("MediaInfo.dll");
-#else
-  static MediaInfoLibrary library("libmediainfo.so.0");
-#endif
+  static MediaInfoLibrary library(kMediaInfoFile);
   return library;
 }
 

@@ -4,6 +4,7 @@
 
 #include "analysis/sound.h"
 #include "report/text.h"
+#include "run/outside_parts.h"
 
 namespace run {
 
@@ -16,12 +17,12 @@ std::vector<std::string> noticesOf(const MissingPrograms& missing,
   std::vector<std::string> notices;
   if (!missing.ffmpeg.empty())
     notices.push_back("ffmpeg, which reads the sound of the files, does not start (" +
-                      missing.ffmpeg +
-                      "). Install it, or put it into the folder in which this program runs.");
+                      missing.ffmpeg + "). " + kFfmpegRemedy);
   if (missing.mediaInfo)
     notices.push_back(
-        "The MediaInfo library was not found, so pictures could not be recognised: only sound "
-        "files are used. Install it (package libmediainfo0v5).");
+        std::string("The MediaInfo library was not found, so pictures could not be recognised: "
+                    "only sound files are used. ") +
+        kMediaInfoRemedy);
   const auto files = std::ranges::count_if(usable, &Entry::isFile);
   if (files == 0) notices.push_back("There is no usable file to synchronise.");
   if (files == 1)

@@ -1,10 +1,18 @@
 #include <windows.h>
 
+#include <system_error>
+
 #include "run/process.h"
 #include "run/wide_text.h"
 
 namespace run {
 namespace {
+
+/// The quoted name that the command line begins with, and what the system answered.
+std::string whyNotStarted(const std::string& commandLine, DWORD error) {
+  return "cannot start " + commandLine.substr(0, commandLine.find('"', 1) + 1) + ": " +
+         std::system_category().message(static_cast<int>(error));
+}
 
 constexpr DWORD kPollMilliseconds = 100;  // how late a cancellation may be noticed
 
@@ -23,10 +31,7 @@ ProcessResult SystemProcesses::run(const Command& command, const std::atomic<boo
   PROCESS_INFORMATION process{};
   if (!CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, CREATE_NO_WINDOW, nullptr,
                       nullptr, &startup, &process))
-    return {{"cannot start " + command.windowsLine + ": Windows error " +
-             std::to_string(GetLastError())},
-            0,
-            {}};
+    return {{whyNotStarted(command.windowsLine, GetLastError())}, 0, {}};
   waitFor(process.hProcess, cancelled);
   CloseHandle(process.hProcess);
   CloseHandle(process.hThread);

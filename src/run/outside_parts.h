@@ -1,0 +1,10 @@
+#pragma once
+
+namespace run {
+
+// What a run needs and may find missing: its name on this system, and what a user does about it.
+extern const char* const kMediaInfoFile;
+extern const char* const kMediaInfoRemedy;
+extern const char* const kFfmpegRemedy;
+
+}  // namespace run
