@@ -17,10 +17,12 @@ struct Landmark {
   bool operator==(const Landmark&) const = default;
 };
 
+inline constexpr std::uint64_t kBinsUnit = 1'000'000;  // of a hash; the distance is the rest
+
 /// What two recordings of one sound have in common. Different landmarks may share a hash, because
 /// bins go beyond 100; matching only asks for equal ones. Never 0.
 constexpr std::uint64_t hashOf(const Landmark& landmark) {
-  return (std::uint64_t{landmark.targetBin} * 100 + landmark.anchorBin) * 1'000'000 +
+  return (std::uint64_t{landmark.targetBin} * 100 + landmark.anchorBin) * kBinsUnit +
          landmark.distance;
 }
 

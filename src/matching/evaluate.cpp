@@ -9,8 +9,7 @@
 namespace matching {
 namespace {
 
-constexpr std::size_t kFewestHits = 19;  // a vote needs more, the sentinel counted
-constexpr std::size_t kRealHit = 8;      // this element of a pair's hits must be a real one
+constexpr std::size_t kRealHit = 8;  // this element of a pair's hits must be a real one
 constexpr HitCode kGreatestFiller = 99'999'999;
 constexpr int kMusicMode = 1;
 
@@ -78,19 +77,23 @@ Acceptance judge(const OffsetStats& stats, const Overlap& overlap, float seconds
   return Acceptance::none;
 }
 
+PairVote voteWith(const std::optional<OffsetStats>& stats, int first, int second,
+                  const Eigen::VectorXf& durations, int mode) {
+  PairVote vote{.first = first, .second = second, .stats = stats, .peaks = {}};
+  if (!stats) return vote;
+  const Overlap overlap = overlapAt(*stats, durations[first], durations[second]);
+  vote.confidence = overlap.confidence;
+  vote.accepted = judge(*stats, overlap, durations[second], mode);
+  return vote;
+}
+
 std::optional<PairVote> voteOn(std::span<const HitCode> hits, const Eigen::VectorXf& durations,
                                int mode) {
   if (!worthAVote(hits)) return std::nullopt;
   const Hit hit = unpack(hits[kRealHit]);
   if (hit.first >= durations.size() || hit.second >= durations.size()) return std::nullopt;
-  PairVote vote{.first = hit.first, .second = hit.second, .stats = {}, .peaks = {}};
-  vote.stats = estimateOffset({hits.begin(), hits.end()});
-  if (!vote.stats) return vote;
-  const float second = durations[hit.second];
-  const Overlap overlap = overlapAt(*vote.stats, durations[hit.first], second);
-  vote.confidence = overlap.confidence;
-  vote.accepted = judge(*vote.stats, overlap, second, mode);
-  return vote;
+  return voteWith(estimateOffset({hits.begin(), hits.end()}), hit.first, hit.second, durations,
+                  mode);
 }
 
 std::array<float, 6> syncRow(const PairVote& vote) {

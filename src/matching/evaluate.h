@@ -28,6 +28,12 @@ Overlap overlapAt(const OffsetStats& stats, float secondsFirst, float secondsSec
 /// their landmarks, is tried only with `mode` 1.
 Acceptance judge(const OffsetStats& stats, const Overlap& overlap, float secondsSecond, int mode);
 
+inline constexpr std::size_t kFewestHits = 19;  // a vote needs more, the sentinel counted
+
+/// The vote on the pair that `stats` are of, with neither raw hits nor peaks.
+PairVote voteWith(const std::optional<OffsetStats>& stats, int first, int second,
+                  const Eigen::VectorXf& durations, int mode);
+
 /// The vote on one pair's sorted hits, with neither raw hits nor peaks; none when there are too
 /// few hits to vote or when `durations` does not know the files. Pure.
 std::optional<PairVote> voteOn(std::span<const HitCode> hits, const Eigen::VectorXf& durations,

@@ -51,6 +51,12 @@ constexpr std::optional<int> deltaOfFrames(std::uint64_t frameX, std::uint64_t f
   return static_cast<int>(raised);
 }
 
+/// The same in whole numbers for a difference that deltaOfFrames has a delta for.
+constexpr int deltaOfDifference(int frames) {
+  const int tenths = frames * 24;  // of a hundredth of a second
+  return kZeroDelta + (tenths >= 0 ? tenths / 10 : -((9 - tenths) / 10));
+}
+
 /// Inverse of deltaOfFrames: the whole number of frames behind a delta, negative where the second
 /// recording started first.
 constexpr int framesOfDelta(int delta) {

@@ -17,18 +17,14 @@ constexpr int kHalfWide = 125;  // frames within 3 s tell how many hits chance b
 /// How many hits there are at every frame difference, as running sums.
 class Histogram {
  public:
-  Histogram(std::span<const HitCode> hits, int fillers) {
-    int least = framesOfDelta(kDeltas), most = framesOfDelta(0);
-    for (const HitCode hit : hits) {
-      const int frames = framesOfDelta(deltaOf(hit));
-      least = std::min(least, frames);
-      most = std::max(most, frames);
-    }
-    begin_ = least, end_ = std::max(least, most + 1);
-    sums_.assign(end_ - begin_ + 2 * (kHalfWide + 1), 0);
-    for (const HitCode hit : hits) ++sums_[index(framesOfDelta(deltaOf(hit)) + 1)];
-    if (fillers > 0) sums_[index(1)] -= fillers;
-    for (std::size_t i = 1; i < sums_.size(); ++i) sums_[i] += sums_[i - 1];
+  /// `counts` by difference, from `begin` on.
+  Histogram(std::span<const int> counts, int begin)
+      : begin_(begin), end_(begin + static_cast<int>(counts.size())) {
+    sums_.resize(counts.size() + 2 * (kHalfWide + 1));
+    int* next = sums_.data() + kHalfWide + 1;
+    int sum = 0;
+    for (const int count : counts) *next++ = sum += count;
+    std::fill(next, sums_.data() + sums_.size(), sum);
   }
 
   int begin() const { return begin_; }
@@ -81,7 +77,20 @@ DeltaPeak peakAt(const Gathering& gathering, const Histogram& histogram) {
 
 std::vector<DeltaPeak> strongestPeaks(std::span<const HitCode> hits, int fillers) {
   if (std::ssize(hits) - fillers < kFewestHits) return {};
-  const Histogram histogram(hits, fillers);
+  int least = framesOfDelta(kDeltas), most = framesOfDelta(0);
+  for (const HitCode hit : hits) {
+    const int frames = framesOfDelta(deltaOf(hit));
+    least = std::min(least, frames);
+    most = std::max(most, frames);
+  }
+  std::vector<int> counts(most - least + 1);
+  for (const HitCode hit : hits) ++counts[framesOfDelta(deltaOf(hit)) - least];
+  if (fillers > 0) counts[-least] -= fillers;
+  return peaksOfCounts(counts, least);
+}
+
+std::vector<DeltaPeak> peaksOfCounts(std::span<const int> counts, int begin) {
+  const Histogram histogram(counts, begin);
   std::vector<Gathering> rest = gatherings(histogram);
   std::ranges::make_heap(rest, weaker);
   std::vector<Gathering> chosen;

@@ -14,4 +14,8 @@ namespace matching {
 /// Linear in the hits and in the range of their differences. Pure.
 std::vector<DeltaPeak> strongestPeaks(std::span<const HitCode> hits, int fillers);
 
+/// The same for hits counted by their frame difference: `counts[i]` of `begin` + i, without the
+/// fillers. The first and the last are those of the hits farthest apart, or of fillers.
+std::vector<DeltaPeak> peaksOfCounts(std::span<const int> counts, int begin);
+
 }  // namespace matching

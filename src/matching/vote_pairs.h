@@ -18,8 +18,7 @@ namespace matching {
 /// by file index like `fingerprints`. `cancelled` may be empty; it is polled at every pair, from
 /// any thread. False when it ended the work: pairs of the last block are then missing.
 bool votePairs(std::span<const analysis::MatrixXLI> fingerprints, const Eigen::VectorXf& durations,
-               std::span<const FilePair> pairs, int mode,
-               const std::function<void(PairVote)>& sink,
+               std::span<const FilePair> pairs, int mode, const std::function<void(PairVote)>& sink,
                const std::function<bool()>& cancelled = {});
 
 /// The same for every pair of pairsToCompare.

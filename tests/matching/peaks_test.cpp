@@ -34,6 +34,14 @@ TEST(StrongestPeaks, AreCountedWithTheirNeighboursAndHeldAgainstTheirSurrounding
   }
 }
 
+TEST(StrongestPeaks, LieAmongTheHits) {
+  std::vector<HitCode> hits;
+  put(hits, 600, 6), put(hits, 475, 1);  // one frame later, the single hit would be out of sight
+  const double expected = 3.0 / 242;
+  EXPECT_NEAR(strongestPeaks(hits, 0)[0].significance, (6 - expected) / std::sqrt(expected + 1),
+              1e-9);
+}
+
 TEST(StrongestPeaks, FillersAndFewHitsMakeNone) {
   std::vector<HitCode> hits;
   put(hits, 0, 8);
