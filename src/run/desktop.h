@@ -19,6 +19,9 @@ class Desktop {
   /// Shows a file or folder in the desktop's own program; on Windows `command` does that, and
   /// nothing happens here.
   virtual void show(const std::string& path) = 0;
+  /// The folder that the user's desktop has been moved to (UTF-8); empty if it is, as usual, the
+  /// folder Desktop in the profile folder. Windows can move it, onto a cloud drive for instance.
+  virtual std::string movedTo() = 0;
 };
 
 /// The desktop of the operating system; on a machine without one nothing is shown.
@@ -26,6 +29,7 @@ class SystemDesktop final : public Desktop {
  public:
   void command(const std::string& line) override;
   void show(const std::string& path) override;
+  std::string movedTo() override;
 };
 
 }  // namespace run

@@ -24,4 +24,6 @@ void SystemDesktop::show(const std::string& path) {
   (void)SystemProcesses().run({{}, {"xdg-open", path}}, never);  // a folder not shown harms nothing
 }
 
+std::string SystemDesktop::movedTo() { return {}; }
+
 }  // namespace run

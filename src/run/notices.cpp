@@ -3,8 +3,10 @@
 #include <algorithm>
 
 #include "analysis/sound.h"
+#include "report/profile.h"
 #include "report/text.h"
 #include "run/outside_parts.h"
+#include "run/results_folder.h"
 
 namespace run {
 
@@ -28,6 +30,12 @@ std::vector<std::string> noticesOf(const MissingPrograms& missing,
   if (files == 1)
     notices.push_back("One recording alone cannot be synchronised: add those of other devices.");
   return notices;
+}
+
+std::string noticeOfMovedDesktop(const std::string& desktop) {
+  if (desktop.empty()) return {};
+  return "Your desktop is the folder " + desktop + ", but the results go to " +
+         report::nativeSlashes(resultsFolder()) + ": look for them there.";
 }
 
 std::vector<std::string> noticesOfSounds(const Material& material) {

@@ -52,6 +52,7 @@ std::vector<std::string> Steps::run(const std::vector<std::string>& videofiles) 
 
 void Steps::begin() {
   addNotice(makeResultsFolders());
+  addNotice(noticeOfMovedDesktop(services_.desktop.movedTo()));
   startLog(settings_.mode);
   services_.progress.moveprogressslot(0);
 }
@@ -122,7 +123,7 @@ void Steps::write() {
 }
 
 void Steps::show() {
-  const std::string command = "open \"" + resultsFolder() + "\"";
+  const std::string command = "open \"" + resultsFolder() + "/\"";
   services_.console.line("komanda" + command);
   if (!options_.openFolders) return;
   services_.desktop.command(command);

@@ -24,7 +24,10 @@ class QuietDesktop final : public run::Desktop {
   void command(const std::string& line) override { commands.push_back(line); }
   void show(const std::string& path) override { shown.push_back(path); }
 
+  std::string movedTo() override { return moved; }
+
   std::vector<std::string> commands, shown;
+  std::string moved;
 };
 
 /// A profile folder, a media folder and a working folder of their own, and all that a run needs:

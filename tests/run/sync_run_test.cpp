@@ -249,9 +249,11 @@ TEST(SyncRun, PlacesAreFoundEvenIfTheResultsCannotBeWritten) {
                      event.sound("b.wav", cut(sound, 6, 40))};
   const auto before = event.mediaFiles();
   report::useProfileFolder(list[0]);  // a file: nothing can be made below it
+  event.desktop.moved = "C:\\Cloud\\Desktop";
   event.run(list);
   ASSERT_EQ(event.outcome.groups.size(), 1u);
   EXPECT_TRUE(event.noticed("cannot be created"));
+  EXPECT_TRUE(event.noticed("Your desktop is the folder C:\\Cloud\\Desktop"));
   EXPECT_EQ(event.mediaFiles(), before);
 }
 
