@@ -18,8 +18,22 @@ def places(run):
 
 
 def documents(run):
-    """What was written, without folders, times of day and numbers of runs."""
-    return sorted(re.sub(r"\d\d-\d\d-\d\d", "TIME", name(path)) for path in run["outputs"])
+    """From the name of each document, without the time of day in it, to the file."""
+    return {re.sub(r"\d\d-\d\d-\d\d", "TIME", name(path)): re.sub("^Z:", "", path)
+            for path in run["outputs"]}
+
+
+def content(file):
+    """Numbers with a fraction, and all else with paths as they would be here."""
+    text = open(file, encoding="utf-8", newline="").read().replace("\\", "/")
+    text = re.sub("Z:/", "/", re.sub("/Z(:|%3A)/", "/", text))
+    fraction = r"-?\d+\.\d+(?:e-?\d+)?"
+    return [float(number) for number in re.findall(fraction, text)], re.split(fraction, text)
+
+
+def are_same(file, other):
+    (numbers, text), (others, other_text) = content(file), content(other)
+    return text == other_text and all(abs(a - b) < TOLERANCE for a, b in zip(numbers, others))
 
 
 def differences(linux, windows):
@@ -30,8 +44,13 @@ def differences(linux, windows):
         for file, at in ours.items():
             if abs(at - theirs[file]) > TOLERANCE:
                 yield f"{file} stands at {at} s and {theirs[file]} s"
-    if documents(linux) != documents(windows):
-        yield f"documents differ: {documents(linux)} and {documents(windows)}"
+    here, there = documents(linux), documents(windows)
+    if sorted(here) != sorted(there):
+        yield f"documents differ: {sorted(here)} and {sorted(there)}"
+        return
+    for document in here:
+        if not are_same(here[document], there[document]):
+            yield f"{here[document]} and {there[document]} differ in more than paths"
 
 
 def main():
@@ -43,7 +62,8 @@ def main():
     if not members:
         sys.exit("nothing was synchronised, so nothing was compared")
     start, middle, end = map(float, sys.argv[3:6])
-    print(f"{members} recordings in {len(linux['groups'])} groups: {len(found)} differences; "
+    print(f"{members} recordings in {len(linux['groups'])} groups, {len(documents(linux))} documents: "
+          f"{len(found)} differences; "
           f"{middle - start:.1f} s here, {end - middle:.1f} s under Wine")
     sys.exit(bool(found))
 
