@@ -27,7 +27,7 @@ int main(int argc, char* argv[]) {
   qml_register_types_Kestrel();
 
   app::QmlApplicationViewer viewer;
-  app::fallBackToSoftware(viewer, arguments);
+  app::fallBackToSoftware(viewer, arguments, named);
   viewer.rootContext()->setContextProperty("myModel", &app::fileModel);
   app::QMLFile bridge;
   app::progresbar bar;

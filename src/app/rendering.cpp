@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 #include <QProcess>
+#include <QTimer>
 #include <cstdio>
 
 namespace app {
@@ -11,15 +12,18 @@ void chooseRendering(const QStringList& arguments) {
     QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
 }
 
-void fallBackToSoftware(QQuickWindow& window, const QStringList& arguments) {
+void fallBackToSoftware(QQuickWindow& window, const QStringList& arguments,
+                        const QList<QUrl>& files) {
   if (arguments.contains(kSoftwareOption)) return;  // there is nothing left to fall back to
+  QStringList again(kSoftwareOption);
+  for (const QUrl& file : files) again << file.toLocalFile();  // whole: the folder has changed
   QObject::connect(&window, &QQuickWindow::sceneGraphError, &window,
-                   [arguments](QQuickWindow::SceneGraphError, const QString& message) {
+                   [again](QQuickWindow::SceneGraphError, const QString& message) {
                      std::fprintf(stderr, "Drawing without a graphics driver, because: %s\n",
                                   message.toUtf8().constData());
-                     QProcess::startDetached(QCoreApplication::applicationFilePath(),
-                                             arguments + QStringList(kSoftwareOption));
-                     QCoreApplication::quit();
+                     QProcess::startDetached(QCoreApplication::applicationFilePath(), again);
+                     // The window fails when it is shown, before there is a loop to quit.
+                     QTimer::singleShot(0, qApp, &QCoreApplication::quit);
                    });
 }
 
