@@ -90,7 +90,8 @@ report::Status show(const report::Outcome& outcome, const std::string& jsonFile)
 
 int exitStatus(const report::Outcome& outcome) {
   if (outcome.cancelled) return kInterrupted;
-  return outcome.groups.empty() ? kNothingMatched : kSynchronised;
+  if (!outcome.groups.empty()) return kSynchronised;
+  return outcome.unsynced.empty() ? kFailed : kNothingMatched;  // failed: not one could be heard
 }
 
 bool holdsFile(const std::vector<std::string>& entries) {

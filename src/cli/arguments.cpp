@@ -20,7 +20,7 @@ constexpr char kClosing[] =
     "  kestrel-align --device camA/*.MP4 --device camB/*.MOV -- recorder.wav\n"
     "      two cameras with several clips each, and a sound recorder\n\n"
     "Exit status: 0 something was synchronised, 3 nothing matched, 2 wrong usage,\n"
-    "1 anything else, 130 interrupted.";
+    "1 anything else, such as that no file could be read, 130 interrupted.";
 
 /// The words, last first as the parser takes them, names shielded from it by "./": a leading
 /// bracket would be read as a list of values, but folders are called "[2024] wedding"; and behind

@@ -1,7 +1,6 @@
 #include "cli/inputs.h"
 
 #include <algorithm>
-#include <array>
 #include <filesystem>
 #include <fstream>
 #include <set>
@@ -10,24 +9,13 @@
 #include "report/files.h"
 #include "report/text.h"
 #include "run/entries.h"
+#include "run/media_files.h"
 
 namespace cli {
 namespace {
 
 namespace fs = std::filesystem;
 using Strings = std::vector<std::string>;
-
-constexpr std::array<std::string_view, 44> kExtensions = {
-    ".3g2", ".3gp",  ".aac",  ".ac3",  ".aif", ".aifc", ".aiff", ".amr", ".avi",  ".caf", ".dv",
-    ".f4v", ".flac", ".flv",  ".insv", ".m2t", ".m2ts", ".m2v",  ".m4a", ".m4v",  ".mka", ".mkv",
-    ".mod", ".mov",  ".mp2",  ".mp3",  ".mp4", ".mpeg", ".mpg",  ".mts", ".mxf",  ".oga", ".ogg",
-    ".ogv", ".opus", ".rf64", ".tod",  ".ts",  ".vob",  ".w64",  ".wav", ".webm", ".wma", ".wmv"};
-
-std::string lowerCase(std::string text) {
-  for (char& c : text)
-    if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
-  return text;
-}
 
 bool isHidden(const std::string& name) { return name.starts_with('.'); }
 
@@ -36,7 +24,7 @@ void addMediaFilesBelow(const std::string& folder, Strings& files) {
   for (const report::FolderItem& item : report::itemsOf(report::fromUtf8(folder))) {
     const std::string path = folder + (folder.ends_with('/') ? "" : "/") + item.name;
     if (item.isFolder && !isHidden(item.name)) addMediaFilesBelow(path, files);
-    if (item.isFile && looksLikeMedia(item.name)) files.push_back(path);
+    if (item.isFile && run::looksLikeMedia(item.name)) files.push_back(path);
   }
 }
 
@@ -94,13 +82,6 @@ void addList(const std::string& list, Inputs& inputs) {
 }
 
 }  // namespace
-
-bool looksLikeMedia(const std::string& name) {
-  if (isHidden(name) || name.ends_with(run::kConvertedSuffix)) return false;
-  const std::size_t dot = name.rfind('.');
-  return dot != std::string::npos &&
-         std::ranges::find(kExtensions, lowerCase(name.substr(dot))) != kExtensions.end();
-}
 
 Inputs collectInputs(const Arguments& arguments) {
   Inputs inputs;

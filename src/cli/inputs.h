@@ -19,7 +19,4 @@ struct Inputs {
 /// sounds of another run left out. A file that does not exist is kept; the run says so.
 Inputs collectInputs(const Arguments& arguments);
 
-/// Whether a file of this name (UTF-8) may hold sound, going by its extension in any case.
-bool looksLikeMedia(const std::string& name);
-
 }  // namespace cli

@@ -16,8 +16,8 @@ class Desktop {
   /// Hands `line` to the Windows command processor if it `isOneCommand`; elsewhere nothing happens,
   /// so that no name that a user can choose ever reaches a shell.
   virtual void command(const std::string& line) = 0;
-  /// Shows a file or folder in the desktop's own program; on Windows `command` does that, and
-  /// nothing happens here.
+  /// Has a file or folder shown in the desktop's own program and returns at once; on Windows
+  /// `command` does that, and nothing happens here.
   virtual void show(const std::string& path) = 0;
   /// The folder that the user's desktop has been moved to (UTF-8); empty if it is, as usual, the
   /// folder Desktop in the profile folder. Windows can move it, onto a cloud drive for instance.

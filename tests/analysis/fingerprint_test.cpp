@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "tests/analysis/sounds.h"
+#include "tests/fresh_path.h"
 
 namespace {
 
@@ -46,8 +47,7 @@ class Fingerprint : public testing::Test {
     return out;
   }
 
-  std::filesystem::path folder_ =
-      std::filesystem::temp_directory_path() / u8"kestrel fingerprint ж & %";
+  std::filesystem::path folder_ = freshPath("kestrel fingerprint ж & %");
   Lines console_;
 };
 

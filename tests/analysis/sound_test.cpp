@@ -6,12 +6,11 @@
 #include <fstream>
 
 #include "tests/analysis/sounds.h"
+#include "tests/fresh_path.h"
 
 namespace {
 
-std::string temporary(const char* name) {
-  return sounds::utf8(std::filesystem::temp_directory_path() / name);
-}
+std::string temporary(const char* name) { return sounds::utf8(freshPath(name)); }
 
 TEST(Sound, PiecesAreCutFromTheWholeAndSilentOutside) {
   const std::string path = temporary("kestrel piece.wav");

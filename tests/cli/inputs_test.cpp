@@ -6,6 +6,7 @@
 
 #include "report/files.h"
 #include "run/entries.h"
+#include "tests/fresh_path.h"
 
 namespace {
 
@@ -35,7 +36,7 @@ class Inputs : public testing::Test {
 
   std::string path(const char* name) const { return report::toUtf8(folder_) + "/" + name; }
 
-  const fs::path folder_ = fs::temp_directory_path() / report::fromUtf8("kestrel [inputs] é");
+  const fs::path folder_ = freshPath("kestrel [inputs] é");
 };
 
 TEST_F(Inputs, FoldersGiveTheirMediaFilesSorted) {

@@ -8,6 +8,7 @@
 
 #include "cli/demo/render.h"
 #include "report/files.h"
+#include "tests/fresh_path.h"
 
 namespace {
 
@@ -45,7 +46,7 @@ class Align : public testing::Test {
     return status;
   }
 
-  const fs::path folder_ = fs::temp_directory_path() / "kestrel align test";
+  const fs::path folder_ = freshPath("kestrel align test");
   const fs::path media_ = folder_ / report::fromUtf8("Zoë & \"co\" 100%");
   fs::path start_;
   cli::Arguments arguments_;
@@ -72,7 +73,7 @@ TEST_F(Align, AFolderIsSynchronisedAndLeftAsItWas) {
 TEST_F(Align, TheExitStatusTellsWhatCameOfIt) {
   EXPECT_EQ(align(media_ / "a.wav"), cli::kNothingMatched);
   EXPECT_NE(output_.find("a.wav"), std::string::npos);
-  EXPECT_EQ(align(media_ / "missing.wav"), cli::kNothingMatched);
+  EXPECT_EQ(align(media_ / "missing.wav"), cli::kFailed);
   EXPECT_NE(output_.find("missing.wav"), std::string::npos);
   EXPECT_EQ(align(media_ / "empty"), cli::kWrongUsage);
 }

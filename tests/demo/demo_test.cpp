@@ -8,6 +8,7 @@
 #include "cli/demo/render.h"
 #include "cli/demo/truth.h"
 #include "report/files.h"
+#include "tests/fresh_path.h"
 
 namespace {
 
@@ -45,7 +46,7 @@ double likenessAt(const Sound& a, const Sound& b, std::ptrdiff_t delay) {
 }
 
 TEST(DemoMedia, SoundComesBackFromACameraFileWithoutDelay) {
-  const fs::path folder = fs::temp_directory_path() / "kestrel demo test";
+  const fs::path folder = freshPath("kestrel demo test");
   fs::create_directories(folder);
   run::SystemProcesses processes;
   const Sound sound = noise(1);

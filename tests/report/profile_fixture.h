@@ -10,14 +10,14 @@
 #include "report/files.h"
 #include "report/profile.h"
 #include "tests/awkward_names.h"
+#include "tests/fresh_path.h"
 
 /// A profile folder of its own for each test, with the folders that a run makes.
 class ProfileTest : public testing::Test {
  protected:
   void SetUp() override {
     const auto* test = testing::UnitTest::GetInstance()->current_test_info();
-    profile_ = std::filesystem::temp_directory_path() /
-               report::fromUtf8("kestrel " + std::string(kAwkwardName) + test->name());
+    profile_ = freshPath("kestrel " + std::string(kAwkwardName) + test->name());
     std::filesystem::create_directories(profile_ / "Desktop/SYNCED/debugfiles");
     report::useProfileFolder(report::toUtf8(profile_));
   }

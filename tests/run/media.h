@@ -12,15 +12,14 @@
 #include "report/files.h"
 #include "run/process.h"
 #include "run/sync_run.h"
+#include "tests/fresh_path.h"
 
 /// A folder for one test, removed at its end.
 class Folder {
  public:
   Folder() {
     static std::atomic<int> number = 0;
-    path_ =
-        std::filesystem::temp_directory_path() /
-        ("kestrel-test-" + std::to_string(std::random_device()()) + "-" + std::to_string(number++));
+    path_ = freshPath("kestrel-test-" + std::to_string(number++));
     std::filesystem::create_directories(path_);
   }
   ~Folder() { std::filesystem::remove_all(path_); }

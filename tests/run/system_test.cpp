@@ -5,8 +5,11 @@
 #include <thread>
 
 #include "media.h"
+#include "run/desktop.h"
 #include "run/media_info_library.h"
 #include "run/media_probe.h"
+
+namespace fs = std::filesystem;
 
 namespace {
 
@@ -44,6 +47,23 @@ TEST(Processes, ACancelledRunEndsTheProgram) {
   cancelled = true;
   program.join();
   EXPECT_NE(result.exitCode, 0);
+}
+
+TEST(Desktop, AFolderIsShownWithoutWaitingForTheProgramThatShowsIt) {
+  const Folder folder;
+  const std::string script = folder.write(
+      "xdg-open", "#!/bin/sh\nwhile [ ! -e \"$1/go\" ]; do sleep 0.02; done\ntouch \"$1/shown\"\n");
+  fs::permissions(script, fs::perms::owner_all);
+  const std::string path = std::getenv("PATH");
+  setenv("PATH", (report::toUtf8(folder.path()) + ":" + path).c_str(), 1);
+  setenv("DISPLAY", ":none", 0);
+  run::SystemDesktop().show(report::toUtf8(folder.path()));
+  setenv("PATH", path.c_str(), 1);
+  EXPECT_FALSE(fs::exists(folder.path() / "shown"));
+  folder.write("go", "");
+  for (int tries = 0; tries < 500 && !fs::exists(folder.path() / "shown"); ++tries)
+    std::this_thread::sleep_for(std::chrono::milliseconds(20));
+  EXPECT_TRUE(fs::exists(folder.path() / "shown"));
 }
 
 TEST(MediaProbe, TellsPicturesFromSoundWhateverTheNameAndLocale) {

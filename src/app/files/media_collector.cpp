@@ -3,22 +3,15 @@
 #include <QCollator>
 #include <QDirIterator>
 #include <QFileInfo>
-#include <QSet>
 #include <algorithm>
 
 #include "app/files/file_list.h"
+#include "run/media_files.h"
 
 namespace app {
 namespace {
 
-bool isMedia(const QFileInfo& file) {
-  static const QSet<QString> kEndings = {
-      "3gp", "aac",  "aif", "aifc", "aiff", "amr", "avi", "braw", "caf", "dv",   "flac", "flv",
-      "m2t", "m2ts", "m4a", "m4v",  "mka",  "mkv", "mov", "mp2",  "mp3", "mp4",  "mpeg", "mpg",
-      "mts", "mxf",  "ogg", "ogv",  "opus", "ts",  "vob", "w64",  "wav", "webm", "wma",  "wmv"};
-  if (file.fileName().endsWith(QString::fromUtf8(run::kConvertedSuffix.data()))) return false;
-  return kEndings.contains(file.suffix().toLower());
-}
+bool isMedia(const QFileInfo& file) { return run::looksLikeMedia(file.fileName().toStdString()); }
 
 void sortByName(QStringList& files) {
   QCollator byName(QLocale(QLocale::English));  // the plain locale knows no numbers
