@@ -6,6 +6,7 @@
 #include "analysis/landmarks.h"
 #include "matching/bits.h"
 #include "matching/hit.h"
+#include "matching/section_ends.h"
 
 namespace matching {
 namespace {
@@ -13,7 +14,6 @@ namespace {
 constexpr std::uint64_t kWordBits = 64;         // more than the distances of landmarks
 constexpr std::uint64_t kBinPairs = 1 << 15;    // more than the pairs of bins
 constexpr std::uint64_t kFrameLimit = 1 << 20;  // 7 hours; differences always have a delta
-constexpr int kSectionBits = 32;
 
 using Words = std::vector<std::int32_t>;  // by pair of bins: its word of `present`
 

@@ -8,24 +8,13 @@
 
 #include "matching/bits.h"
 #include "matching/hit.h"
+#include "matching/section_ends.h"
 #include "matching/tally.h"
 
 namespace matching {
 namespace {
 
-constexpr int kSectionBits = 32;
-constexpr int kNowhere = -1;
 constexpr int kFar = kDeltas;  // says nothing for any candidate
-
-using Places = std::span<const std::uint32_t>;
-
-struct PlacedHit {
-  int section, place;
-  bool operator==(const PlacedHit&) const = default;
-};
-constexpr PlacedHit kNoHit{kNowhere, kNowhere};
-
-bool has(std::uint32_t sections, int section) { return sections >> section & 1; }
 
 /// Places with hits, ascending.
 std::vector<int> filledPlaces(Places places) {
@@ -38,69 +27,6 @@ std::vector<int> filledPlaces(Places places) {
   filled.resize(count);
   return filled;
 }
-
-/// Where sections begin and end: only there does the order of hits jump from place to place.
-class SectionEnds {
- public:
-  SectionEnds(Places places, std::span<const int> filled) {
-    first_.fill(kNowhere), last_.fill(kNowhere);
-    for (const int place : filled) all_ |= places[place];
-    std::uint32_t missing = all_;
-    for (auto next = filled.begin(); missing != 0; ++next)
-      note(first_, places[*next], *next, missing);
-    missing = all_;
-    for (auto next = filled.rbegin(); missing != 0; ++next)
-      note(last_, places[*next], *next, missing);
-    if (all_ == 0) return;
-    lastHit_ = endOf(kSectionBits - 1 - std::countl_zero(all_));
-    lastButOne_ = hitBefore(places, lastHit_);
-  }
-
-  PlacedHit lastHit() const { return lastHit_; }
-  PlacedHit lastButOne() const { return lastButOne_; }
-  bool endsSection(PlacedHit hit) const { return last_[hit.section] == hit.place; }
-
-  /// The first hit of the section after that of `hit`.
-  PlacedHit firstAfter(PlacedHit hit) const {
-    const std::uint32_t later = all_ >> hit.section >> 1 << hit.section << 1;
-    if (later == 0) return kNoHit;
-    const int section = std::countr_zero(later);
-    return {section, first_[section]};
-  }
-
-  /// Of `places` many those where hits of more than one section may follow one another, and those
-  /// of the last two hits.
-  std::vector<bool> crossings(std::size_t places) const {
-    std::vector<bool> crossing(places);
-    for (const int last : last_)
-      for (int away = -kReachPlaces; last != kNowhere && away <= kReachPlaces; ++away)
-        crossing[last + away] = true;
-    if (lastButOne_ != kNoHit) crossing[lastButOne_.place] = true;
-    return crossing;
-  }
-
- private:
-  using Ends = std::array<int, kSectionBits>;
-
-  static void note(Ends& ends, std::uint32_t sections, int place, std::uint32_t& missing) {
-    for (std::uint32_t found = sections & missing; found != 0; found &= found - 1)
-      ends[std::countr_zero(found)] = place;
-    missing &= ~sections;
-  }
-
-  PlacedHit endOf(int section) const { return {section, last_[section]}; }
-
-  PlacedHit hitBefore(Places places, PlacedHit hit) const {
-    for (int place = hit.place - 1; place >= first_[hit.section]; --place)
-      if (has(places[place], hit.section)) return {hit.section, place};
-    const std::uint32_t earlier = all_ & ((std::uint32_t{1} << hit.section) - 1);
-    return earlier == 0 ? kNoHit : endOf(kSectionBits - 1 - std::countl_zero(earlier));
-  }
-
-  std::uint32_t all_ = 0;
-  Ends first_{}, last_{};
-  PlacedHit lastHit_ = kNoHit, lastButOne_ = kNoHit;
-};
 
 /// What the hits around one place say about the candidate there.
 class Window {
