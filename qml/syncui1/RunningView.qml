@@ -42,7 +42,7 @@ Item {
             AppText {
                 Layout.fillWidth: true
                 text: RunSession.cancelling ? qsTr("The step in work is brought to its end.") :
-                                              RunSession.file || qsTr("Starting …")
+                                              RunSession.file || (RunSession.total > 0 ? "" : qsTr("Starting …"))
                 color: Theme.dim
                 elide: Text.ElideMiddle
             }
@@ -82,6 +82,7 @@ Item {
             Rectangle {
                 objectName: "progresbar"
                 width: 0
+                visible: width > radius  // narrower, it would stick out of the round end
                 height: parent.height
                 radius: 5
                 color: Theme.accent
