@@ -6,6 +6,7 @@
 #include <ranges>
 
 #include "export/documents.h"
+#include "report/disk.h"
 #include "report/files.h"
 #include "report/text.h"
 #include "run/settings.h"
@@ -72,7 +73,8 @@ std::string checkXmemlForm(const std::string& value) {
 
 std::string checkFolder(const std::string& value) {
   std::error_code ignored;  // what cannot be asked about cannot be used either
-  const bool there = std::filesystem::is_directory(report::fromUtf8(value), ignored);
+  const bool there =
+      report::kindOf(report::fromUtf8(value), ignored) == std::filesystem::file_type::directory;
   return there ? "" : unusable(value, "a folder that exists");
 }
 
