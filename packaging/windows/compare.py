@@ -36,6 +36,11 @@ def are_same(file, other):
     return text == other_text and all(abs(a - b) < TOLERANCE for a, b in zip(numbers, others))
 
 
+def knows_less(run):
+    """Without MediaInfo, documents lack what only it tells, such as the sound's own rate."""
+    return any("MediaInfo" in notice for notice in run["notices"])
+
+
 def differences(linux, windows):
     if [sorted(g) for g in places(linux)] != [sorted(g) for g in places(windows)]:
         yield f"groups differ: {places(linux)} and {places(windows)}"
@@ -47,6 +52,8 @@ def differences(linux, windows):
     here, there = documents(linux), documents(windows)
     if sorted(here) != sorted(there):
         yield f"documents differ: {sorted(here)} and {sorted(there)}"
+        return
+    if knows_less(windows):
         return
     for document in here:
         if not are_same(here[document], there[document]):
@@ -62,9 +69,9 @@ def main():
     if not members:
         sys.exit("nothing was synchronised, so nothing was compared")
     start, middle, end = map(float, sys.argv[3:6])
-    print(f"{members} recordings in {len(linux['groups'])} groups, {len(documents(linux))} documents: "
-          f"{len(found)} differences; "
-          f"{middle - start:.1f} s here, {end - middle:.1f} s under Wine")
+    compared = f"{len(documents(linux))} documents" + " by name" * knows_less(windows)
+    print(f"{members} recordings in {len(linux['groups'])} groups, {compared}: "
+          f"{len(found)} differences; {middle - start:.1f} s here, {end - middle:.1f} s under Wine")
     sys.exit(bool(found))
 
 
