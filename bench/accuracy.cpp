@@ -2,7 +2,8 @@
 // costs: over rendered events whose truth is known. The vote's tests and the full placement are
 // measured on the same sound in one run.
 //
-// Usage: accuracy [--sounds FOLDER] [--seeds FIRST LAST] [--tolerance X]... [SET]...
+// Usage: accuracy [--sounds FOLDER] [--seeds FIRST LAST] [--tolerance X]... [--list] [SET]...
+// --list shows every recording that stands wrong or alone.
 
 #include <algorithm>
 #include <chrono>
@@ -33,6 +34,7 @@ struct Options {
   unsigned firstSeed = 1, lastSeed = 2;
   std::vector<float> tolerances;
   std::vector<std::string> sets;
+  bool list = false;
 };
 
 /// What one way of placing came to, summed over sets.
@@ -114,6 +116,35 @@ Score scoreOf(const Set& set, const matching::Placement& placement) {
   return score;
 }
 
+// Every recording that stands wrong against most of its group, or alone although it overlaps.
+void list(const Set& set, const matching::Placement& placement) {
+  const auto all = standings(placement, set.takes.size());
+  for (std::size_t i = 0; i < all.size(); ++i) {
+    int right = 0, wrong = 0, missed = 0;
+    double nearest = 1e9;
+    for (std::size_t j = 0; j < all.size(); ++j) {
+      const Take &a = set.takes[i], &b = set.takes[j];
+      if (i == j || a.device == b.device) continue;
+      const Truth truth = truthOf(a, b);
+      if (all[i].group < 0 || all[i].group != all[j].group) {
+        missed += truth.overlap >= 5;
+        continue;
+      }
+      const double error = all[j].offset - all[i].offset - truth.offset;
+      ++(a.event == b.event && std::abs(error) < kRight ? right : wrong);
+      if (std::abs(error) < std::abs(nearest)) nearest = error;
+    }
+    if (wrong == 0 && (missed == 0 || right > 0)) continue;
+    const Take& take = set.takes[i];
+    std::printf("    %-22s %5.1f s at %.0f dB%s%s: right %d wrong %d missed %d",
+                take.name.c_str(), take.lengthSeconds, take.microphone.snrDb,
+                take.microphone.babble ? " babble" : "", take.microphone.wind ? " wind" : "",
+                right, wrong, missed);
+    if (wrong) std::printf(", off by %.2f s, confidence %.2f", nearest, all[i].confidence);
+    std::printf("\n");
+  }
+}
+
 double quantile(std::vector<double> values, double q) {
   if (values.empty()) return 0;
   std::ranges::sort(values);
@@ -191,7 +222,7 @@ void printVotes(const Rendered& r, const Voted& voted,
   }
 }
 
-Score placed(const Rendered& r, const Voted& voted, bool bySound) {
+Score placed(const Rendered& r, const Voted& voted, bool bySound, bool listing) {
   const matching::SoundReader reader = [&](int file, std::int64_t first, std::int64_t count) {
     const auto& sound = r.sounds[std::size_t(file)];
     std::vector<float> piece(std::size_t(count), 0.0f);
@@ -206,6 +237,7 @@ Score placed(const Rendered& r, const Voted& voted, bool bySound) {
   const double seconds = since(start);
   Score score = scoreOf(r.set, placement);
   score.seconds = seconds;
+  if (listing) list(r.set, placement);
   return score;
 }
 
@@ -220,6 +252,8 @@ Options parse(int argc, char** argv) {
       options.lastSeed = unsigned(std::atoi(argv[++i]));
     } else if (word == "--tolerance" && i + 1 < argc) {
       options.tolerances.push_back(float(std::atof(argv[++i])));
+    } else if (word == "--list") {
+      options.list = true;
     } else {
       options.sets.push_back(word);
     }
@@ -240,8 +274,8 @@ void measure(const Options& options, const SoundLibrary& library, float toleranc
       const Rendered r = rendered(name, seed, library);
       const Voted voted = vote(r, tolerance);
       printVotes(r, voted, votes);
-      byVotes.add(placed(r, voted, false));
-      const Score score = placed(r, voted, true);
+      byVotes.add(placed(r, voted, false, false));
+      const Score score = placed(r, voted, true, options.list);
       print(name + ", seed " + std::to_string(seed), score);
       bySound.add(score);
       fingerprints += voted.fingerprintSeconds, voting += voted.voteSeconds;

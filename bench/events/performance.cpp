@@ -9,15 +9,6 @@
 namespace events {
 namespace {
 
-std::vector<float> readRaw(const std::filesystem::path& path) {
-  std::ifstream file(path, std::ios::binary);
-  std::vector<std::int16_t> raw(std::filesystem::file_size(path) / 2);
-  file.read(reinterpret_cast<char*>(raw.data()), static_cast<std::streamsize>(raw.size() * 2));
-  std::vector<float> samples(raw.size());
-  std::ranges::transform(raw, samples.begin(), [](std::int16_t s) { return s / 32768.0f; });
-  return samples;
-}
-
 void evenLevel(std::vector<float>& samples) {
   double power = 1e-9;
   for (const float s : samples) power += double(s) * s;
@@ -51,6 +42,15 @@ std::vector<float> fromLibrary(std::vector<std::vector<float>>& files, double se
 }
 
 }  // namespace
+
+std::vector<float> readRaw(const std::filesystem::path& path) {
+  std::ifstream file(path, std::ios::binary);
+  std::vector<std::int16_t> raw(std::filesystem::file_size(path) / 2);
+  file.read(reinterpret_cast<char*>(raw.data()), static_cast<std::streamsize>(raw.size() * 2));
+  std::vector<float> samples(raw.size());
+  std::ranges::transform(raw, samples.begin(), [](std::int16_t s) { return s / 32768.0f; });
+  return samples;
+}
 
 double uniform(Random& random, double from, double to) {
   return from + (to - from) * double(random() >> 11) * 0x1p-53;

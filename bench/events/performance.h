@@ -19,6 +19,9 @@ struct SoundLibrary {
 };
 SoundLibrary loadLibrary(const std::filesystem::path& folder);
 
+/// Samples of a file of 16 bit numbers, full scale 1.
+std::vector<float> readRaw(const std::filesystem::path& path);
+
 enum class Kind { speech, music, both };
 
 /// `seconds` of one event's sound at kStageRate. Pieces of the library in random order, at random

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <functional>
-#include <map>
+#include <tuple>
 
 namespace events {
 namespace {
@@ -133,6 +133,82 @@ Set shortClips(Random& random) {
   return set;
 }
 
+// Phones, cheap recorders and the internet: every take through a lossy encoder.
+Set lossy(Random& random) {
+  static const std::vector<std::pair<std::string, int>> codecs{
+      {"aac", 64}, {"libmp3lame", 48}, {"libopus", 16}, {"libopus", 32}, {"aac", 24}};
+  Set set{"lossy", {{Kind::both, 300}}, {}};
+  for (int d = 0; d < 5; ++d) {
+    Microphone mic = microphone(random, 3, 20);
+    std::tie(mic.codec, mic.kilobits) = codecs[std::size_t(d)];
+    mic.wind = random() % 3 == 0;
+    addClips(set, 0, d, 12, 90, 20, mic, random);
+  }
+  return set;
+}
+
+// What no editor should expect to be placed: there is hardly anything to hear.
+Set hopeless(Random& random) {
+  Set set{"hopeless", {{static_cast<Kind>(random() % 3), 300}, {Kind::both, 200}}, {}};
+  for (int d = 0; d < 5; ++d) {
+    Microphone mic = microphone(random, -14, -3);
+    mic.reverbSeconds = uniform(random, 0.6, 2.0);
+    mic.directDb = uniform(random, -10, 0);
+    mic.babble = d % 2;
+    mic.bumpsPerMinute = 20;
+    mic.wind = d == 3;
+    addClips(set, d == 4, d, 5, 20, 20, mic, random);
+  }
+  return set;
+}
+
+// One song that is played back time and again, steady, with somebody singing or calling over it;
+// each device's clips are cut from it anywhere.
+Set dance(Random& random) {
+  Set set{"dance", {{Kind::both, 260, uniform(random, 2, 8)}}, {}};
+  for (int d = 0; d < 3; ++d) {
+    Microphone mic = microphone(random, 0, 15);
+    mic.babble = random() % 2;
+    addClips(set, 0, d, 10, 60, 20, mic, random);
+  }
+  return set;
+}
+
+// Takes to one playback: all hear the same music, each its own voices over it.
+Set takes(Random& random) {
+  Set set{"takes", {{Kind::music, 120}}, {}};
+  for (int d = 0; d < 7; ++d) {
+    Microphone mic = microphone(random, -3, 8);
+    mic.babble = true;
+    addTake(set, 0, d, uniform(random, 0, 40), uniform(random, 30, 80), mic);
+  }
+  return set;
+}
+
+// A conference: hours on a recorder, a camera in long pieces, a phone now and then.
+Set conference(Random& random) {
+  Set set{"conference", {{Kind::both, 5400}}, {}};
+  addTake(set, 0, 0, 0, 5400, microphone(random, 15, 30));
+  for (int d = 1; d < 3; ++d) {
+    Microphone mic = microphone(random, 5, 15);
+    mic.driftPpm = uniform(random, -60, 60);
+    if (d == 1) addClips(set, 0, d, 900, 1800, 60, mic, random);
+    if (d == 2) addClips(set, 0, d, 10, 60, 300, mic, random);
+  }
+  return set;
+}
+
+// Many clips of several devices over one long event.
+Set many(Random& random, double seconds, int devices) {
+  Set set{"many", {{Kind::both, seconds}}, {}};
+  for (int d = 0; d < devices; ++d)
+    addClips(set, 0, d, 20, 90, 60, microphone(random, 5, 20), random);
+  return set;
+}
+
+Set hundred(Random& random) { return many(random, 2200, 4); }
+Set thousand(Random& random) { return many(random, 10000, 8); }
+
 Set longOnes(Random& random) {
   Set set{"long", {{Kind::both, 2400}}, {}};
   for (int d = 0; d < 2; ++d) {
@@ -149,7 +225,9 @@ const std::vector<std::pair<std::string, std::function<Set(Random&)>>>& makers()
       {"cameras", cameras},     {"wedding", wedding},     {"concert", concert},
       {"interview", interview}, {"strangers", strangers}, {"hard", hard},
       {"playback", playback},   {"loop", loop},           {"short", shortClips},
-      {"long", longOnes}};
+      {"lossy", lossy},         {"dance", dance},         {"takes", takes},
+      {"hopeless", hopeless},   {"long", longOnes},       {"conference", conference},
+      {"hundred", hundred},     {"thousand", thousand}};
   return all;
 }
 

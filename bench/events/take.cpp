@@ -7,6 +7,8 @@
 #include <numbers>
 #include <unsupported/Eigen/FFT>
 
+#include "bench/events/codec.h"
+
 namespace events {
 namespace {
 
@@ -128,6 +130,19 @@ void addBumps(std::vector<float>& samples, const Microphone& mic, Random& random
   }
 }
 
+// Gusts: deep rumble that comes and goes within seconds, up to 20 dB over the event.
+void addWind(std::vector<float>& samples, Random& random) {
+  std::normal_distribution<float> normal;
+  const auto loud = static_cast<float>(levelOf(samples) * 10);
+  float gust = 0, deep = 0, deeper = 0;
+  for (float& s : samples) {
+    gust += 0.0002f * (6 * normal(random) - gust);
+    deep += 0.06f * (normal(random) - deep);
+    deeper += 0.06f * (deep - deeper);
+    s += loud * 8 * std::max(0.0f, gust * 8) * deeper;
+  }
+}
+
 void automaticGain(std::vector<float>& samples) {
   double level = levelOf(samples);
   for (float& s : samples) {
@@ -166,9 +181,10 @@ std::vector<float> render(const Take& take, const std::vector<float>& stage, Ran
       static_cast<float>(levelOf(samples) * std::pow(10, -mic.snrDb / 20) / levelOf(disturbance));
   for (std::size_t i = 0; i < samples.size(); ++i) samples[i] += gain * disturbance[i];
   addBumps(samples, mic, random);
+  if (mic.wind) addWind(samples, random);
   if (mic.automaticGain) automaticGain(samples);
   toSixteenBit(samples, mic.clips);
-  return samples;
+  return mic.codec.empty() ? samples : throughCodec(samples, mic.codec, mic.kilobits);
 }
 
 }  // namespace events

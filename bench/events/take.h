@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string>
 #include <vector>
 
 #include "bench/events/performance.h"
@@ -20,6 +21,9 @@ struct Microphone {
   double bumpsPerMinute = 0;  // handling noise
   double bandHz = 3700;       // upper edge of what it hears
   bool clips = false;         // overdriven
+  bool wind = false;          // gusts, much louder than the event, below some hundred Hz
+  std::string codec;          // ffmpeg's name of a lossy encoder; empty = none
+  int kilobits = 48;          // per second, of that encoder
 };
 
 /// One file: what a device recorded from `startSeconds` on, on the event's clock.
