@@ -6,10 +6,10 @@
 // --list shows every recording that stands wrong or alone.
 
 #include <algorithm>
-#include <chrono>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
+#include <ctime>
 #include <map>
 #include <string>
 
@@ -21,13 +21,11 @@
 namespace {
 
 using namespace events;
-using Clock = std::chrono::steady_clock;
 
 constexpr double kRight = 0.1;  // seconds; farther off is a wrong place
 
-double since(Clock::time_point start) {
-  return std::chrono::duration<double>(Clock::now() - start).count();
-}
+/// Seconds of processor time, of all threads together: other programs hardly disturb them.
+double processorSeconds() { return double(std::clock()) / CLOCKS_PER_SEC; }
 
 struct Options {
   std::string sounds = "build/sounds";
@@ -195,16 +193,16 @@ struct Voted {
 
 Voted vote(const Rendered& r, float tolerance) {
   Voted voted;
-  auto start = Clock::now();
+  double start = processorSeconds();
   std::vector<analysis::MatrixXLI> prints(r.sounds.size());
 #pragma omp parallel for schedule(dynamic)
   for (std::size_t i = 0; i < prints.size(); ++i)
     prints[i] = analysis::fingerprint(r.sounds[i], tolerance);
-  voted.fingerprintSeconds = since(start);
-  start = Clock::now();
+  voted.fingerprintSeconds = processorSeconds() - start;
+  start = processorSeconds();
   matching::votePairs(prints, r.durations, r.deviceGroups, 1,
                       [&](matching::PairVote v) { voted.votes.push_back(std::move(v)); });
-  voted.voteSeconds = since(start);
+  voted.voteSeconds = processorSeconds() - start;
   return voted;
 }
 
@@ -231,10 +229,10 @@ Score placed(const Rendered& r, const Voted& voted, bool bySound, bool listing) 
     std::copy(sound.begin() + from, sound.begin() + to, piece.begin() + (from - first));
     return piece;
   };
-  const auto start = Clock::now();
+  const double start = processorSeconds();
   const auto placement = bySound ? matching::placeBySound(r.recordings, voted.votes, reader)
                                  : matching::placeByVotes(r.recordings, voted.votes);
-  const double seconds = since(start);
+  const double seconds = processorSeconds() - start;
   Score score = scoreOf(r.set, placement);
   score.seconds = seconds;
   if (listing) list(r.set, placement);

@@ -1,7 +1,7 @@
 #include "matching/correlate.h"
 
-#include <Eigen/Core>
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <numbers>
 
@@ -10,76 +10,102 @@
 namespace matching {
 namespace {
 
+using Index = Eigen::Index;
+
 constexpr float kWhitening = 0.7f;                  // 1 would weigh every bin alike, noise included
 constexpr float kEvening = 0.8f;                    // 1 would bring pauses to full level
 constexpr double kLowEdge = 120, kHighEdge = 3700;  // Hz; hum below, the converter's edge above
-
-using Samples = Eigen::Map<Eigen::ArrayXf>;
-
-Samples view(std::span<float> samples) {
-  return {samples.data(), static_cast<Eigen::Index>(samples.size())};
-}
+constexpr int kTogether = 4;
+constexpr int kBlock = 8;  // samples whose level is evened by one factor
 
 // Hann window of that length, kept for the next call of the same thread.
-const Eigen::ArrayXf& taper(std::size_t count) {
+const Eigen::ArrayXf& taper(Index count) {
   thread_local Eigen::ArrayXf window;
-  const auto size = static_cast<Eigen::Index>(count);
-  if (window.size() != size) {
+  if (window.size() != count) {
     const auto step = static_cast<float>(2 * std::numbers::pi / double(count));
     window =
-        0.5f - 0.5f * (step * (Eigen::ArrayXf::LinSpaced(size, 0.5f, float(size) - 0.5f))).cos();
+        0.5f - 0.5f * (step * (Eigen::ArrayXf::LinSpaced(count, 0.5f, float(count) - 0.5f))).cos();
   }
   return window;
 }
 
-std::vector<float> tapered(std::span<const float> samples) {
-  std::vector<float> out(samples.begin(), samples.end());
-  evenLevel(out);
-  view(out) *= taper(out.size());
-  return out;
+// Mean levels of blocks, then of what is around each block (50 ms on both sides).
+Signals levelsAround(const Signals& x) {
+  static const float kMemory = std::exp(-kBlock / (0.05f * kSampleRate));
+  const Index blocks = x.cols() / kBlock;
+  Signals levels(4, blocks);
+  for (Index i = 0; i < blocks; ++i)
+    levels.col(i) = x.middleCols<kBlock>(i * kBlock).abs().rowwise().mean();
+  const Eigen::Array4f mean = levels.rowwise().mean() + 1e-9f;
+  Signals around(4, blocks);
+  Eigen::Array4f before = mean, after = mean;
+  for (Index i = 0; i < blocks; ++i)
+    around.col(i) = before = before * kMemory + levels.col(i) * (1 - kMemory);
+  for (Index i = blocks; i-- > 0;) {
+    after = after * kMemory + levels.col(i) * (1 - kMemory);
+    around.col(i) = (around.col(i) + after) / 2 + 0.05f * mean;
+  }
+  return around;
 }
 
-// x becomes the cross spectrum, its magnitudes brought nearer to each other.
-void whitenProduct(Spectrum& x, const Spectrum& y) {
-  const auto bins = static_cast<Eigen::Index>(x.size());
+// Evens the levels: every sample is divided by a power of the sound's level around it.
+void evenLevel(Signals& x) {
+  const Signals gains = (levelsAround(x).log() * -kEvening).exp();
+  for (Index i = 0; i < gains.cols(); ++i)
+    x.middleCols<kBlock>(i * kBlock).colwise() *= gains.col(i);
+}
+
+// One piece of each of four pairs; where there are fewer, the last stands in for the rest.
+Signals gathered(std::span<const Pieces> pieces, std::vector<float> Pieces::* side) {
+  std::array<const float*, kTogether> from;
+  for (std::size_t i = 0; i < from.size(); ++i)
+    from[i] = (pieces[std::min(i, pieces.size() - 1)].*side).data();
+  Signals signals(kTogether, static_cast<Index>(pieces[0].a.size()));
+  for (Index n = 0; n < signals.cols(); ++n)
+    signals.col(n) << from[0][n], from[1][n], from[2][n], from[3][n];
+  evenLevel(signals);
+  signals.rowwise() *= taper(signals.cols()).transpose();
+  return signals;
+}
+
+// The cross spectra, their magnitudes brought nearer to each other.
+Spectra whitenedProduct(const Spectra& x, const Spectra& y) {
+  const Index bins = x.re.cols();
   const double hertzPerBin = kSampleRate / 2.0 / double(bins - 1);
-  const auto low = static_cast<Eigen::Index>(kLowEdge / hertzPerBin);
-  const auto high = static_cast<Eigen::Index>(kHighEdge / hertzPerBin);
-  Eigen::Map<Eigen::ArrayXcf> a(x.data(), bins);
-  a *= Eigen::Map<const Eigen::ArrayXcf>(y.data(), bins).conjugate();
-  a *= ((a.abs2() + 1e-20f).log() * (-kWhitening / 2)).exp();
-  a.head(low) = 0;
-  a.tail(bins - high) = 0;
+  const auto low = static_cast<Index>(kLowEdge / hertzPerBin);
+  const auto high = static_cast<Index>(kHighEdge / hertzPerBin);
+  Spectra cross{x.re * y.re + x.im * y.im, x.im * y.re - x.re * y.im};
+  Signals weight =
+      ((cross.re.square() + cross.im.square() + 1e-20f).log() * (-kWhitening / 2)).exp();
+  weight.leftCols(low) = 0;
+  weight.rightCols(bins - high) = 0;
+  cross.re *= weight;
+  cross.im *= weight;
+  return cross;
+}
+
+void correlateFour(std::span<const Pieces> pieces, int maxLag,
+                   std::vector<std::vector<float>>& out) {
+  const Signals whole = inverse(whitenedProduct(forward(gathered(pieces, &Pieces::a)),
+                                                forward(gathered(pieces, &Pieces::b))));
+  const Eigen::Array4f noise = whole.square().rowwise().mean().sqrt();
+  for (std::size_t i = 0; i < pieces.size(); ++i) {
+    const auto row = whole.row(Index(i));
+    std::vector<float>& lags = out.emplace_back(std::size_t(2 * maxLag + 1), 0.0f);
+    if (!(noise(Index(i)) > 0)) continue;
+    Eigen::Map<Eigen::ArrayXf> view(lags.data(), std::ssize(lags));
+    view << row.tail(maxLag).transpose(), row.head(maxLag + 1).transpose();
+    view /= noise(Index(i));
+  }
 }
 
 }  // namespace
 
-void evenLevel(std::span<float> samples) {
-  constexpr float kMemory = 1 - 1.0f / (0.05f * kSampleRate);
-  Samples x = view(samples);
-  const float mean = x.abs().mean() + 1e-9f;
-  Eigen::ArrayXf level(x.size());
-  float running = mean;
-  for (Eigen::Index i = 0; i < x.size(); ++i)
-    level(i) = running = running * kMemory + std::abs(x(i)) * (1 - kMemory);
-  running = mean;
-  for (Eigen::Index i = x.size(); i-- > 0;) {
-    running = running * kMemory + std::abs(x(i)) * (1 - kMemory);
-    level(i) += running;
-  }
-  x *= ((level / 2 + 0.05f * mean).log() * -kEvening).exp();
-}
-
-std::vector<float> correlate(std::span<const float> a, std::span<const float> b, int maxLag) {
-  Spectrum x = forward(tapered(a));
-  whitenProduct(x, forward(tapered(b)));
-  std::vector<float> whole = inverse(x, a.size());
-  const float noise = std::sqrt(view(whole).square().mean());
-  std::vector<float> lags(static_cast<std::size_t>(2 * maxLag + 1), 0.0f);
-  if (!(noise > 0)) return lags;
-  std::copy_n(whole.end() - maxLag, maxLag, lags.begin());
-  std::copy_n(whole.begin(), maxLag + 1, lags.begin() + maxLag);
-  view(lags) /= noise;
+std::vector<std::vector<float>> correlate(std::span<const Pieces> pieces, int maxLag) {
+  std::vector<std::vector<float>> lags;
+  for (std::size_t at = 0; at < pieces.size(); at += kTogether)
+    correlateFour(pieces.subspan(at, std::min<std::size_t>(kTogether, pieces.size() - at)), maxLag,
+                  lags);
   return lags;
 }
 

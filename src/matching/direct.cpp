@@ -11,19 +11,25 @@ constexpr int kSide = 8;         // 1 ms: the peak's own width
 constexpr float kRival = 0.45f;  // of the highest peak; less is an ordinary reflection
 constexpr float kSure = 0.3f;    // an explanation so much better than the next leaves no doubt
 
-// Sum of the windows' correlations along the line; the middle element is the line.
-std::vector<float> stacked(std::span<const WindowCorrelation> windows, const DelayLine& line) {
-  std::vector<float> sum(2 * kReach + 7, 0.0f);
-  for (std::size_t w = 0; w < windows.size(); ++w) {
-    if (w < line.heights.size() && line.heights[w] < kSupport) continue;
-    const auto& lags = windows[w].lags;
-    const std::ptrdiff_t first = static_cast<std::ptrdiff_t>(lags.size() / 2) -
-                                 std::ssize(sum) / 2 +
-                                 std::lround(line.delaySamples + line.slope * windows[w].atSeconds);
-    for (std::ptrdiff_t i = 0; i < std::ssize(sum); ++i)
-      if (first + i >= 0 && first + i < std::ssize(lags))
-        sum[std::size_t(i)] += lags[std::size_t(first + i)];
-  }
+// Adds the lags around `centre` (from the middle of `lags`).
+void stack(std::vector<float>& sum, const std::vector<float>& lags, long centre) {
+  const std::ptrdiff_t first =
+      static_cast<std::ptrdiff_t>(lags.size() / 2) - std::ssize(sum) / 2 + centre;
+  for (std::ptrdiff_t i = 0; i < std::ssize(sum); ++i)
+    if (first + i >= 0 && first + i < std::ssize(lags))
+      sum[std::size_t(i)] += lags[std::size_t(first + i)];
+}
+
+// Nothing yet; the middle element is the line.
+std::vector<float> emptyStack() { return std::vector<float>(2 * kReach + 7, 0.0f); }
+
+// Sum of the supporting windows' correlations along the line.
+std::vector<float> stackedAlong(std::span<const WindowCorrelation> windows, const DelayLine& line) {
+  std::vector<float> sum = emptyStack();
+  for (std::size_t w = 0; w < windows.size(); ++w)
+    if (line.heights[w] >= kSupport)
+      stack(sum, windows[w].lags,
+            std::lround(line.delaySamples + line.slope * windows[w].atSeconds));
   return sum;
 }
 
@@ -44,7 +50,7 @@ float explained(std::span<const ResponsePeak> peaks, const ResponsePeak& direct,
 
 std::vector<ResponsePeak> responsePeaks(std::span<const WindowCorrelation> windows,
                                         const DelayLine& line) {
-  const std::vector<float> response = stacked(windows, line);
+  const std::vector<float> response = stackedAlong(windows, line);
   const auto middle = static_cast<int>(response.size() / 2);
   const float top = std::ranges::max(std::span(response).subspan(std::size_t(middle) - 2, 5));
   std::vector<ResponsePeak> peaks{{0, 1.0f}};
@@ -57,8 +63,9 @@ std::vector<ResponsePeak> responsePeaks(std::span<const WindowCorrelation> windo
   return peaks;
 }
 
-std::vector<float> selfEchoes(std::span<const WindowCorrelation> windows) {
-  const std::vector<float> response = stacked(windows, {});
+std::vector<float> selfEchoes(std::span<const std::vector<float>> lags) {
+  std::vector<float> response = emptyStack();
+  for (const auto& piece : lags) stack(response, piece, 0);
   const std::size_t middle = response.size() / 2;
   std::vector<float> echoes(kReach + 1, 0.0f);
   for (std::size_t lag = kSide; lag < echoes.size() && response[middle] > 0; ++lag) {

@@ -19,8 +19,8 @@ std::vector<ResponsePeak> responsePeaks(std::span<const WindowCorrelation> windo
                                         const DelayLine& line);
 
 /// How much a recording repeats itself at every lag from 0 to 35 ms, 0 to 1: its room's echoes.
-/// `windows` are correlations of the recording with itself.
-std::vector<float> selfEchoes(std::span<const WindowCorrelation> windows);
+/// `lags`: correlations of pieces of the recording with themselves.
+std::vector<float> selfEchoes(std::span<const std::vector<float>> lags);
 
 /// Where the direct sound stands against the line.
 struct DirectSound {

@@ -1,18 +1,21 @@
 #pragma once
 
-#include <complex>
-#include <span>
-#include <vector>
+#include <Eigen/Core>
 
 namespace matching {
 
-using Spectrum = std::vector<std::complex<float>>;
+/// Four signals of one length, one in each row, so that one pass transforms all four.
+using Signals = Eigen::Array4Xf;
 
-/// Transform of `samples` real values (an even count): bins 0 to count / 2. Callable from any
-/// thread.
-Spectrum forward(std::span<const float> samples);
+/// Their spectra: one row a signal, one column a bin, from 0 to half the signals' length.
+struct Spectra {
+  Eigen::Array4Xf re, im;
+};
 
-/// The inverse, scaled so that inverse(forward(x), x.size()) is x.
-std::vector<float> inverse(const Spectrum& spectrum, std::size_t count);
+/// Transforms four real signals of an even length. Callable from any thread.
+Spectra forward(const Signals& signals);
+
+/// The inverse, scaled so that inverse(forward(x)) is x.
+Signals inverse(const Spectra& spectra);
 
 }  // namespace matching

@@ -10,6 +10,7 @@ namespace {
 constexpr double kSteepest = 150e-6 * 8000;    // samples per second; worse clocks are broken ones
 constexpr int kReach = 3;                      // samples around the line in which a peak counts
 constexpr float kChance = 3.5f, kMost = 8.0f;  // heights below say nothing, heights above no more
+constexpr std::size_t kProposing = 12;         // windows whose peaks propose lines
 constexpr int kPeaks = 3;                      // peaks of a window that may define a line
 
 struct Peak {
@@ -61,10 +62,11 @@ double evidenceOf(std::span<const WindowCorrelation> windows, double delay, doub
   return sum;
 }
 
-// Every pair of high peaks of two windows, and every peak alone, proposes a line.
+// Every pair of high peaks of two windows, and every peak alone, proposes a line. The first windows
+// are spread over the whole overlap; a line that none of them has is not there.
 DelayLine bestProposal(std::span<const WindowCorrelation> windows) {
   std::vector<Peak> peaks;
-  for (const auto& window : windows)
+  for (const auto& window : windows.first(std::min(kProposing, windows.size())))
     for (const Peak& peak : highestPeaks(window)) peaks.push_back(peak);
   DelayLine best;
   const auto propose = [&](double delay, double slope) {

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "matching/listening.h"
+
 namespace matching {
 namespace {
 
@@ -30,14 +32,22 @@ Suspicion suspicionOf(const PairVote& vote) {
   return s;
 }
 
+struct Listened {
+  Listening listening;
+  Alignment seen;  // at a glance
+};
+
 bool plausible(const Alignment& a) { return a.support >= 2 && a.evidence >= 6; }
 
-}  // namespace
-
-double weightOf(const Alignment& a) {
-  const double fraction = double(a.support) / std::max(1, a.windows);
-  return a.strength * a.strength * std::sqrt(double(a.support)) * fraction;
+std::vector<Alignment> rivalsOf(const Alignment& best, std::span<const Listened> others) {
+  std::vector<Alignment> rivals;
+  for (const Listened& other : others)
+    if (believed(other.seen) && other.seen.strength >= kRivalry * best.strength)
+      rivals.push_back(other.seen);
+  return rivals;
 }
+
+}  // namespace
 
 std::vector<Suspicion> suspicionsOf(std::span<const PairVote> votes) {
   std::vector<Suspicion> all;
@@ -52,20 +62,18 @@ std::optional<Match> examine(const Suspicion& suspicion, std::span<const Recordi
   const Pair pair{suspicion.first, suspicion.second,
                   recordings[std::size_t(suspicion.first)].samples,
                   recordings[std::size_t(suspicion.second)].samples};
-  std::vector<Alignment> plausibles;
-  for (const double offset : suspicion.offsets)
-    if (const Alignment a = verify(pair, offset, sound, Care::glance); plausible(a))
-      plausibles.push_back(a);
-  std::ranges::stable_sort(plausibles, std::greater{}, weightOf);
-  std::vector<Alignment> believable;
-  for (const Alignment& a : plausibles) {
-    if (!believable.empty() && a.strength < kRivalry * believable.front().strength) continue;
-    const Alignment exact = verify(pair, a.offsetSeconds, sound, Care::exact);
-    if (believed(exact)) believable.push_back(exact);
+  std::vector<Listened> plausibles;
+  for (const double offset : suspicion.offsets) {
+    Listening listening(pair, offset, sound);
+    if (const Alignment seen = listening.glance(); plausible(seen))
+      plausibles.push_back({std::move(listening), seen});
   }
-  if (believable.empty()) return std::nullopt;
-  std::ranges::stable_sort(believable, std::greater{}, weightOf);
-  return Match{believable.front(), {believable.begin() + 1, believable.end()}};
+  std::ranges::stable_sort(plausibles, std::greater{},
+                           [](const Listened& l) { return weightOf(l.seen); });
+  for (auto best = plausibles.begin(); best != plausibles.end(); ++best)
+    if (const Alignment exact = best->listening.exact(); believed(exact))
+      return Match{exact, rivalsOf(exact, {best + 1, plausibles.end()})};
+  return std::nullopt;
 }
 
 }  // namespace matching

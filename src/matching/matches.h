@@ -4,7 +4,8 @@
 #include <span>
 #include <vector>
 
-#include "matching/verify.h"
+#include "matching/alignment.h"
+#include "matching/placement.h"
 
 namespace matching {
 
@@ -29,8 +30,5 @@ std::vector<Suspicion> suspicionsOf(std::span<const PairVote> votes);
 /// thread.
 std::optional<Match> examine(const Suspicion& suspicion, std::span<const Recording> recordings,
                              const SoundReader& sound);
-
-/// How much a match weighs against others: the more windows fit, and the better, the more.
-double weightOf(const Alignment& alignment);
 
 }  // namespace matching

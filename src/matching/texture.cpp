@@ -26,97 +26,115 @@ std::array<int, kTextureBands + 1> bandEdges() {
   return edges;
 }
 
+const Eigen::RowVectorXf& taper() {
+  static const Eigen::RowVectorXf window =
+      (float(std::numbers::pi) / kWindow *
+       (Eigen::RowVectorXf::LinSpaced(kWindow, 0.5f, kWindow - 0.5f).array()))
+          .sin();
+  return window;
+}
+
+// Four frames from frame `first` on, one in each row; past the end there is silence.
+Signals fourFrames(std::span<const float> samples, Eigen::Index first) {
+  Signals frames = Signals::Zero(4, kWindow);
+  for (Eigen::Index i = 0; i < 4; ++i) {
+    const auto from = std::min(samples.size(), static_cast<std::size_t>((first + i) * kHop));
+    const auto count = std::min<std::size_t>(kWindow, samples.size() - from);
+    frames.row(i).head(Eigen::Index(count)) =
+        Eigen::Map<const Eigen::RowVectorXf>(samples.data() + from, Eigen::Index(count)).array();
+  }
+  frames.rowwise() *= taper().array();
+  return frames;
+}
+
 Texture bandLevels(std::span<const float> samples) {
   static const auto edges = bandEdges();
   const auto frames = static_cast<Eigen::Index>(samples.size()) / kHop;
-  Texture levels(frames, kTextureBands);
-  std::vector<float> window(kWindow);
-  for (Eigen::Index t = 0; t < frames; ++t) {
-    for (int i = 0; i < kWindow; ++i) {
-      const auto at = static_cast<std::size_t>(t * kHop + i);
-      const auto taper = static_cast<float>(std::sin(std::numbers::pi * (i + 0.5) / kWindow));
-      window[static_cast<std::size_t>(i)] = at < samples.size() ? samples[at] * taper : 0.0f;
-    }
-    const Spectrum spectrum = forward(window);
-    for (int b = 0; b < kTextureBands; ++b) {
-      float power = 0;
-      for (int k = edges[static_cast<std::size_t>(b)]; k < edges[static_cast<std::size_t>(b) + 1];
-           ++k)
-        power += std::norm(spectrum[static_cast<std::size_t>(k)]);
-      levels(t, b) = power;
-    }
+  Texture levels(kTextureBands, frames);
+  for (Eigen::Index t = 0; t < frames; t += 4) {
+    const Spectra spectra = forward(fourFrames(samples, t));
+    const Eigen::Array4Xf powers = spectra.re.square() + spectra.im.square();
+    const Eigen::Index count = std::min<Eigen::Index>(4, frames - t);
+    for (std::size_t b = 0; b < kTextureBands; ++b)
+      levels.block(Eigen::Index(b), t, 1, count) =
+          powers.middleCols(edges[b], edges[b + 1] - edges[b])
+              .rowwise()
+              .sum()
+              .transpose()
+              .leftCols(count);
   }
   return levels;
 }
 
 // Running mean over kAround frames on both sides.
-Eigen::ArrayXf meanAround(const Eigen::ArrayXf& x) {
-  const Eigen::Index n = x.size();
-  Eigen::ArrayXd sums(n + 1);
-  sums(0) = 0;
-  for (Eigen::Index i = 0; i < n; ++i) sums(i + 1) = sums(i) + x(i);
-  Eigen::ArrayXf mean(n);
-  for (Eigen::Index i = 0; i < n; ++i) {
-    const Eigen::Index from = std::max<Eigen::Index>(0, i - kAround);
-    const Eigen::Index to = std::min(n, i + kAround + 1);
-    mean(i) = static_cast<float>((sums(to) - sums(from)) / double(to - from));
+Texture meanAround(const Texture& x) {
+  using Sums = Eigen::Array<double, kTextureBands, 1>;
+  Texture mean(kTextureBands, x.cols());
+  Sums sum = Sums::Zero();
+  Eigen::Index from = 0, to = 0;
+  for (Eigen::Index t = 0; t < x.cols(); ++t) {
+    while (to < std::min(x.cols(), t + kAround + 1)) sum += x.col(to++).cast<double>();
+    while (from < t - kAround) sum -= x.col(from++).cast<double>();
+    mean.col(t) = (sum / double(to - from)).cast<float>();
   }
   return mean;
 }
 
 void toMovement(Texture& levels) {
-  const float floor = levels.size() ? levels.mean() * 1e-5f + 1e-12f : 1.0f;
-  for (Eigen::Index b = 0; b < levels.cols(); ++b) {
-    Eigen::ArrayXf x = (levels.col(b) + floor).log();
-    x -= meanAround(x);
-    const Eigen::ArrayXf spread = (meanAround(x.square()) + 0.05f).sqrt();
-    levels.col(b) = (x / spread).max(-2.0f).min(2.0f);
-  }
+  const float floor = levels.mean() * 1e-5f + 1e-12f;
+  levels = (levels + floor).log();
+  levels -= meanAround(levels);
+  levels /= (meanAround(levels.square()) + 0.05f).sqrt();
+  levels = levels.max(-2.0f).min(2.0f);
 }
 
-std::size_t powerOfTwo(std::size_t least) {
-  std::size_t size = 1024;
+Eigen::Index powerOfTwo(Eigen::Index least) {
+  Eigen::Index size = 256;
   while (size < least) size *= 2;
   return size;
 }
 
-Spectrum bandSpectrum(const Texture& texture, Eigen::Index first, Eigen::Index count,
-                      Eigen::Index band, std::size_t size) {
-  std::vector<float> padded(size, 0.0f);
-  const Eigen::Index end = std::min(first + count, texture.rows());
-  for (Eigen::Index t = std::max<Eigen::Index>(0, first); t < end; ++t)
-    padded[static_cast<std::size_t>(t - first)] = texture(t, band);
-  return forward(padded);
+// Spectra of four bands each, of `size` frames from frame `first` on, with zeros past the ends.
+std::array<Spectra, kTextureBands / 4> spectraOf(const Texture& texture, Eigen::Index first,
+                                                 Eigen::Index count, Eigen::Index size) {
+  const Eigen::Index from = std::max<Eigen::Index>(0, first);
+  const Eigen::Index frames = std::min(first + count, texture.cols()) - from;
+  std::array<Spectra, kTextureBands / 4> spectra;
+  for (std::size_t i = 0; i < spectra.size(); ++i) {
+    Signals padded = Signals::Zero(4, size);
+    if (frames > 0)
+      padded.middleCols(from - first, frames) = texture.block(4 * Eigen::Index(i), from, 4, frames);
+    spectra[i] = forward(padded);
+  }
+  return spectra;
 }
 
-// Sum over bands of the products, for every lag of b's start from -(rows of b) on.
+// Sum over bands of the products, for every lag of b's start from -(frames of b) on.
 std::vector<float> correlationOverLags(const Texture& a, const Texture& b) {
-  const auto rowsB = static_cast<std::size_t>(b.rows());
-  const std::size_t size = powerOfTwo(2 * rowsB), step = size - rowsB;
-  std::vector<Spectrum> shorter;
-  for (Eigen::Index k = 0; k < kTextureBands; ++k)
-    shorter.push_back(bandSpectrum(b, 0, b.rows(), k, size));
-  std::vector<float> result(static_cast<std::size_t>(a.rows()) + rowsB, 0.0f);
-  for (std::size_t at = 0; at < result.size(); at += step) {
-    Spectrum sum(size / 2 + 1);
-    const auto first = static_cast<Eigen::Index>(at) - b.rows();
-    for (Eigen::Index k = 0; k < kTextureBands; ++k) {
-      const Spectrum block = bandSpectrum(a, first, static_cast<Eigen::Index>(size), k, size);
-      const Spectrum& other = shorter[static_cast<std::size_t>(k)];
-      for (std::size_t f = 0; f < sum.size(); ++f) sum[f] += block[f] * std::conj(other[f]);
+  const Eigen::Index framesB = b.cols();
+  const Eigen::Index size = powerOfTwo(2 * framesB), step = size - framesB;
+  const auto shorter = spectraOf(b, 0, framesB, size);
+  std::vector<float> result(static_cast<std::size_t>(a.cols() + framesB), 0.0f);
+  for (Eigen::Index at = 0; at < std::ssize(result); at += step) {
+    const auto block = spectraOf(a, at - framesB, size, size);
+    Spectra sum{Signals::Zero(4, size / 2 + 1), Signals::Zero(4, size / 2 + 1)};
+    for (std::size_t i = 0; i < block.size(); ++i) {
+      sum.re += block[i].re * shorter[i].re + block[i].im * shorter[i].im;
+      sum.im += block[i].im * shorter[i].re - block[i].re * shorter[i].im;
     }
-    const std::vector<float> lags = inverse(sum, size);
-    for (std::size_t i = 0; i < step && at + i < result.size(); ++i) result[at + i] = lags[i];
+    const Eigen::ArrayXf lags = inverse(sum).colwise().sum();
+    const Eigen::Index count = std::min<Eigen::Index>(step, std::ssize(result) - at);
+    std::copy_n(lags.begin(), count, result.begin() + at);
   }
   return result;
 }
 
 // Divides every lag by what chance gives for its number of common frames.
-void toStrength(std::vector<float>& lags, Eigen::Index rowsA, Eigen::Index rowsB, double least) {
+void toStrength(std::vector<float>& lags, Eigen::Index framesA, Eigen::Index framesB, double least) {
   double power = 0, count = 0;
   for (std::size_t i = 0; i < lags.size(); ++i) {
-    const auto start = static_cast<Eigen::Index>(i) - rowsB;
-    const auto common = std::min(rowsA, start + rowsB) - std::max<Eigen::Index>(0, start);
+    const auto start = static_cast<Eigen::Index>(i) - framesB;
+    const auto common = std::min(framesA, start + framesB) - std::max<Eigen::Index>(0, start);
     if (double(common) < least) {
       lags[i] = 0;
       continue;
@@ -133,27 +151,27 @@ void toStrength(std::vector<float>& lags, Eigen::Index rowsA, Eigen::Index rowsB
 
 Texture textureOf(std::span<const float> samples) {
   Texture texture = bandLevels(samples);
-  if (texture.rows() > 0) toMovement(texture);
+  if (texture.cols() > 0) toMovement(texture);
   return texture;
 }
 
 std::vector<Resemblance> resemblances(const Texture& a, const Texture& b, int count,
                                       double leastOverlap) {
-  if (a.rows() < b.rows()) {
+  if (a.cols() < b.cols()) {
     std::vector<Resemblance> mirrored = resemblances(b, a, count, leastOverlap);
     for (Resemblance& r : mirrored) r.offsetSeconds = -r.offsetSeconds;
     return mirrored;
   }
   std::vector<Resemblance> best;
-  if (b.rows() == 0) return best;
+  if (b.cols() == 0) return best;
   std::vector<float> lags = correlationOverLags(a, b);
-  toStrength(lags, a.rows(), b.rows(), leastOverlap * kTextureRate);
+  toStrength(lags, a.cols(), b.cols(), leastOverlap * kTextureRate);
   constexpr std::size_t kApart = static_cast<std::size_t>(kTextureRate / 2);
   for (int k = 0; k < count; ++k) {
     const auto top = std::ranges::max_element(lags);
     if (top == lags.end() || *top <= 0) break;
     const auto at = static_cast<std::size_t>(top - lags.begin());
-    best.push_back({(double(at) - double(b.rows())) / kTextureRate, *top});
+    best.push_back({(double(at) - double(b.cols())) / kTextureRate, *top});
     const std::size_t from = at < kApart ? 0 : at - kApart;
     std::fill(lags.begin() + static_cast<std::ptrdiff_t>(from),
               lags.begin() + static_cast<std::ptrdiff_t>(std::min(lags.size(), at + kApart)), 0.0f);

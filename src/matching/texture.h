@@ -7,11 +7,11 @@
 namespace matching {
 
 inline constexpr double kTextureRate = 31.25;  // frames per second
-inline constexpr int kTextureBands = 14;
+inline constexpr int kTextureBands = 16;
 
-/// How the sound moves in each band: frames (rows) by bands (columns), level over the level around
+/// How the sound moves in each band: bands (rows) by frames (columns), level over the level around
 /// it, limited, so that neither loudness nor a steady tone nor a single bump says much.
-using Texture = Eigen::ArrayXXf;
+using Texture = Eigen::Array<float, kTextureBands, Eigen::Dynamic>;
 
 /// The texture of `samples` (mono, 8000 Hz). Pure: callable from any thread.
 Texture textureOf(std::span<const float> samples);

@@ -9,8 +9,8 @@
 #include "matching/correlate.h"
 #include "matching/direct.h"
 #include "matching/group.h"
+#include "matching/listening.h"
 #include "matching/placement.h"
-#include "matching/verify.h"
 
 namespace matching {
 namespace {
@@ -63,11 +63,12 @@ struct Shoot {
   }
   Alignment verified(double offset) const {
     const Pair pair{0, 1, recordings[0].samples, recordings[1].samples};
-    return verify(pair, offset, reader(), Care::exact);
+    const SoundReader sound = reader();
+    return Listening(pair, offset, sound).exact();
   }
 };
 
-TEST(Verify, FindsAnOffsetBetweenTwoSamples) {
+TEST(Listening, FindsAnOffsetBetweenTwoSamples) {
   for (const double start : {3.0, 3.00004, 3.0301}) {
     SCOPED_TRACE(start);
     Shoot shoot;
@@ -80,7 +81,7 @@ TEST(Verify, FindsAnOffsetBetweenTwoSamples) {
   }
 }
 
-TEST(Verify, MeasuresTheDriftOfTwoClocks) {
+TEST(Listening, MeasuresTheDriftOfTwoClocks) {
   Shoot shoot;
   shoot.add("a", recorded(1, 0, 130, 20));
   shoot.add("b", recorded(1, 5, 120, -25));

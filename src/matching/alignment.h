@@ -1,10 +1,8 @@
 #pragma once
 
-#include <cstdint>
-#include <functional>
-#include <vector>
+#include <span>
 
-#include "matching/placement.h"
+#include "matching/line.h"
 
 namespace matching {
 
@@ -25,18 +23,15 @@ struct Alignment {
   double confidence = 0;     // 0 to 1
 };
 
-struct Pair {
-  int first, second;
-  std::int64_t firstSamples, secondSamples;  // lengths at 8000 Hz
-};
-
-enum class Care { glance, exact };  // a few windows to believe or not; more for place and drift
-
-/// Compares the sound in windows along the overlap that the offset supposes, within a tenth of a
-/// second (more where drift may add up). Callable from any thread.
-Alignment verify(const Pair& pair, double offsetSeconds, const SoundReader& sound, Care care);
+/// Fills in what `line` and the windows it runs through say: strength, evidence, distinction,
+/// support, spread and confidence.
+void summarise(Alignment& alignment, const DelayLine& line,
+               std::span<const WindowCorrelation> windows);
 
 /// Whether so much evidence, so spread over time, is past what chance gives.
 bool believed(const Alignment& alignment);
+
+/// How much an alignment weighs against others: the more windows fit, and the better, the more.
+double weightOf(const Alignment& alignment);
 
 }  // namespace matching

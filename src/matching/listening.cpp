@@ -1,0 +1,120 @@
+#include "matching/listening.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numeric>
+
+#include "matching/correlate.h"
+
+namespace matching {
+namespace {
+
+constexpr double kLeastOverlap = 1.5;     // seconds; below there is nothing to compare
+constexpr double kReach = 0.1;            // seconds around the supposed offset
+constexpr double kReachPerSecond = 5e-5;  // drift may add this much for every second of overlap
+constexpr double kShortOverlap = 5, kLongOverlap = 60;  // seconds
+constexpr double kGlimmer = 5;   // evidence of the first four windows that is worth the others
+constexpr double kClear = 15;    // strength from which more windows add little
+constexpr std::size_t kFew = 4, kSome = 8, kMany = 16, kMost = 32;
+
+// The first windows are spread over the whole overlap, later ones lie between those.
+std::vector<std::size_t> coarseFirst(std::size_t count) {
+  std::size_t step = 1;
+  while (step * 2 * kFew <= count) step *= 2;
+  const auto round = [step](std::size_t i) {
+    std::size_t rest = (i + step / 2) % step, reversed = 0;
+    for (std::size_t bit = 1; bit < step; bit *= 2, rest /= 2) reversed = 2 * reversed + rest % 2;
+    return reversed;
+  };
+  std::vector<std::size_t> order(count);
+  std::iota(order.begin(), order.end(), 0);
+  std::ranges::stable_sort(order, {}, round);
+  return order;
+}
+
+}  // namespace
+
+Listening::Listening(const Pair& pair, double offsetSeconds, const SoundReader& sound)
+    : pair_(pair), offset_(std::round(offsetSeconds * kSampleRate) / kSampleRate), sound_(&sound) {
+  const double first = double(pair.firstSamples) / kSampleRate;
+  const double second = double(pair.secondSamples) / kSampleRate;
+  from_ = std::max(0.0, offset_);
+  to_ = std::max(from_, std::min(first, offset_ + second));
+  length_ = overlap() < kShortOverlap ? 8192 : 16384;
+  const double reach = std::min(0.5, kReach + kReachPerSecond * overlap());
+  maxLag_ = std::min(length_ / 4, static_cast<int>(reach * kSampleRate));
+  if (overlap() >= kLeastOverlap) chooseWindows();
+}
+
+// Evenly over the overlap; windows overlap each other by half at most.
+void Listening::chooseWindows() {
+  const double seconds = double(length_) / kSampleRate;
+  const double room = std::max(0.0, overlap() - 0.6 * seconds);
+  const auto count = std::min(kMost, 1 + static_cast<std::size_t>(2 * room / seconds));
+  for (const std::size_t k : coarseFirst(count)) {
+    const double share = count > 1 ? double(k) / double(count - 1) - 0.5 : 0;
+    middles_.push_back(middle() + room * share);
+  }
+}
+
+std::vector<float> Listening::piece(int file, double middle) const {
+  const auto centre = static_cast<std::int64_t>(std::llround(middle * kSampleRate));
+  return (*sound_)(file, centre - length_ / 2, length_);
+}
+
+void Listening::listenTo(std::size_t windows) {
+  const std::size_t known = correlations_.size(), count = std::min(windows, middles_.size());
+  std::vector<Pieces> pieces;
+  for (std::size_t i = known; i < count; ++i)
+    pieces.push_back({piece(pair_.first, middles_[i]), piece(pair_.second, middles_[i] - offset_)});
+  auto lags = correlate(pieces, maxLag_);
+  for (std::size_t i = known; i < count; ++i)
+    correlations_.push_back({middles_[i] - middle(), std::move(lags[i - known])});
+}
+
+Alignment Listening::summary(const DelayLine& line, const DirectSound& direct) const {
+  Alignment a{.first = pair_.first, .second = pair_.second};
+  a.overlapSeconds = overlap();
+  a.offsetSeconds = offset_ + (line.delaySamples + direct.shiftSamples) / kSampleRate;
+  a.driftPpm = -line.slope / kSampleRate * 1e6;
+  a.driftError = line.slopeError / kSampleRate * 1e6;
+  a.errorSeconds = std::hypot(line.errorSamples, direct.doubtSamples) / kSampleRate;
+  summarise(a, line, correlations_);
+  return a;
+}
+
+Alignment Listening::glance() {
+  listenTo(kFew);
+  if (const DelayLine line = bestLine(correlations_);
+      middles_.size() <= kFew || line.evidence < kGlimmer)
+    return summary(line, {});
+  listenTo(kSome);
+  return summary(bestLine(correlations_), {});
+}
+
+Alignment Listening::exact() {
+  listenTo(overlap() > kLongOverlap ? kMany : kSome);
+  DelayLine line = bestLine(correlations_);
+  if (summary(line, {}).strength < kClear && middles_.size() > correlations_.size()) {
+    listenTo(kMost);
+    line = bestLine(correlations_);
+  }
+  return summary(line, findDirect(line));
+}
+
+// Only pairs with echoes nearly as loud as the direct sound need the look at their own echoes.
+DirectSound Listening::findDirect(const DelayLine& line) const {
+  const auto peaks = responsePeaks(correlations_, line);
+  if (peaks.size() < 2) return {};
+  const std::size_t count = std::min(kSome, middles_.size());
+  std::vector<Pieces> first, second;
+  for (std::size_t i = 0; i < count; ++i) {
+    const auto a = piece(pair_.first, middles_[i]), b = piece(pair_.second, middles_[i] - offset_);
+    first.push_back({a, a});
+    second.push_back({b, b});
+  }
+  return directSound(peaks, selfEchoes(correlate(first, maxLag_)),
+                     selfEchoes(correlate(second, maxLag_)));
+}
+
+}  // namespace matching
