@@ -3,9 +3,9 @@
 #include <span>
 #include <vector>
 
-namespace matching {
+#include "matching/recording.h"
 
-inline constexpr int kSampleRate = 8000;  // Hz
+namespace matching {
 
 /// Two pieces of sound, of one length, that may hear the same.
 struct Pieces {

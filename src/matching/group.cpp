@@ -17,8 +17,6 @@ constexpr double kSame = 0.05;              // seconds; echoes and interpolation
 constexpr double kDriftPerSecond = 120e-6;  // of length, that two clocks may add
 constexpr double kDeviceOverlap = 0.15;     // seconds that padding may add to a device's files
 
-double seconds(const Recording& recording) { return double(recording.samples) / kSampleRate; }
-
 std::string sentence(std::span<const Recording> recordings, const Alignment& a, const char* why) {
   char offset[32];
   std::snprintf(offset, sizeof offset, "%.3f", a.offsetSeconds);
@@ -59,7 +57,7 @@ class Groups {
   bool isRoot(int file) { return forest_.group(file) == file; }
 
  private:
-  double length(int file) const { return seconds(recordings_[std::size_t(file)]); }
+  double length(int file) const { return secondsOf(recordings_[std::size_t(file)]); }
   double overlapOnDevice(int x, int y, double shift) {
     const int device = recordings_[std::size_t(x)].device;
     if (device < 0 || device != recordings_[std::size_t(y)].device) return 0;
@@ -96,8 +94,8 @@ std::vector<double> confirmedWeights(std::span<const Recording> recordings,
       const auto cb = offsets.find({c, b});
       if (cb == offsets.end()) continue;
       const double longest =
-          std::max({seconds(recordings[std::size_t(a)]), seconds(recordings[std::size_t(b)]),
-                    seconds(recordings[std::size_t(c)])});
+          std::max({secondsOf(recordings[std::size_t(a)]), secondsOf(recordings[std::size_t(b)]),
+                    secondsOf(recordings[std::size_t(c)])});
       const double off = ac->second + cb->second - match.best.offsetSeconds;
       ++(std::abs(off) < kSame + kDriftPerSecond * longest ? agree : contradict);
     }

@@ -6,6 +6,8 @@
 
 #include "matching/alignment.h"
 #include "matching/placement.h"
+#include "matching/suspicion.h"
+#include "matching/textures.h"
 
 namespace matching {
 
@@ -15,20 +17,10 @@ struct Match {
   std::vector<Alignment> rivals;  // other offsets at which the sound fits too: repeated music
 };
 
-/// Supposed offsets of one pair.
-struct Suspicion {
-  int first, second;            // file indices
-  std::vector<double> offsets;  // seconds of second's start on first's clock, likeliest first
-  double significance = 0;      // of the likeliest
-};
-
-/// The pairs whose votes suggest something, most significant first. A vote's own choice comes
-/// before its other peaks only where it was accepted.
-std::vector<Suspicion> suspicionsOf(std::span<const PairVote> votes);
-
-/// Listens at every supposed offset and keeps the best that can be believed. Callable from any
-/// thread.
+/// Listens at every supposed offset, where those turn out to be repetitions at all others that may
+/// be, and keeps the best that can be believed. Callable from any thread; the textures of both
+/// files must be prepared.
 std::optional<Match> examine(const Suspicion& suspicion, std::span<const Recording> recordings,
-                             const SoundReader& sound);
+                             const SoundReader& sound, const Textures& textures);
 
 }  // namespace matching

@@ -13,7 +13,6 @@ namespace matching {
 namespace {
 
 constexpr double kTolerance = 0.1;  // seconds by which offsets may differ and clips may overlap
-constexpr double kSampleRate = 8000;
 
 using Recordings = std::span<const Recording>;
 
@@ -47,7 +46,7 @@ double totalSupport(const std::vector<Link>& links) {
 }
 
 double overlapSeconds(const Recording& a, double startA, const Recording& b, double startB) {
-  const double endA = startA + a.samples / kSampleRate, endB = startB + b.samples / kSampleRate;
+  const double endA = startA + secondsOf(a), endB = startB + secondsOf(b);
   return std::min(endA, endB) - std::max(startA, startB);
 }
 

@@ -7,16 +7,10 @@
 #include <string>
 #include <vector>
 
+#include "matching/recording.h"
 #include "matching/vote.h"
 
 namespace matching {
-
-/// One recording as the placement sees it. Index in the list = file index of the votes.
-struct Recording {
-  std::string name;       // for messages
-  std::int64_t samples;   // exact length at 8000 Hz; 0 = no sound (the dummy, a marker)
-  int device = -1;        // recordings of one device (>= 0) never overlap; -1 = a device of its own
-};
 
 /// Reads `count` samples (mono, 8000 Hz, full scale 1.0) of recording `file` from sample `first`
 /// on; samples before the start or past the end are 0. Callable from any thread.

@@ -26,6 +26,8 @@ std::array<int, kTextureBands + 1> bandEdges() {
   return edges;
 }
 
+using Levels = Eigen::Array<float, kTextureBands, Eigen::Dynamic>;
+
 const Eigen::RowVectorXf& taper() {
   static const Eigen::RowVectorXf window =
       (float(std::numbers::pi) / kWindow *
@@ -47,10 +49,10 @@ Signals fourFrames(std::span<const float> samples, Eigen::Index first) {
   return frames;
 }
 
-Texture bandLevels(std::span<const float> samples) {
+Levels bandLevels(std::span<const float> samples) {
   static const auto edges = bandEdges();
   const auto frames = static_cast<Eigen::Index>(samples.size()) / kHop;
-  Texture levels(kTextureBands, frames);
+  Levels levels(kTextureBands, frames);
   for (Eigen::Index t = 0; t < frames; t += 4) {
     const Spectra spectra = forward(fourFrames(samples, t));
     const Eigen::Array4Xf powers = spectra.re.square() + spectra.im.square();
@@ -67,9 +69,9 @@ Texture bandLevels(std::span<const float> samples) {
 }
 
 // Running mean over kAround frames on both sides.
-Texture meanAround(const Texture& x) {
+Levels meanAround(const Levels& x) {
   using Sums = Eigen::Array<double, kTextureBands, 1>;
-  Texture mean(kTextureBands, x.cols());
+  Levels mean(kTextureBands, x.cols());
   Sums sum = Sums::Zero();
   Eigen::Index from = 0, to = 0;
   for (Eigen::Index t = 0; t < x.cols(); ++t) {
@@ -80,12 +82,13 @@ Texture meanAround(const Texture& x) {
   return mean;
 }
 
-void toMovement(Texture& levels) {
+Texture movement(Levels levels) {
+  constexpr float kStep = 60, kLimit = 2;  // steps per standard deviation; deviations
   const float floor = levels.mean() * 1e-5f + 1e-12f;
   levels = (levels + floor).log();
   levels -= meanAround(levels);
   levels /= (meanAround(levels.square()) + 0.05f).sqrt();
-  levels = levels.max(-2.0f).min(2.0f);
+  return (kStep * levels.max(-kLimit).min(kLimit)).round().cast<std::int8_t>();
 }
 
 Eigen::Index powerOfTwo(Eigen::Index least) {
@@ -103,7 +106,7 @@ std::array<Spectra, kTextureBands / 4> spectraOf(const Texture& texture, Eigen::
   for (std::size_t i = 0; i < spectra.size(); ++i) {
     Signals padded = Signals::Zero(4, size);
     if (frames > 0)
-      padded.middleCols(from - first, frames) = texture.block(4 * Eigen::Index(i), from, 4, frames);
+      padded.middleCols(from - first, frames) = texture.block(4 * Eigen::Index(i), from, 4, frames).cast<float>();
     spectra[i] = forward(padded);
   }
   return spectra;
@@ -147,12 +150,51 @@ void toStrength(std::vector<float>& lags, Eigen::Index framesA, Eigen::Index fra
   for (float& v : lags) v /= chance;
 }
 
+// Sum of the products of what both have from `from` to `to` on a's frames.
+double product(const Texture& a, const Texture& b, Eigen::Index lag, Eigen::Index from,
+               Eigen::Index to) {
+  const std::int8_t* x = a.col(from).data();
+  const std::int8_t* y = b.col(from - lag).data();
+  std::int32_t sum = 0;  // a minute is 32,000 products of up to 14,400
+  for (Eigen::Index i = 0; i < kTextureBands * (to - from); ++i) sum += x[i] * y[i];
+  return sum;
+}
+
+// The resemblance at a lag of b's start, per root of the common frames; none where those are few.
+std::optional<double> similarity(const Texture& a, const Texture& b, Eigen::Index lag) {
+  constexpr Eigen::Index kFewest = 64, kMost = 2000;
+  Eigen::Index from = std::max<Eigen::Index>(0, lag), to = std::min(a.cols(), lag + b.cols());
+  const Eigen::Index common = to - from;
+  if (common < kFewest) return std::nullopt;
+  if (common > kMost) from += (common - kMost) / 2, to = from + kMost;
+  return product(a, b, lag, from, to) / std::sqrt(double(to - from));
+}
+
+double medianOf(std::vector<double>& values) {
+  const auto middle = values.begin() + std::ssize(values) / 2;
+  std::ranges::nth_element(values, middle);
+  return *middle;
+}
+
 }  // namespace
 
 Texture textureOf(std::span<const float> samples) {
-  Texture texture = bandLevels(samples);
-  if (texture.cols() > 0) toMovement(texture);
-  return texture;
+  if (samples.size() < kHop) return Texture(kTextureBands, 0);
+  return movement(bandLevels(samples));
+}
+
+std::optional<double> resemblanceAt(const Texture& a, const Texture& b, double offsetSeconds) {
+  constexpr Eigen::Index kReach = 3, kOthers = 12, kOtherStep = 37;  // frames
+  const auto lag = static_cast<Eigen::Index>(std::lround(offsetSeconds * kTextureRate));
+  std::optional<double> best;
+  for (Eigen::Index i = lag - kReach; i <= lag + kReach; ++i)
+    if (const auto here = similarity(a, b, i)) best = std::max(*here, best.value_or(*here));
+  std::vector<double> others;
+  for (Eigen::Index k = 1; k <= kOthers; ++k)
+    for (const Eigen::Index other : {lag - k * kOtherStep, lag + k * kOtherStep})
+      if (const auto there = similarity(a, b, other)) others.push_back(std::abs(*there));
+  if (!best || std::ssize(others) < kOthers / 2) return std::nullopt;
+  return *best / (1.48 * medianOf(others) + 1e-9);  // the median's ratio to a standard deviation
 }
 
 std::vector<Resemblance> resemblances(const Texture& a, const Texture& b, int count,

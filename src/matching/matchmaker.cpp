@@ -1,0 +1,148 @@
+#include "matching/matchmaker.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "matching/search_plan.h"
+
+namespace matching {
+namespace {
+
+constexpr std::size_t kBatch = 32;  // pairs examined at once; fixed, so that threads change nothing
+constexpr double kSuspicious = 6;   // significance of a vote's peak from which it is listened to
+constexpr double kWorthTrying = 4;  // the same where there are few pairs
+constexpr std::size_t kSmallSet = 12;  // recordings; in smaller sets every pair is worth its time
+constexpr int kEnough = 3;             // matches of a recording, after which more add little
+// Music that repeats fits at wrong offsets too, up to a strength of 14; weaker matches than this
+// count, but do not end the search for a better one.
+constexpr double kSure = 18;
+constexpr double kConfirms = 0.3;       // seconds; a suspicion so near speaks for a known position
+constexpr double kImpliedOverlap = 6;   // seconds two members must share to be worth a look
+
+std::vector<int> filesOf(std::span<const std::pair<int, int>> pairs) {
+  std::vector<int> files;
+  for (const auto& [a, b] : pairs) files.insert(files.end(), {a, b});
+  return files;
+}
+
+}  // namespace
+
+Matchmaker::Matchmaker(std::span<const Recording> recordings, const SoundReader& sound,
+                       const PlacementProgress& progress)
+    : recordings_(recordings),
+      sound_(sound),
+      progress_(progress),
+      textures_(recordings, sound),
+      connected_(static_cast<int>(recordings.size())),
+      matchCount_(recordings.size(), 0),
+      partners_(recordings.size(), 0) {}
+
+bool Matchmaker::small() const { return recordings_.size() <= kSmallSet; }
+
+bool Matchmaker::cancelled() const { return progress_.cancelled && progress_.cancelled(); }
+
+void Matchmaker::listen(std::vector<Suspicion> suspicions) {
+  std::size_t next = 0;
+  while (next < suspicions.size() && !cancelled()) {
+    std::vector<const Suspicion*> batch;
+    for (; next < suspicions.size() && batch.size() < kBatch; ++next)
+      if (promising(suspicions[next]) && wanted(suspicions[next]))
+        batch.push_back(&suspicions[next]);
+    examineAll(batch);
+    if (progress_.step)
+      progress_.step(static_cast<int>(next), static_cast<int>(suspicions.size()));
+  }
+}
+
+bool Matchmaker::promising(const Suspicion& s) const {
+  return s.significance >= (small() ? kWorthTrying : kSuspicious) &&
+         comparable(recordings_, s.first, s.second);
+}
+
+// Recordings that are placed already need no more than some confirmation where they stand.
+bool Matchmaker::wanted(const Suspicion& s) {
+  const auto known = connected_.between(s.first, s.second);
+  if (!known || small()) return true;
+  const bool enough = matchCount_[std::size_t(s.first)] >= kEnough &&
+                      matchCount_[std::size_t(s.second)] >= kEnough;
+  return !enough && std::ranges::any_of(s.offsets, [&](double offset) {
+    return std::abs(offset - *known) < kConfirms;
+  });
+}
+
+void Matchmaker::examineAll(std::span<const Suspicion* const> batch) {
+  std::vector<int> files;
+  for (const Suspicion* s : batch) files.insert(files.end(), {s->first, s->second});
+  textures_.prepare(files);
+  std::vector<std::optional<Match>> found(batch.size());
+#pragma omp parallel for schedule(dynamic)
+  for (std::size_t i = 0; i < batch.size(); ++i)
+    if (!cancelled()) found[i] = examine(*batch[i], recordings_, sound_, textures_);
+  for (const int file : files) ++partners_[std::size_t(file)];
+  for (std::optional<Match>& match : found)
+    if (match) add(std::move(*match));
+}
+
+void Matchmaker::add(Match match) {
+  const int a = match.best.first, b = match.best.second;
+  if (match.best.strength >= kSure) {
+    if (connected_.group(a) != connected_.group(b)) connected_.join(a, b, match.best.offsetSeconds);
+    ++matchCount_[std::size_t(a)];
+    ++matchCount_[std::size_t(b)];
+  }
+  if (matched_.insert(std::minmax(a, b)).second)
+    matches_.push_back(std::move(match));
+  else
+    keepBetter(std::move(match));
+}
+
+// A pair that was listened to again: the better of both offsets leads, the other stays a rival.
+void Matchmaker::keepBetter(Match match) {
+  const auto known = std::ranges::find_if(matches_, [&](const Match& m) {
+    return std::minmax(m.best.first, m.best.second) ==
+           std::minmax(match.best.first, match.best.second);
+  });
+  if (weightOf(match.best) > weightOf(known->best)) std::swap(*known, match);
+  known->rivals.push_back(match.best);
+}
+
+void Matchmaker::search(std::span<const Suspicion> suspicions) {
+  const auto pairs = searchPlan(recordings_, suspicions, connected_, matchCount_);
+  for (std::size_t at = 0; at < pairs.size() && !cancelled(); at += kBatch) {
+    const auto batch = std::span(pairs).subspan(at, std::min(kBatch, pairs.size() - at));
+    std::vector<std::pair<int, int>> open;
+    for (const auto& [a, b] : batch)
+      if (connected_.group(a) != connected_.group(b)) open.emplace_back(a, b);
+    listen(suspectAll(open));
+  }
+}
+
+std::vector<Suspicion> Matchmaker::suspectAll(std::span<const std::pair<int, int>> pairs) {
+  textures_.prepare(filesOf(pairs));
+  std::vector<Suspicion> suspicions(pairs.size());
+#pragma omp parallel for schedule(dynamic)
+  for (std::size_t i = 0; i < pairs.size(); ++i)
+    suspicions[i] = textures_.suspect(pairs[i].first, pairs[i].second);
+  return suspicions;
+}
+
+void Matchmaker::confirm(const Grouping& grouping) {
+  const auto seconds = [&](int file) { return secondsOf(recordings_[std::size_t(file)]); };
+  std::vector<Suspicion> implied;
+  std::vector<int> asked(recordings_.size(), 0);
+  for (const auto& members : grouping.members)
+    for (const int a : members)
+      for (const int b : members) {
+        const double offset = grouping.position[std::size_t(b)] - grouping.position[std::size_t(a)];
+        const double overlap = std::min(seconds(a), offset + seconds(b)) - std::max(0.0, offset);
+        if (a == b || !comparable(recordings_, a, b) || matched_.contains(std::minmax(a, b)) ||
+            overlap < kImpliedOverlap || matchCount_[std::size_t(a)] > 1 ||
+            asked[std::size_t(a)] >= kEnough)
+          continue;
+        ++asked[std::size_t(a)];
+        implied.push_back({a, b, {offset}, overlap});
+      }
+  listen(std::move(implied));
+}
+
+}  // namespace matching

@@ -1,0 +1,43 @@
+#include "matching/suspicion.h"
+
+#include <algorithm>
+#include <cmath>
+#include <functional>
+
+namespace matching {
+namespace {
+
+constexpr double kApart = 0.3;  // seconds; nearer offsets are found from either
+constexpr int kMostOffsets = 4;
+constexpr double kFaint = 0.35;   // of the best peak's significance; fainter ones are chance
+
+void addOffset(std::vector<double>& offsets, double offset) {
+  const auto near = [&](double other) { return std::abs(other - offset) < kApart; };
+  if (std::ssize(offsets) < kMostOffsets && std::ranges::none_of(offsets, near))
+    offsets.push_back(offset);
+}
+
+Suspicion suspicionOf(const PairVote& vote) {
+  Suspicion s{vote.first, vote.second, {}, 0};
+  const bool accepted = vote.accepted != Acceptance::none && vote.stats;
+  if (accepted) addOffset(s.offsets, vote.stats->bestOffset);
+  for (const DeltaPeak& peak : vote.peaks)
+    s.significance = std::max(s.significance, peak.significance);
+  for (const DeltaPeak& peak : vote.peaks)
+    if (peak.significance >= kFaint * s.significance) addOffset(s.offsets, peak.offsetSeconds);
+  if (vote.stats) addOffset(s.offsets, vote.stats->bestOffset);
+  if (accepted) s.significance = std::max(s.significance, double(vote.stats->sections));
+  return s;
+}
+
+}  // namespace
+
+std::vector<Suspicion> suspicionsOf(std::span<const PairVote> votes) {
+  std::vector<Suspicion> all;
+  for (const PairVote& vote : votes)
+    if (Suspicion s = suspicionOf(vote); !s.offsets.empty()) all.push_back(std::move(s));
+  std::ranges::stable_sort(all, std::greater{}, &Suspicion::significance);
+  return all;
+}
+
+}  // namespace matching

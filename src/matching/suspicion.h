@@ -1,0 +1,21 @@
+#pragma once
+
+#include <span>
+#include <vector>
+
+#include "matching/vote.h"
+
+namespace matching {
+
+/// Supposed offsets of one pair.
+struct Suspicion {
+  int first, second;            // file indices
+  std::vector<double> offsets;  // seconds of second's start on first's clock, likeliest first
+  double significance = 0;      // of the likeliest
+};
+
+/// The pairs whose votes suggest something, most significant first. A vote's own choice comes
+/// before its other peaks only where it was accepted.
+std::vector<Suspicion> suspicionsOf(std::span<const PairVote> votes);
+
+}  // namespace matching

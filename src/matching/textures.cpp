@@ -1,0 +1,60 @@
+#include "matching/textures.h"
+
+#include <algorithm>
+
+namespace matching {
+namespace {
+
+constexpr int kOffsets = 3, kMoreOffsets = 10, kRepetitions = 60;
+constexpr double kRelated = 6;     // from here on the pair is related, perhaps repeatedly
+constexpr double kStrong = 3.8;    // what chance rarely gives at the best of many offsets
+constexpr double kFaint = 2.5;     // ... and at one single offset
+constexpr double kOfTheBest = 0.4;  // offsets fainter than this share of the best are chance
+constexpr double kLeastOverlap = 4;  // seconds; two textures share that much by chance anywhere
+
+}  // namespace
+
+Textures::Textures(std::span<const Recording> recordings, const SoundReader& sound)
+    : recordings_(recordings), sound_(sound) {}
+
+void Textures::prepare(std::span<const int> files) {
+  std::vector<int> wanted;
+  for (const int file : files)
+    if (!textures_.contains(file) && std::ranges::find(wanted, file) == wanted.end())
+      wanted.push_back(file);
+  std::vector<Texture> made(wanted.size());
+#pragma omp parallel for schedule(dynamic)
+  for (std::size_t i = 0; i < wanted.size(); ++i)
+    made[i] = textureOf(sound_(wanted[i], 0, recordings_[std::size_t(wanted[i])].samples));
+  for (std::size_t i = 0; i < wanted.size(); ++i) textures_[wanted[i]] = std::move(made[i]);
+}
+
+Suspicion Textures::suspect(int first, int second) const {
+  Suspicion s{first, second, {}, 0};
+  for (const Resemblance& r :
+       resemblances(textures_.at(first), textures_.at(second), kMoreOffsets, kLeastOverlap)) {
+    if (std::ssize(s.offsets) >= (s.significance < kRelated ? kOffsets : kMoreOffsets)) break;
+    if (r.strength < std::max(kStrong, kOfTheBest * s.significance)) break;
+    s.offsets.push_back(r.offsetSeconds);
+    s.significance = std::max(s.significance, r.strength);
+  }
+  return s;
+}
+
+Suspicion Textures::narrowed(Suspicion suspicion) const {
+  const Texture &a = textures_.at(suspicion.first), &b = textures_.at(suspicion.second);
+  std::erase_if(suspicion.offsets, [&](double offset) {
+    return resemblanceAt(a, b, offset).value_or(kFaint) < kFaint;
+  });
+  return suspicion;
+}
+
+std::vector<double> Textures::repetitions(int first, int second) const {
+  std::vector<double> offsets;
+  for (const Resemblance& r :
+       resemblances(textures_.at(first), textures_.at(second), kRepetitions, kLeastOverlap))
+    if (r.strength >= kFaint) offsets.push_back(r.offsetSeconds);
+  return offsets;
+}
+
+}  // namespace matching
