@@ -12,9 +12,9 @@ namespace {
 constexpr double kLeastOverlap = 1.5;     // seconds; below there is nothing to compare
 constexpr double kReach = 0.1;            // seconds around the supposed offset
 constexpr double kReachPerSecond = 5e-5;  // drift may add this much for every second of overlap
-constexpr double kShortOverlap = 5, kLongOverlap = 60;  // seconds
+constexpr double kShortOverlap = 5, kLongOverlap = 240;  // seconds
 constexpr double kGlimmer = 5;   // evidence of the first four windows that is worth the others
-constexpr double kClear = 15;    // strength from which more windows add little
+constexpr double kPlenty = 20;   // evidence past which more windows add little
 constexpr std::size_t kFew = 4, kSome = 8, kMany = 16, kMost = 32;
 
 // The first windows are spread over the whole overlap, later ones lie between those.
@@ -30,6 +30,10 @@ std::vector<std::size_t> coarseFirst(std::size_t count) {
   std::iota(order.begin(), order.end(), 0);
   std::ranges::stable_sort(order, {}, round);
   return order;
+}
+
+bool doubtful(const Alignment& a) {
+  return !believed(a) || a.support * 4 < a.windows * 3 || a.evidence < kPlenty;
 }
 
 }  // namespace
@@ -95,7 +99,7 @@ Alignment Listening::glance() {
 Alignment Listening::exact() {
   listenTo(overlap() > kLongOverlap ? kMany : kSome);
   DelayLine line = bestLine(correlations_);
-  if (summary(line, {}).strength < kClear && middles_.size() > correlations_.size()) {
+  if (doubtful(summary(line, {})) && middles_.size() > correlations_.size()) {
     listenTo(kMost);
     line = bestLine(correlations_);
   }
@@ -106,7 +110,7 @@ Alignment Listening::exact() {
 DirectSound Listening::findDirect(const DelayLine& line) const {
   const auto peaks = responsePeaks(correlations_, line);
   if (peaks.size() < 2) return {};
-  const std::size_t count = std::min(kSome, middles_.size());
+  const std::size_t count = std::min(kFew, middles_.size());
   std::vector<Pieces> first, second;
   for (std::size_t i = 0; i < count; ++i) {
     const auto a = piece(pair_.first, middles_[i]), b = piece(pair_.second, middles_[i] - offset_);

@@ -12,7 +12,7 @@ constexpr std::size_t kBatch = 32;  // pairs examined at once; fixed, so that th
 constexpr double kSuspicious = 6;   // significance of a vote's peak from which it is listened to
 constexpr double kWorthTrying = 4;  // the same where there are few pairs
 constexpr std::size_t kSmallSet = 12;  // recordings; in smaller sets every pair is worth its time
-constexpr int kEnough = 3;             // matches of a recording, after which more add little
+constexpr int kEnough = 2;             // sure matches of a recording, after which more add little
 // Music that repeats fits at wrong offsets too, up to a strength of 14; weaker matches than this
 // count, but do not end the search for a better one.
 constexpr double kSure = 18;
