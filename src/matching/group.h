@@ -14,12 +14,14 @@ struct Grouping {
   std::vector<double> position;           // per file, seconds on its group's clock; 0 if alone
   std::vector<int> groupOf;               // per file; -1 if alone
   std::vector<Match> kept;                // matches that agree with the positions
-  std::vector<std::string> doubts;        // a sentence for every match that does not
+  std::vector<Match> undecided;           // matches that would join groups, but not said where
+  std::vector<std::string> doubts;        // a sentence for every match that was not used
 };
 
 /// Joins recordings by the matches that most others agree with first. One that contradicts them
-/// gives way to a rival offset of its pair that does not, or is dropped and named. Two recordings
-/// of one device are never laid over each other. The order of matches changes nothing.
+/// gives way to a rival offset of its pair that does not, or is dropped and named. Where a pair fits
+/// at several offsets alike, all its group's matches decide together or nothing is joined. Two
+/// recordings of one device are never laid over each other. The order of matches changes nothing.
 Grouping formGroups(std::span<const Recording> recordings, std::vector<Match> matches);
 
 }  // namespace matching

@@ -9,6 +9,7 @@ namespace matching {
 namespace {
 
 constexpr double kApart = 0.3;    // seconds; nearer offsets are found from either
+constexpr double kPastRepetition = 18;  // strength that something repeated rarely has
 constexpr double kRivalry = 0.5;  // of the best one's strength; weaker fits are partial echoes
 
 struct Listened {
@@ -40,10 +41,12 @@ class Examination {
     });
   }
 
-  /// Whether the sound fits at several offsets alike.
-  bool repeats() const {
-    return !plausibles_.empty() && believed(plausibles_.front().seen) &&
-           !rivalsOf(plausibles_.front().seen, std::span(plausibles_).subspan(1)).empty();
+  /// Whether the best may be a repetition: the sound fits at several offsets alike, or not well.
+  bool mayRepeat() const {
+    if (plausibles_.empty() || !believed(plausibles_.front().seen)) return false;
+    const Alignment& best = plausibles_.front().seen;
+    return best.strength < kPastRepetition ||
+           !rivalsOf(best, std::span(plausibles_).subspan(1)).empty();
   }
 
   std::optional<Match> result() {
@@ -74,7 +77,7 @@ std::optional<Match> examine(const Suspicion& suspicion, std::span<const Recordi
                              const SoundReader& sound, const Textures& textures) {
   Examination examination(suspicion, recordings, sound);
   examination.listenAt(textures.narrowed(suspicion).offsets);
-  if (examination.repeats())
+  if (examination.mayRepeat())
     examination.listenAt(textures.repetitions(suspicion.first, suspicion.second));
   return examination.result();
 }

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "matching/positions.h"
+#include "matching/sentences.h"
 #include "report/text.h"
 
 namespace matching {
@@ -62,7 +63,12 @@ PlacedGroup placedGroup(const Grouping& grouping, int index,
   return group;
 }
 
-std::string tried(int partners) {
+std::string tried(int file, int partners, const Grouping& grouping,
+                  std::span<const Recording> recordings) {
+  const auto match = std::ranges::find_if(grouping.undecided, [&](const Match& m) {
+    return m.best.first == file || m.best.second == file;
+  });
+  if (match != grouping.undecided.end()) return repetition(*match, recordings);
   if (partners == 0) return "There was nothing to compare it with.";
   return "Its sound was held against " + report::countText(partners, "other recording") +
          " at every offset that seemed possible; none fits along the whole overlap.";
@@ -82,7 +88,7 @@ Placement placementOf(const Grouping& grouping, std::span<const Recording> recor
   });
   for (int file = 0; file < std::ssize(recordings); ++file)
     if (grouping.groupOf[std::size_t(file)] < 0 && recordings[std::size_t(file)].samples > 0)
-      placement.alone.push_back({file, tried(partners[std::size_t(file)])});
+      placement.alone.push_back({file, tried(file, partners[std::size_t(file)], grouping, recordings)});
   return placement;
 }
 

@@ -1,5 +1,7 @@
 #include "matching/sentences.h"
 
+#include <algorithm>
+
 #include "report/text.h"
 
 namespace matching {
@@ -46,6 +48,24 @@ std::string contradiction(const Link& link, double knownOffset,
   return recordings[link.first].name + " and " + recordings[link.second].name + " seem to match " +
          inSeconds(link.offset) + " apart, but better supported matches put them " +
          inSeconds(knownOffset) + " apart; this match was left out.";
+}
+
+std::string deviceConflict(const Alignment& match, std::span<const Recording> recordings) {
+  return recordings[match.first].name + " and " + recordings[match.second].name + " also fit " +
+         inSeconds(match.offsetSeconds) +
+         " apart, but recordings of one device would then run at the same time; this match was "
+         "left out.";
+}
+
+std::string repetition(const Match& match, std::span<const Recording> recordings) {
+  constexpr std::size_t kShown = 3;
+  std::string offsets = inSeconds(match.best.offsetSeconds);
+  for (std::size_t i = 0; i < std::min(kShown, match.rivals.size()); ++i)
+    offsets += ", " + inSeconds(match.rivals[i].offsetSeconds);
+  if (match.rivals.size() > kShown) offsets += " and more";
+  return recordings[match.best.first].name + " and " + recordings[match.best.second].name +
+         " hear something that repeats: they fit " + offsets +
+         " apart alike. Nothing else tells which is right, so this match was left out.";
 }
 
 std::vector<std::string> attempts(std::span<const Recording> recordings,

@@ -10,6 +10,7 @@ constexpr double kRelated = 6;     // from here on the pair is related, perhaps 
 constexpr double kStrong = 3.8;    // what chance rarely gives at the best of many offsets
 constexpr double kFaint = 2.5;     // ... and at one single offset
 constexpr double kOfTheBest = 0.4;  // offsets fainter than this share of the best are chance
+constexpr double kAlike = 0.5;       // of the best; what repeats is rarely fainter
 constexpr double kLeastOverlap = 4;  // seconds; two textures share that much by chance anywhere
 
 }  // namespace
@@ -50,10 +51,13 @@ Suspicion Textures::narrowed(Suspicion suspicion) const {
 }
 
 std::vector<double> Textures::repetitions(int first, int second) const {
+  std::vector<Resemblance> found;
   std::vector<double> offsets;
   for (const Resemblance& r :
        resemblances(textures_.at(first), textures_.at(second), kRepetitions, kLeastOverlap))
-    if (r.strength >= kFaint) offsets.push_back(r.offsetSeconds);
+    if (r.strength >= kStrong) found.push_back(r);
+  for (const Resemblance& r : found)
+    if (r.strength >= kAlike * found.front().strength) offsets.push_back(r.offsetSeconds);
   return offsets;
 }
 

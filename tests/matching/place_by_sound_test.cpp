@@ -138,7 +138,7 @@ TEST(FormGroups, DropsTheMatchThatTheOthersContradict) {
 TEST(FormGroups, TakesTheRivalThatAgrees) {
   const auto recordings = fourMinutesEach({-1, -1, -1});
   const Grouping grouping =
-      formGroups(recordings, {match(0, 1, 10, 40), match(1, 2, 20, 40), match(0, 2, 46, 10, {30})});
+      formGroups(recordings, {match(0, 1, 10, 40), match(1, 2, 20, 40), match(0, 2, 46, 30, {30})});
   EXPECT_NEAR(grouping.position[2] - grouping.position[0], 30, 1e-9);
   EXPECT_EQ(grouping.kept.size(), 3u);
 }

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <span>
+#include <vector>
+
+#include "matching/growing_groups.h"
+#include "matching/matches.h"
+
+namespace matching {
+
+/// Takes out the matches at which only something repeated fits: those that fit at other offsets
+/// too, and much worse than both their recordings fit others.
+void dropMereRepeats(std::vector<Match>& matches);
+
+/// Whether one of the match's offsets stands out from all its others and is possible as far as the
+/// groups go; that one then leads.
+bool standsOut(Match& match, GrowingGroups& groups);
+
+/// Recordings that hear something repeated fit at several offsets alike. All such matches between
+/// two groups vote together: where one shift of the groups stands out, it is taken. Joins what can
+/// be joined, moves those matches from `open` to `kept`, leaves the others.
+void joinByConsensus(std::vector<Match>& open, std::vector<Match>& kept, GrowingGroups& groups);
+
+}  // namespace matching
