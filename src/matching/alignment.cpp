@@ -7,7 +7,8 @@
 namespace matching {
 namespace {
 
-constexpr double kPeakWidth = 16;  // samples; what belongs to the peak on the line
+constexpr double kPeakWidth = 16;   // samples; what belongs to the peak on the line
+constexpr double kLongEnough = 20;  // seconds of overlap past which more says little
 
 float median(std::vector<float>& values) {
   std::ranges::nth_element(values, values.begin() + std::ssize(values) / 2);
@@ -64,7 +65,8 @@ bool believed(const Alignment& a) {
 
 double weightOf(const Alignment& a) {
   const double fraction = double(a.support) / std::max(1, a.windows);
-  return a.strength * a.strength * std::sqrt(double(a.support)) * fraction;
+  const double seconds = std::min(a.overlapSeconds, kLongEnough);
+  return a.strength * a.strength * fraction * fraction * std::sqrt(seconds);
 }
 
 }  // namespace matching

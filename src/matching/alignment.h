@@ -31,7 +31,7 @@ void summarise(Alignment& alignment, const DelayLine& line,
 /// Whether so much evidence, so spread over time, is past what chance gives.
 bool believed(const Alignment& alignment);
 
-/// How much an alignment weighs against others: the more windows fit, and the better, the more.
+/// How much an alignment weighs against others: the longer it fits, and the better, the more.
 double weightOf(const Alignment& alignment);
 
 }  // namespace matching

@@ -13,7 +13,8 @@ constexpr double kLeastOverlap = 1.5;     // seconds; below there is nothing to 
 constexpr double kReach = 0.1;            // seconds around the supposed offset
 constexpr double kReachPerSecond = 5e-5;  // drift may add this much for every second of overlap
 constexpr double kShortOverlap = 5, kLongOverlap = 240;  // seconds
-constexpr double kGlimmer = 5;   // evidence of the first four windows that is worth the others
+constexpr double kGlimmer = 4;   // evidence of the first four windows that is worth the others
+constexpr float kLoud = 18;        // a window's height that neither chance nor repetition gives
 constexpr double kPlenty = 20;   // evidence past which more windows add little
 constexpr std::size_t kFew = 4, kSome = 8, kMany = 16, kMost = 32;
 
@@ -32,8 +33,14 @@ std::vector<std::size_t> coarseFirst(std::size_t count) {
   return order;
 }
 
+// Where four windows all say the same so loudly, nobody needs to hear more.
+bool plain(const DelayLine& line) {
+  return line.heights.size() >= kFew && std::ranges::min(line.heights) >= kLoud;
+}
+
 bool doubtful(const Alignment& a) {
-  return !believed(a) || a.support * 4 < a.windows * 3 || a.evidence < kPlenty;
+  const bool many = a.support * 4 >= a.windows * 3;
+  return !believed(a) || !many || (a.evidence < kPlenty && a.strength < kLoud);
 }
 
 }  // namespace
@@ -89,16 +96,19 @@ Alignment Listening::summary(const DelayLine& line, const DirectSound& direct) c
 
 Alignment Listening::glance() {
   listenTo(kFew);
-  if (const DelayLine line = bestLine(correlations_);
-      middles_.size() <= kFew || line.evidence < kGlimmer)
-    return summary(line, {});
+  const DelayLine line = bestLine(correlations_);
+  if (middles_.size() <= kFew || line.evidence < kGlimmer || plain(line)) return summary(line, {});
   listenTo(kSome);
   return summary(bestLine(correlations_), {});
 }
 
 Alignment Listening::exact() {
-  listenTo(overlap() > kLongOverlap ? kMany : kSome);
+  listenTo(kFew);
   DelayLine line = bestLine(correlations_);
+  if (overlap() > kLongOverlap || !plain(line)) {
+    listenTo(overlap() > kLongOverlap ? kMany : kSome);
+    line = bestLine(correlations_);
+  }
   if (doubtful(summary(line, {})) && middles_.size() > correlations_.size()) {
     listenTo(kMost);
     line = bestLine(correlations_);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 
 #include "matching/search_plan.h"
 
@@ -13,9 +14,8 @@ constexpr double kSuspicious = 6;   // significance of a vote's peak from which 
 constexpr double kWorthTrying = 4;  // the same where there are few pairs
 constexpr std::size_t kSmallSet = 12;  // recordings; in smaller sets every pair is worth its time
 constexpr int kEnough = 2;             // sure matches of a recording, after which more add little
-// Music that repeats fits at wrong offsets too, up to a strength of 14; weaker matches than this
-// count, but do not end the search for a better one.
-constexpr double kSure = 18;
+constexpr double kSure = 18;           // strength that something repeated rarely has
+constexpr double kSureIfUnique = 10;   // the same where the sound fits at one offset only
 constexpr double kConfirms = 0.3;       // seconds; a suspicion so near speaks for a known position
 constexpr double kImpliedOverlap = 6;   // seconds two members must share to be worth a look
 
@@ -23,6 +23,13 @@ std::vector<int> filesOf(std::span<const std::pair<int, int>> pairs) {
   std::vector<int> files;
   for (const auto& [a, b] : pairs) files.insert(files.end(), {a, b});
   return files;
+}
+
+// Other matches count too, but do not end the search for a better one.
+bool sure(const Match& match) {
+  const Alignment& a = match.best;
+  if (a.strength >= kSure) return true;
+  return match.rivals.empty() && a.strength >= kSureIfUnique && a.support * 4 >= a.windows * 3;
 }
 
 }  // namespace
@@ -41,22 +48,26 @@ bool Matchmaker::small() const { return recordings_.size() <= kSmallSet; }
 
 bool Matchmaker::cancelled() const { return progress_.cancelled && progress_.cancelled(); }
 
-void Matchmaker::listen(std::vector<Suspicion> suspicions) {
+void Matchmaker::followVotes(std::span<const Suspicion> suspicions) {
+  const double least = small() ? kWorthTrying : kSuspicious;
+  std::vector<Suspicion> promising;
+  std::ranges::copy_if(suspicions, std::back_inserter(promising), [&](const Suspicion& s) {
+    return s.significance >= least && comparable(recordings_, s.first, s.second);
+  });
+  listen(promising);
+}
+
+// Listens to the suspicions that could bring anything, in their order.
+void Matchmaker::listen(std::span<const Suspicion> suspicions) {
   std::size_t next = 0;
   while (next < suspicions.size() && !cancelled()) {
     std::vector<const Suspicion*> batch;
     for (; next < suspicions.size() && batch.size() < kBatch; ++next)
-      if (promising(suspicions[next]) && wanted(suspicions[next]))
-        batch.push_back(&suspicions[next]);
+      if (wanted(suspicions[next])) batch.push_back(&suspicions[next]);
     examineAll(batch);
     if (progress_.step)
       progress_.step(static_cast<int>(next), static_cast<int>(suspicions.size()));
   }
-}
-
-bool Matchmaker::promising(const Suspicion& s) const {
-  return s.significance >= (small() ? kWorthTrying : kSuspicious) &&
-         comparable(recordings_, s.first, s.second);
 }
 
 // Recordings that are placed already need no more than some confirmation where they stand.
@@ -85,7 +96,7 @@ void Matchmaker::examineAll(std::span<const Suspicion* const> batch) {
 
 void Matchmaker::add(Match match) {
   const int a = match.best.first, b = match.best.second;
-  if (match.best.strength >= kSure) {
+  if (sure(match)) {
     if (connected_.group(a) != connected_.group(b)) connected_.join(a, b, match.best.offsetSeconds);
     ++matchCount_[std::size_t(a)];
     ++matchCount_[std::size_t(b)];
@@ -142,7 +153,7 @@ void Matchmaker::confirm(const Grouping& grouping) {
         ++asked[std::size_t(a)];
         implied.push_back({a, b, {offset}, overlap});
       }
-  listen(std::move(implied));
+  listen(implied);
 }
 
 }  // namespace matching

@@ -21,8 +21,8 @@ class Matchmaker {
   Matchmaker(std::span<const Recording> recordings, const SoundReader& sound,
              const PlacementProgress& progress);
 
-  /// Listens to the suspicions that could bring anything, in their order.
-  void listen(std::vector<Suspicion> suspicions);
+  /// Listens where the votes suspect something, most significant first.
+  void followVotes(std::span<const Suspicion> suspicions);
 
   /// Looks in the sound itself for what the suspicions did not connect.
   void search(std::span<const Suspicion> suspicions);
@@ -39,7 +39,7 @@ class Matchmaker {
  private:
   bool small() const;
   bool cancelled() const;
-  bool promising(const Suspicion& suspicion) const;
+  void listen(std::span<const Suspicion> suspicions);
   bool wanted(const Suspicion& suspicion);
   void examineAll(std::span<const Suspicion* const> batch);
   std::vector<Suspicion> suspectAll(std::span<const std::pair<int, int>> pairs);

@@ -9,7 +9,7 @@ Placement placeBySound(std::span<const Recording> recordings, std::span<const Pa
                        const SoundReader& sound, const PlacementProgress& progress) {
   const std::vector<Suspicion> suspicions = suspicionsOf(votes);
   Matchmaker matchmaker(recordings, sound, progress);
-  matchmaker.listen(suspicions);
+  matchmaker.followVotes(suspicions);
   matchmaker.search(suspicions);
   matchmaker.confirm(formGroups(recordings, matchmaker.matches()));
   return placementOf(formGroups(recordings, matchmaker.matches()), recordings,

@@ -7,11 +7,17 @@ namespace {
 
 constexpr int kOffsets = 3, kMoreOffsets = 10, kRepetitions = 60;
 constexpr double kRelated = 6;     // from here on the pair is related, perhaps repeatedly
-constexpr double kStrong = 3.8;    // what chance rarely gives at the best of many offsets
+constexpr double kStrong = 4.0;    // what chance rarely gives at the best of many offsets
 constexpr double kFaint = 2.5;     // ... and at one single offset
 constexpr double kOfTheBest = 0.4;  // offsets fainter than this share of the best are chance
 constexpr double kAlike = 0.5;       // of the best; what repeats is rarely fainter
-constexpr double kLeastOverlap = 4;  // seconds; two textures share that much by chance anywhere
+constexpr double kLeastOverlap = 4;  // seconds; two textures resemble each other in less anywhere
+constexpr double kOfTheShorter = 0.75;
+
+double leastOverlap(const Texture& a, const Texture& b) {
+  return std::min(kLeastOverlap,
+                  kOfTheShorter * double(std::min(a.cols(), b.cols())) / kTextureRate);
+}
 
 }  // namespace
 
@@ -32,8 +38,8 @@ void Textures::prepare(std::span<const int> files) {
 
 Suspicion Textures::suspect(int first, int second) const {
   Suspicion s{first, second, {}, 0};
-  for (const Resemblance& r :
-       resemblances(textures_.at(first), textures_.at(second), kMoreOffsets, kLeastOverlap)) {
+  const Texture &a = textures_.at(first), &b = textures_.at(second);
+  for (const Resemblance& r : resemblances(a, b, kMoreOffsets, leastOverlap(a, b))) {
     if (std::ssize(s.offsets) >= (s.significance < kRelated ? kOffsets : kMoreOffsets)) break;
     if (r.strength < std::max(kStrong, kOfTheBest * s.significance)) break;
     s.offsets.push_back(r.offsetSeconds);
@@ -53,8 +59,8 @@ Suspicion Textures::narrowed(Suspicion suspicion) const {
 std::vector<double> Textures::repetitions(int first, int second) const {
   std::vector<Resemblance> found;
   std::vector<double> offsets;
-  for (const Resemblance& r :
-       resemblances(textures_.at(first), textures_.at(second), kRepetitions, kLeastOverlap))
+  const Texture &a = textures_.at(first), &b = textures_.at(second);
+  for (const Resemblance& r : resemblances(a, b, kRepetitions, leastOverlap(a, b)))
     if (r.strength >= kStrong) found.push_back(r);
   for (const Resemblance& r : found)
     if (r.strength >= kAlike * found.front().strength) offsets.push_back(r.offsetSeconds);

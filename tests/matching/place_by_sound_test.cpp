@@ -183,7 +183,7 @@ TEST(PlaceBySound, LeavesAloneWhatMatchesNothing) {
   Shoot shoot;
   shoot.add("a", recorded(1, 0, 20));
   shoot.add("b", recorded(1, 5, 20));
-  shoot.add("stranger", recorded(2, 0, 20));
+  shoot.add("stranger", recorded(2, 1, 20));
   shoot.add("silence", std::vector<float>(20 * kSampleRate, 0.0f));
   shoot.add("blip", recorded(1, 3, 0.3));
   shoot.add("nothing", {});
