@@ -116,6 +116,11 @@ Alignment Listening::exact() {
   return summary(line, findDirect(line));
 }
 
+Alignment Listening::thorough() {
+  listenTo(kMany);
+  return summary(bestLine(correlations_), {});
+}
+
 // Only pairs with echoes nearly as loud as the direct sound need the look at their own echoes.
 DirectSound Listening::findDirect(const DelayLine& line) const {
   const auto peaks = responsePeaks(correlations_, line);

@@ -28,6 +28,9 @@ class Listening {
   /// glance are used again.
   Alignment exact();
 
+  /// Many windows, to tell offsets apart that fit nearly alike.
+  Alignment thorough();
+
  private:
   double overlap() const { return to_ - from_; }
   double middle() const { return (from_ + to_) / 2; }

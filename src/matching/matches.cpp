@@ -36,17 +36,26 @@ class Examination {
       if (const Alignment seen = listening.glance(); plausible(seen))
         plausibles_.push_back({std::move(listening), seen});
     }
-    std::ranges::stable_sort(plausibles_, [](const Listened& a, const Listened& b) {
-      return weightOf(a.seen) > weightOf(b.seen);
-    });
+    sort();
+  }
+
+  /// Listens long where the sound fits at several offsets alike, to tell them apart.
+  void compareRivals() {
+    const double least = plausibles_.empty() ? 0 : kRivalry * plausibles_.front().seen.strength;
+    for (Listened& l : plausibles_)
+      if (believed(l.seen) && l.seen.strength >= least) l.seen = l.listening.thorough();
+    sort();
   }
 
   /// Whether the best may be a repetition: the sound fits at several offsets alike, or not well.
   bool mayRepeat() const {
     if (plausibles_.empty() || !believed(plausibles_.front().seen)) return false;
-    const Alignment& best = plausibles_.front().seen;
-    return best.strength < kPastRepetition ||
-           !rivalsOf(best, std::span(plausibles_).subspan(1)).empty();
+    return plausibles_.front().seen.strength < kPastRepetition || repeats();
+  }
+
+  bool repeats() const {
+    return !plausibles_.empty() &&
+           !rivalsOf(plausibles_.front().seen, std::span(plausibles_).subspan(1)).empty();
   }
 
   std::optional<Match> result() {
@@ -57,6 +66,12 @@ class Examination {
   }
 
  private:
+  void sort() {
+    std::ranges::stable_sort(plausibles_, [](const Listened& a, const Listened& b) {
+      return weightOf(a.seen) > weightOf(b.seen);
+    });
+  }
+
   static std::vector<Alignment> rivalsOf(const Alignment& best, std::span<const Listened> others) {
     std::vector<Alignment> rivals;
     for (const Listened& other : others)
@@ -79,6 +94,7 @@ std::optional<Match> examine(const Suspicion& suspicion, std::span<const Recordi
   examination.listenAt(textures.narrowed(suspicion).offsets);
   if (examination.mayRepeat())
     examination.listenAt(textures.repetitions(suspicion.first, suspicion.second));
+  if (examination.repeats()) examination.compareRivals();
   return examination.result();
 }
 
