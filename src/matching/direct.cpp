@@ -10,6 +10,8 @@ constexpr int kReach = 280;      // 35 ms; later echoes are heard as such and ar
 constexpr int kSide = 8;         // 1 ms: the peak's own width
 constexpr float kRival = 0.45f;  // of the highest peak; less is an ordinary reflection
 constexpr float kSure = 0.3f;    // an explanation so much better than the next leaves no doubt
+constexpr float kOwn = 0.3f;     // what a peak's own height says: little, for echoes may be louder
+constexpr float kNoEcho = 0.06f, kEcho = 0.16f;  // of a recording's own echoes: none; certainly one
 
 // Adds the lags around `centre` (from the middle of `lags`).
 void stack(std::vector<float>& sum, const std::vector<float>& lags, long centre) {
@@ -36,12 +38,13 @@ std::vector<float> stackedAlong(std::span<const WindowCorrelation> windows, cons
 // How well the other peaks are echoes of one at `lag`.
 float explained(std::span<const ResponsePeak> peaks, const ResponsePeak& direct,
                 std::span<const float> echoesOfA, std::span<const float> echoesOfB) {
-  float sum = direct.height;
+  float sum = kOwn * direct.height;
   for (const ResponsePeak& peak : peaks) {
     const int later = peak.lag - direct.lag;
     const auto echoes = later > 0 ? echoesOfA : echoesOfB;
     const auto at = static_cast<std::size_t>(std::abs(later));
-    if (later != 0 && at < echoes.size()) sum += peak.height * echoes[at];
+    if (later != 0 && at < echoes.size())
+      sum += peak.height * std::clamp((echoes[at] - kNoEcho) / (kEcho - kNoEcho), 0.0f, 1.0f);
   }
   return sum;
 }
@@ -78,21 +81,20 @@ std::vector<float> selfEchoes(std::span<const std::vector<float>> lags) {
 DirectSound directSound(std::span<const ResponsePeak> peaks, std::span<const float> echoesOfA,
                         std::span<const float> echoesOfB) {
   DirectSound best;
-  float most = 0, next = 0, own = 0;
+  float most = 0, next = 0;
   int rival = 0;
   for (const ResponsePeak& peak : peaks) {
     const float sum = explained(peaks, peak, echoesOfA, echoesOfB);
     if (sum > most) {
       next = most, rival = best.shiftSamples;
-      most = sum, own = peak.height, best.shiftSamples = peak.lag;
+      most = sum, best.shiftSamples = peak.lag;
     } else if (sum > next) {
       next = sum, rival = peak.lag;
     }
   }
   if (peaks.size() < 2) return best;
-  const float margin = std::min(most - own, most / next - 1);  // explained at all, and better
   best.doubtSamples =
-      std::abs(rival - best.shiftSamples) * std::clamp(1 - margin / kSure, 0.0f, 1.0f);
+      std::abs(rival - best.shiftSamples) * std::clamp(1 - (most - next) / kSure, 0.0f, 1.0f);
   return best;
 }
 

@@ -125,7 +125,7 @@ Alignment Listening::thorough() {
 DirectSound Listening::findDirect(const DelayLine& line) const {
   const auto peaks = responsePeaks(correlations_, line);
   if (peaks.size() < 2) return {};
-  const std::size_t count = std::min(kFew, middles_.size());
+  const std::size_t count = std::min(kSome, middles_.size());
   std::vector<Pieces> first, second;
   for (std::size_t i = 0; i < count; ++i) {
     const auto a = piece(pair_.first, middles_[i]), b = piece(pair_.second, middles_[i] - offset_);
