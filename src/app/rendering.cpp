@@ -2,8 +2,8 @@
 
 #include <QCoreApplication>
 #include <QProcess>
-#include <QTimer>
 #include <cstdio>
+#include <cstdlib>
 
 namespace app {
 
@@ -22,8 +22,8 @@ void fallBackToSoftware(QQuickWindow& window, const QStringList& arguments,
                      std::fprintf(stderr, "Drawing without a graphics driver, because: %s\n",
                                   message.toUtf8().constData());
                      QProcess::startDetached(QCoreApplication::applicationFilePath(), again);
-                     // The window fails when it is shown, before there is a loop to quit.
-                     QTimer::singleShot(0, qApp, &QCoreApplication::quit);
+                     std::fflush(stderr);
+                     std::_Exit(0);  // taking down a window that failed can wait for ever
                    });
 }
 
