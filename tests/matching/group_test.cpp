@@ -1,0 +1,72 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <functional>
+
+#include "matching/group.h"
+#include "tests/matching/shoot.h"
+
+namespace matching {
+namespace {
+
+TEST(FormGroups, DropsTheMatchThatTheOthersContradict) {
+  const auto recordings = fourMinutesEach({-1, -1, -1, -1});
+  std::vector<Match> matches{match(0, 1, 10, 30), match(1, 2, 20, 30),  match(0, 2, 30, 30),
+                             match(1, 3, 5, 20),  match(2, 3, -15, 20), match(0, 3, 90, 40)};
+  std::ranges::sort(matches, std::greater{}, [](const Match& m) { return m.best.offsetSeconds; });
+  const Grouping grouping = formGroups(recordings, matches);
+  ASSERT_EQ(grouping.members.size(), 1u);
+  EXPECT_EQ(grouping.members[0].size(), 4u);
+  EXPECT_NEAR(grouping.position[3] - grouping.position[0], 15, 1e-9);
+  ASSERT_EQ(grouping.doubts.size(), 1u);
+  EXPECT_NE(grouping.doubts[0].find("file0 and file3"), std::string::npos);
+}
+
+TEST(FormGroups, TakesTheRivalThatAgrees) {
+  const auto recordings = fourMinutesEach({-1, -1, -1});
+  const Grouping grouping =
+      formGroups(recordings, {match(0, 1, 10, 40), match(1, 2, 20, 40), match(0, 2, 46, 30, {30})});
+  EXPECT_NEAR(grouping.position[2] - grouping.position[0], 30, 1e-9);
+  EXPECT_EQ(grouping.kept.size(), 3u);
+}
+
+TEST(FormGroups, NeverLaysADevicesFilesOverEachOther) {
+  const auto recordings = fourMinutesEach({7, 7, -1});
+  const Grouping grouping = formGroups(recordings, {match(0, 2, 10, 40), match(1, 2, 20, 30)});
+  EXPECT_EQ(grouping.members, (std::vector<std::vector<int>>{{0, 2}}));
+  EXPECT_EQ(grouping.doubts.size(), 1u);
+}
+
+// Two events, three recordings each; no votes, so that everything is found in the sound.
+TEST(FormGroups, LeavesAloneWhatFitsAtSeveralOffsetsAlike) {
+  const auto recordings = fourMinutesEach({-1, -1, -1});
+  const Grouping grouping =
+      formGroups(recordings, {match(0, 1, 10, 40), match(1, 2, 20, 40, {26, 32})});
+  EXPECT_EQ(grouping.members, (std::vector<std::vector<int>>{{0, 1}}));
+  ASSERT_EQ(grouping.undecided.size(), 1u);
+  ASSERT_EQ(grouping.doubts.size(), 1u);
+  EXPECT_NE(grouping.doubts[0].find("26.00 s"), std::string::npos);
+}
+
+TEST(FormGroups, RepetitionsAreDecidedByAllMatchesOfTwoGroups) {
+  const auto recordings = fourMinutesEach({-1, -1, -1});
+  // 2 fits 0 at 30, 36 or 42 and 1 at 14, 20 or 26: where 1 stands 10 after 0, two places suit both.
+  const Grouping open = formGroups(
+      recordings, {match(0, 1, 10, 40), match(0, 2, 30, 40, {36}), match(1, 2, 20, 40, {26})});
+  EXPECT_EQ(open.members[0].size(), 2u);
+  const Grouping decided = formGroups(
+      recordings, {match(0, 1, 10, 40), match(0, 2, 30, 40, {42}), match(1, 2, 14, 40, {20})});
+  ASSERT_EQ(decided.members[0].size(), 3u);
+  EXPECT_NEAR(decided.position[2] - decided.position[0], 30, 1e-9);
+}
+
+TEST(FormGroups, WhatFitsMuchWorseElsewhereTooIsOnlyARepetition) {
+  const auto recordings = fourMinutesEach({-1, -1, -1, -1});
+  const Grouping grouping =
+      formGroups(recordings, {match(0, 1, 10, 40), match(2, 3, 7, 40), match(1, 2, 20, 15, {26})});
+  EXPECT_EQ(grouping.members, (std::vector<std::vector<int>>{{0, 1}, {2, 3}}));
+  EXPECT_TRUE(grouping.doubts.empty());
+}
+
+}  // namespace
+}  // namespace matching
