@@ -15,14 +15,13 @@
 
 #include "analysis/fingerprint.h"
 #include "bench/events/sets.h"
+#include "bench/score.h"
 #include "matching/placement.h"
 #include "matching/vote_pairs.h"
 
 namespace {
 
 using namespace events;
-
-constexpr double kRight = 0.1;  // seconds; farther off is a wrong place
 
 /// Seconds of processor time, of all threads together: other programs hardly disturb them.
 double processorSeconds() { return double(std::clock()) / CLOCKS_PER_SEC; }
@@ -34,130 +33,6 @@ struct Options {
   std::vector<std::string> sets;
   bool list = false;
 };
-
-/// What one way of placing came to, summed over sets.
-struct Score {
-  int wanted = 0, found = 0;        // pairs that overlap by 5 s or more, and those put together
-  int wrong = 0, strangers = 0;     // pairs together at a wrong offset, or of two events
-  std::vector<double> errors;       // seconds, in the middle of the overlap
-  std::vector<double> driftErrors;  // parts in a million, where ten minutes or more overlap
-  std::map<int, std::pair<int, int>> calibration;  // tenth of confidence -> right, all
-  double seconds = 0;
-
-  void add(const Score& other) {
-    wanted += other.wanted, found += other.found, wrong += other.wrong;
-    strangers += other.strangers, seconds += other.seconds;
-    errors.insert(errors.end(), other.errors.begin(), other.errors.end());
-    driftErrors.insert(driftErrors.end(), other.driftErrors.begin(), other.driftErrors.end());
-    for (const auto& [tenth, counts] : other.calibration) {
-      calibration[tenth].first += counts.first;
-      calibration[tenth].second += counts.second;
-    }
-  }
-};
-
-/// Where a take's own clock stands at the middle of what it shares with another.
-struct Truth {
-  double overlap, offset;  // offset of b's start on a's clock, right at the overlap's middle
-};
-
-Truth truthOf(const Take& a, const Take& b) {
-  const double from = std::max(a.startSeconds, b.startSeconds);
-  const double to = std::min(a.startSeconds + a.lengthSeconds, b.startSeconds + b.lengthSeconds);
-  const double middle = (from + to) / 2;
-  const double onA = (middle - a.startSeconds) * (1 + a.microphone.driftPpm * 1e-6);
-  const double onB = (middle - b.startSeconds) * (1 + b.microphone.driftPpm * 1e-6);
-  return {a.event == b.event ? to - from : -1, onA - onB};
-}
-
-struct Standing {
-  int group = -1;
-  double offset = 0, confidence = 0;
-  std::optional<double> drift;
-};
-
-std::vector<Standing> standings(const matching::Placement& placement, std::size_t takes) {
-  std::vector<Standing> all(takes);
-  for (std::size_t g = 0; g < placement.groups.size(); ++g)
-    for (const auto& m : placement.groups[g].members)
-      all[std::size_t(m.file)] = {int(g), m.offsetSeconds, m.confidence, m.driftPpm};
-  return all;
-}
-
-Score scoreOf(const Set& set, const matching::Placement& placement) {
-  Score score;
-  const auto all = standings(placement, set.takes.size());
-  for (std::size_t i = 0; i < all.size(); ++i) {
-    int right = 0, wrong = 0;
-    for (std::size_t j = 0; j < all.size(); ++j) {
-      const Take &a = set.takes[i], &b = set.takes[j];
-      if (i == j || a.device == b.device) continue;
-      const Truth truth = truthOf(a, b);
-      const bool together = all[i].group >= 0 && all[i].group == all[j].group;
-      const double error = all[j].offset - all[i].offset - truth.offset;
-      const bool good = together && a.event == b.event && std::abs(error) < kRight;
-      if (together) ++(good ? right : wrong);
-      if (i > j) continue;
-      if (truth.overlap >= 5) ++score.wanted, score.found += good;
-      if (together && a.event != b.event) ++score.strangers;
-      if (together && a.event == b.event && !good && truth.overlap >= 0) ++score.wrong;
-      if (good && truth.overlap >= 5) score.errors.push_back(std::abs(error));
-      if (good && truth.overlap >= 600 && all[i].drift && all[j].drift)
-        score.driftErrors.push_back(std::abs(*all[j].drift - *all[i].drift - b.microphone.driftPpm +
-                                             a.microphone.driftPpm));
-    }
-    if (all[i].group < 0) continue;
-    auto& bin = score.calibration[std::min(9, int(all[i].confidence * 10))];
-    bin.first += right >= wrong;
-    ++bin.second;
-  }
-  return score;
-}
-
-// Every recording that stands wrong against most of its group, or alone although it overlaps.
-void list(const Set& set, const matching::Placement& placement) {
-  const auto all = standings(placement, set.takes.size());
-  for (std::size_t i = 0; i < all.size(); ++i) {
-    int right = 0, wrong = 0, missed = 0;
-    double nearest = 1e9;
-    for (std::size_t j = 0; j < all.size(); ++j) {
-      const Take &a = set.takes[i], &b = set.takes[j];
-      if (i == j || a.device == b.device) continue;
-      const Truth truth = truthOf(a, b);
-      if (all[i].group < 0 || all[i].group != all[j].group) {
-        missed += truth.overlap >= 5;
-        continue;
-      }
-      const double error = all[j].offset - all[i].offset - truth.offset;
-      ++(a.event == b.event && std::abs(error) < kRight ? right : wrong);
-      if (std::abs(error) < std::abs(nearest)) nearest = error;
-    }
-    if (wrong == 0 && (missed == 0 || right > 0)) continue;
-    const Take& take = set.takes[i];
-    std::printf("    %-22s %5.1f s at %.0f dB%s%s: right %d wrong %d missed %d",
-                take.name.c_str(), take.lengthSeconds, take.microphone.snrDb,
-                take.microphone.babble ? " babble" : "", take.microphone.wind ? " wind" : "",
-                right, wrong, missed);
-    if (wrong) std::printf(", off by %.2f s, confidence %.2f", nearest, all[i].confidence);
-    std::printf("\n");
-  }
-}
-
-double quantile(std::vector<double> values, double q) {
-  if (values.empty()) return 0;
-  std::ranges::sort(values);
-  return values[std::min(values.size() - 1, std::size_t(q * double(values.size())))];
-}
-
-void print(const std::string& name, const Score& s) {
-  std::printf(
-      "  %-28s %4d of %4d pairs  wrong %d  strangers %d  error median %.2f 95%% %.2f max %.2f ms",
-      name.c_str(), s.found, s.wanted, s.wrong, s.strangers, 1e3 * quantile(s.errors, 0.5),
-      1e3 * quantile(s.errors, 0.95), 1e3 * quantile(s.errors, 1));
-  if (!s.driftErrors.empty()) std::printf("  drift within %.2f ppm", quantile(s.driftErrors, 1));
-  std::printf("  %.2f s\n", s.seconds);
-  std::fflush(stdout);
-}
 
 /// One set as the placement sees it.
 struct Rendered {

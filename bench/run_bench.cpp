@@ -49,8 +49,8 @@ std::vector<std::string> makeRecordings(const Folder& folder) {
     const std::string wav =
         folder.write("sound.wav", wavText(cut(sound, start, start + kMinutesMade * 60)));
     files.push_back(folder.file("camera " + std::to_string(i) + ".mp4"));
-    if (!ffmpeg({"-i", wav, "-f", "lavfi", "-i", "color=s=64x48:r=25", "-shortest", "-c:v",
-                 "mpeg4", "-c:a", "aac", "-ar", "48000", files.back()}))
+    if (!ffmpeg({"-i", wav, "-f", "lavfi", "-i", "color=s=64x48:r=25", "-shortest", "-c:v", "mpeg4",
+                 "-c:a", "aac", "-ar", "48000", files.back()}))
       std::fprintf(stderr, "cannot make %s\n", files.back().c_str());
   }
   return files;

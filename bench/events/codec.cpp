@@ -51,8 +51,9 @@ std::vector<float> throughCodec(const std::vector<float>& samples, const std::st
   const Scratch scratch;
   const std::string raw = " -f s16le -ar " + std::to_string(kRate) + " -ac 1 ";
   // Only the encoder's own kind of file says how much of its delay to cut off again.
-  const std::string coded =
-      scratch.file(codec == "aac" ? "a.m4a" : codec == "libmp3lame" ? "a.mp3" : "a.ogg");
+  const std::string coded = scratch.file(codec == "aac"          ? "a.m4a"
+                                         : codec == "libmp3lame" ? "a.mp3"
+                                                                 : "a.ogg");
   write(scratch.file("plain.raw"), samples);
   ffmpeg(raw + "-i " + scratch.file("plain.raw") + " -ar 48000 -c:a " + codec + " -b:a " +
          std::to_string(kilobits) + "k " + coded);

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <string>
-#include <string>
 #include <vector>
 
 #include "bench/events/performance.h"

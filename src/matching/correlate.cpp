@@ -56,7 +56,7 @@ void evenLevel(Signals& x) {
 }
 
 // One piece of each of four pairs; where there are fewer, the last stands in for the rest.
-Signals gathered(std::span<const Pieces> pieces, std::vector<float> Pieces::* side) {
+Signals gathered(std::span<const Pieces> pieces, std::vector<float> Pieces::*side) {
   std::array<const float*, kTogether> from;
   for (std::size_t i = 0; i < from.size(); ++i)
     from[i] = (pieces[std::min(i, pieces.size() - 1)].*side).data();

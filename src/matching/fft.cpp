@@ -18,8 +18,8 @@ using Index = Eigen::Index;
 
 /// What transforms of `count` real values need; every thread keeps its own.
 struct Plan {
-  std::vector<Complex> in, out;              // even values real, odd ones imaginary
-  std::vector<std::complex<float>> turns;    // by -k / count of a circle
+  std::vector<Complex> in, out;            // even values real, odd ones imaginary
+  std::vector<std::complex<float>> turns;  // by -k / count of a circle
 
   explicit Plan(Index count) : in(std::size_t(count / 2)), out(in.size()) {
     for (Index k = 0; k <= count / 2; ++k) {
@@ -79,8 +79,7 @@ Signals inverse(const Spectra& spectra) {
   for (Index k = 0; k < half; ++k) {
     const Complex low = bin(k), high = std::conj(bin(half - k));
     const Complex odd = turned(low - high, std::conj(plan.turns[std::size_t(k)]));
-    plan.in[std::size_t(k)] =
-        std::conj(low + high + Complex(-odd.imag(), odd.real()));
+    plan.in[std::size_t(k)] = std::conj(low + high + Complex(-odd.imag(), odd.real()));
   }
   transform(plan);
   Signals signals(4, 2 * half);

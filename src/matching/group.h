@@ -19,8 +19,8 @@ struct Grouping {
 };
 
 /// Joins recordings by the matches that most others agree with first. One that contradicts them
-/// gives way to a rival offset of its pair that does not, or is dropped and named. Where a pair fits
-/// at several offsets alike, all its group's matches decide together or nothing is joined. Two
+/// gives way to a rival offset of its pair that does not, or is dropped and named. Where a pair
+/// fits at several offsets alike, all its group's matches decide together or nothing is joined. Two
 /// recordings of one device are never laid over each other. The order of matches changes nothing.
 Grouping formGroups(std::span<const Recording> recordings, std::vector<Match> matches);
 

@@ -36,7 +36,9 @@ class GrowingGroups {
   void join(const Alignment& a);
 
   /// How far the second's group moves on the first's clock if the alignment is right.
-  double shift(const Alignment& a) { return position(a.first) + a.offsetSeconds - position(a.second); }
+  double shift(const Alignment& a) {
+    return position(a.first) + a.offsetSeconds - position(a.second);
+  }
 
   const std::vector<int>& membersWith(int file) { return members_[std::size_t(group(file))]; }
   double position(int file) { return forest_.position(file); }

@@ -13,9 +13,9 @@ constexpr double kLeastOverlap = 1.5;     // seconds; below there is nothing to 
 constexpr double kReach = 0.1;            // seconds around the supposed offset
 constexpr double kReachPerSecond = 5e-5;  // drift may add this much for every second of overlap
 constexpr double kShortOverlap = 5, kLongOverlap = 240;  // seconds
-constexpr double kGlimmer = 4;   // evidence of the first four windows that is worth the others
-constexpr float kLoud = 18;        // a window's height that neither chance nor repetition gives
-constexpr double kPlenty = 20;   // evidence past which more windows add little
+constexpr double kGlimmer = 4;  // evidence of the first four windows that is worth the others
+constexpr float kLoud = 18;     // a window's height that neither chance nor repetition gives
+constexpr double kPlenty = 20;  // evidence past which more windows add little
 constexpr std::size_t kFew = 4, kSome = 8, kMany = 16, kMost = 32;
 
 // The first windows are spread over the whole overlap, later ones lie between those.

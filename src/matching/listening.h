@@ -10,7 +10,7 @@
 namespace matching {
 
 struct Pair {
-  int first, second;                        // file indices
+  int first, second;                         // file indices
   std::int64_t firstSamples, secondSamples;  // lengths at 8000 Hz
 };
 

@@ -16,8 +16,8 @@ constexpr std::size_t kSmallSet = 12;  // recordings; in smaller sets every pair
 constexpr int kEnough = 2;             // sure matches of a recording, after which more add little
 constexpr double kSure = 18;           // strength that something repeated rarely has
 constexpr double kSureIfUnique = 10;   // the same where the sound fits at one offset only
-constexpr double kConfirms = 0.3;       // seconds; a suspicion so near speaks for a known position
-constexpr double kImpliedOverlap = 6;   // seconds two members must share to be worth a look
+constexpr double kConfirms = 0.3;      // seconds; a suspicion so near speaks for a known position
+constexpr double kImpliedOverlap = 6;  // seconds two members must share to be worth a look
 
 std::vector<int> filesOf(std::span<const std::pair<int, int>> pairs) {
   std::vector<int> files;
@@ -65,8 +65,7 @@ void Matchmaker::listen(std::span<const Suspicion> suspicions) {
     for (; next < suspicions.size() && batch.size() < kBatch; ++next)
       if (wanted(suspicions[next])) batch.push_back(&suspicions[next]);
     examineAll(batch);
-    if (progress_.step)
-      progress_.step(static_cast<int>(next), static_cast<int>(suspicions.size()));
+    if (progress_.step) progress_.step(static_cast<int>(next), static_cast<int>(suspicions.size()));
   }
 }
 
@@ -74,8 +73,8 @@ void Matchmaker::listen(std::span<const Suspicion> suspicions) {
 bool Matchmaker::wanted(const Suspicion& s) {
   const auto known = connected_.between(s.first, s.second);
   if (!known || small()) return true;
-  const bool enough = matchCount_[std::size_t(s.first)] >= kEnough &&
-                      matchCount_[std::size_t(s.second)] >= kEnough;
+  const bool enough =
+      matchCount_[std::size_t(s.first)] >= kEnough && matchCount_[std::size_t(s.second)] >= kEnough;
   return !enough && std::ranges::any_of(s.offsets, [&](double offset) {
     return std::abs(offset - *known) < kConfirms;
   });

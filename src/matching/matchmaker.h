@@ -50,9 +50,9 @@ class Matchmaker {
   const SoundReader& sound_;
   const PlacementProgress& progress_;
   Textures textures_;
-  OffsetForest connected_;                   // by matches past all doubt
-  std::vector<int> matchCount_, partners_;   // per file
-  std::set<std::pair<int, int>> matched_;    // pairs
+  OffsetForest connected_;                  // by matches past all doubt
+  std::vector<int> matchCount_, partners_;  // per file
+  std::set<std::pair<int, int>> matched_;   // pairs
   std::vector<Match> matches_;
 };
 

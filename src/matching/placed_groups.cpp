@@ -88,7 +88,8 @@ Placement placementOf(const Grouping& grouping, std::span<const Recording> recor
   });
   for (int file = 0; file < std::ssize(recordings); ++file)
     if (grouping.groupOf[std::size_t(file)] < 0 && recordings[std::size_t(file)].samples > 0)
-      placement.alone.push_back({file, tried(file, partners[std::size_t(file)], grouping, recordings)});
+      placement.alone.push_back(
+          {file, tried(file, partners[std::size_t(file)], grouping, recordings)});
   return placement;
 }
 

@@ -20,11 +20,11 @@ using SoundReader =
 /// Where one recording stands in its group, and how sure and exact that is.
 struct Placed {
   int file;
-  double offsetSeconds;             // from the group's earliest member; >= 0
-  double confidence;                // 0 to 1; of those given 0.9, nine in ten are right
+  double offsetSeconds;                // from the group's earliest member; >= 0
+  double confidence;                   // 0 to 1; of those given 0.9, nine in ten are right
   std::optional<double> errorSeconds;  // estimated error of the offset; none if not measured
-  std::optional<double> driftPpm;   // clock against the group's; none where the overlap is too short
-  std::vector<int> matchedWith;     // files it was matched with, strongest first
+  std::optional<double> driftPpm;  // clock against the group's; none where the overlap is too short
+  std::vector<int> matchedWith;    // files it was matched with, strongest first
 };
 
 struct PlacedGroup {

@@ -76,7 +76,8 @@ std::optional<Bridge> bestBridge(std::vector<Match>& open, GrowingGroups& groups
   std::optional<Bridge> best;
   for (auto& [ends, bridge] : bridges) {
     weigh(bridge, groups);
-    if (bridge.decided() && possible(bridge, groups) && (!best || bridge.weight > best->weight)) best = bridge;
+    if (bridge.decided() && possible(bridge, groups) && (!best || bridge.weight > best->weight))
+      best = bridge;
   }
   return best;
 }

@@ -67,7 +67,8 @@ std::vector<FilePair> unconnected(std::span<const Recording> recordings, OffsetF
       if (comparable(recordings, a, b) && connected.group(a) != connected.group(b))
         ofOne.push_back(std::minmax(a, b));
     std::ranges::stable_sort(ofOne, std::greater{}, promise);
-    pairs.insert(ofOne.begin(), ofOne.begin() + std::min<std::ptrdiff_t>(kMostPartners, std::ssize(ofOne)));
+    pairs.insert(ofOne.begin(),
+                 ofOne.begin() + std::min<std::ptrdiff_t>(kMostPartners, std::ssize(ofOne)));
   }
   return {pairs.begin(), pairs.end()};
 }

@@ -9,7 +9,7 @@ namespace {
 
 constexpr double kApart = 0.3;  // seconds; nearer offsets are found from either
 constexpr int kMostOffsets = 4;
-constexpr double kFaint = 0.35;   // of the best peak's significance; fainter ones are chance
+constexpr double kFaint = 0.35;  // of the best peak's significance; fainter ones are chance
 
 void addOffset(std::vector<double>& offsets, double offset) {
   const auto near = [&](double other) { return std::abs(other - offset) < kApart; };

@@ -2,14 +2,16 @@
 
 #include <algorithm>
 
+#include "matching/resemblance.h"
+
 namespace matching {
 namespace {
 
 constexpr int kOffsets = 3, kMoreOffsets = 10, kRepetitions = 60;
-constexpr double kRelated = 6;     // from here on the pair is related, perhaps repeatedly
-constexpr double kStrong = 4.0;    // what chance rarely gives at the best of many offsets
-constexpr double kFaint = 2.5;     // ... and at one single offset
-constexpr double kOfTheBest = 0.4;  // offsets fainter than this share of the best are chance
+constexpr double kRelated = 6;       // from here on the pair is related, perhaps repeatedly
+constexpr double kStrong = 4.0;      // what chance rarely gives at the best of many offsets
+constexpr double kFaint = 2.5;       // ... and at one single offset
+constexpr double kOfTheBest = 0.4;   // offsets fainter than this share of the best are chance
 constexpr double kAlike = 0.5;       // of the best; what repeats is rarely fainter
 constexpr double kLeastOverlap = 4;  // seconds; two textures resemble each other in less anywhere
 constexpr double kOfTheShorter = 0.75;

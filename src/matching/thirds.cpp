@@ -43,8 +43,7 @@ std::vector<Confirmation> confirmations(std::span<const Recording> recordings,
                                         std::span<const Match> matches) {
   const OffsetOf offsets = offsetsBothWays(matches);
   std::vector<Confirmation> all;
-  for (const Match& match : matches)
-    all.push_back(confirmation(recordings, match.best, offsets));
+  for (const Match& match : matches) all.push_back(confirmation(recordings, match.best, offsets));
   return all;
 }
 

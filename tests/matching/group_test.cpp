@@ -1,9 +1,10 @@
+#include "matching/group.h"
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <functional>
 
-#include "matching/group.h"
 #include "tests/matching/shoot.h"
 
 namespace matching {
@@ -50,7 +51,8 @@ TEST(FormGroups, LeavesAloneWhatFitsAtSeveralOffsetsAlike) {
 
 TEST(FormGroups, RepetitionsAreDecidedByAllMatchesOfTwoGroups) {
   const auto recordings = fourMinutesEach({-1, -1, -1});
-  // 2 fits 0 at 30, 36 or 42 and 1 at 14, 20 or 26: where 1 stands 10 after 0, two places suit both.
+  // 2 fits 0 at 30, 36 or 42 and 1 at 14, 20 or 26: where 1 stands 10 after 0, two places suit
+  // both.
   const Grouping open = formGroups(
       recordings, {match(0, 1, 10, 40), match(0, 2, 30, 40, {36}), match(1, 2, 20, 40, {26})});
   EXPECT_EQ(open.members[0].size(), 2u);

@@ -9,8 +9,8 @@
 
 namespace matching {
 
-std::vector<float> recorded(int event, double start, double seconds, double driftPpm,
-                            double noise, double period) {
+std::vector<float> recorded(int event, double start, double seconds, double driftPpm, double noise,
+                            double period) {
   constexpr double kBeat = 0.2;  // seconds from one change of the tones to the next
   constexpr int kTones = 12;
   std::vector<float> samples(static_cast<std::size_t>(seconds * kSampleRate));
@@ -57,8 +57,7 @@ Alignment Shoot::verified(double offset) const {
   return Listening({0, 1, recordings[0].samples, recordings[1].samples}, offset, sound).exact();
 }
 
-Match match(int first, int second, double offset, double strength,
-            std::vector<double> rivals) {
+Match match(int first, int second, double offset, double strength, std::vector<double> rivals) {
   const auto alignment = [&](double at) {
     Alignment a{.first = first, .second = second, .offsetSeconds = at};
     a.strength = strength, a.support = a.windows = 10, a.confidence = 0.99, a.overlapSeconds = 50;

@@ -25,8 +25,7 @@ struct Shoot {
 };
 
 /// A match without listening. Rivals are as strong as the best.
-Match match(int first, int second, double offset, double strength,
-            std::vector<double> rivals = {});
+Match match(int first, int second, double offset, double strength, std::vector<double> rivals = {});
 
 std::vector<Recording> fourMinutesEach(std::vector<int> devices);
 

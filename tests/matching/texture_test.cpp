@@ -6,7 +6,7 @@
 #include <random>
 
 #include "matching/fft.h"
-#include "matching/texture.h"
+#include "matching/resemblance.h"
 #include "tests/matching/shoot.h"
 
 namespace matching {
@@ -37,7 +37,8 @@ TEST(Texture, ResemblancesAreTheSumsOfProducts) {
   double power = 0, best = 0, count = 0;
   Eigen::Index bestLag = 0;
   for (Eigen::Index lag = -b.cols(); lag < a.cols(); ++lag) {
-    const Eigen::Index from = std::max<Eigen::Index>(0, lag), to = std::min(a.cols(), lag + b.cols());
+    const Eigen::Index from = std::max<Eigen::Index>(0, lag),
+                       to = std::min(a.cols(), lag + b.cols());
     if (double(to - from) < 4 * kTextureRate) continue;
     const double sum = (a.middleCols(from, to - from).cast<double>() *
                         b.middleCols(from - lag, to - from).cast<double>())

@@ -1,0 +1,140 @@
+#include "matching/resemblance.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstdint>
+
+#include "matching/fft.h"
+
+namespace matching {
+namespace {
+
+Eigen::Index powerOfTwo(Eigen::Index least) {
+  Eigen::Index size = 256;
+  while (size < least) size *= 2;
+  return size;
+}
+
+// Spectra of four bands each, of `size` frames from frame `first` on, with zeros past the ends.
+std::array<Spectra, kTextureBands / 4> spectraOf(const Texture& texture, Eigen::Index first,
+                                                 Eigen::Index count, Eigen::Index size) {
+  const Eigen::Index from = std::max<Eigen::Index>(0, first);
+  const Eigen::Index frames = std::min(first + count, texture.cols()) - from;
+  std::array<Spectra, kTextureBands / 4> spectra;
+  for (std::size_t i = 0; i < spectra.size(); ++i) {
+    Signals padded = Signals::Zero(4, size);
+    if (frames > 0)
+      padded.middleCols(from - first, frames) =
+          texture.block(4 * Eigen::Index(i), from, 4, frames).cast<float>();
+    spectra[i] = forward(padded);
+  }
+  return spectra;
+}
+
+// Sum over bands of the products, for every lag of b's start from -(frames of b) on.
+std::vector<float> correlationOverLags(const Texture& a, const Texture& b) {
+  const Eigen::Index framesB = b.cols();
+  const Eigen::Index size = powerOfTwo(2 * framesB), step = size - framesB;
+  const auto shorter = spectraOf(b, 0, framesB, size);
+  std::vector<float> result(static_cast<std::size_t>(a.cols() + framesB), 0.0f);
+  for (Eigen::Index at = 0; at < std::ssize(result); at += step) {
+    const auto block = spectraOf(a, at - framesB, size, size);
+    Spectra sum{Signals::Zero(4, size / 2 + 1), Signals::Zero(4, size / 2 + 1)};
+    for (std::size_t i = 0; i < block.size(); ++i) {
+      sum.re += block[i].re * shorter[i].re + block[i].im * shorter[i].im;
+      sum.im += block[i].im * shorter[i].re - block[i].re * shorter[i].im;
+    }
+    const Eigen::ArrayXf lags = inverse(sum).colwise().sum();
+    const Eigen::Index count = std::min<Eigen::Index>(step, std::ssize(result) - at);
+    std::copy_n(lags.begin(), count, result.begin() + at);
+  }
+  return result;
+}
+
+// Divides every lag by what chance gives for its number of common frames.
+void toStrength(std::vector<float>& lags, Eigen::Index framesA, Eigen::Index framesB,
+                double least) {
+  double power = 0, count = 0;
+  for (std::size_t i = 0; i < lags.size(); ++i) {
+    const auto start = static_cast<Eigen::Index>(i) - framesB;
+    const auto common = std::min(framesA, start + framesB) - std::max<Eigen::Index>(0, start);
+    if (double(common) < least) {
+      lags[i] = 0;
+      continue;
+    }
+    lags[i] /= std::sqrt(static_cast<float>(common));
+    power += double(lags[i]) * lags[i];
+    ++count;
+  }
+  const auto chance = static_cast<float>(std::sqrt(power / std::max(1.0, count)) + 1e-9);
+  for (float& v : lags) v /= chance;
+}
+
+// Sum of the products of what both have from `from` to `to` on a's frames.
+double product(const Texture& a, const Texture& b, Eigen::Index lag, Eigen::Index from,
+               Eigen::Index to) {
+  const std::int8_t* x = a.col(from).data();
+  const std::int8_t* y = b.col(from - lag).data();
+  std::int32_t sum = 0;  // a minute is 32,000 products of up to 14,400
+  for (Eigen::Index i = 0; i < kTextureBands * (to - from); ++i) sum += x[i] * y[i];
+  return sum;
+}
+
+// The resemblance at a lag of b's start, per root of the common frames; none where those are few.
+std::optional<double> similarity(const Texture& a, const Texture& b, Eigen::Index lag) {
+  constexpr Eigen::Index kFewest = 64, kMost = 2000;
+  Eigen::Index from = std::max<Eigen::Index>(0, lag), to = std::min(a.cols(), lag + b.cols());
+  const Eigen::Index common = to - from;
+  if (common < kFewest) return std::nullopt;
+  if (common > kMost) from += (common - kMost) / 2, to = from + kMost;
+  return product(a, b, lag, from, to) / std::sqrt(double(to - from));
+}
+
+double medianOf(std::vector<double>& values) {
+  const auto middle = values.begin() + std::ssize(values) / 2;
+  std::ranges::nth_element(values, middle);
+  return *middle;
+}
+
+}  // namespace
+
+std::optional<double> resemblanceAt(const Texture& a, const Texture& b, double offsetSeconds) {
+  constexpr Eigen::Index kReach = 3, kOthers = 12, kOtherStep = 37;  // frames
+  const auto lag = static_cast<Eigen::Index>(std::lround(offsetSeconds * kTextureRate));
+  std::optional<double> best;
+  for (Eigen::Index i = lag - kReach; i <= lag + kReach; ++i)
+    if (const auto here = similarity(a, b, i)) best = std::max(*here, best.value_or(*here));
+  std::vector<double> others;
+  for (Eigen::Index k = 1; k <= kOthers; ++k)
+    for (const Eigen::Index other : {lag - k * kOtherStep, lag + k * kOtherStep})
+      if (const auto there = similarity(a, b, other)) others.push_back(std::abs(*there));
+  if (!best || std::ssize(others) < kOthers / 2) return std::nullopt;
+  return *best / (1.48 * medianOf(others) + 1e-9);  // the median's ratio to a standard deviation
+}
+
+std::vector<Resemblance> resemblances(const Texture& a, const Texture& b, int count,
+                                      double leastOverlap) {
+  if (a.cols() < b.cols()) {
+    std::vector<Resemblance> mirrored = resemblances(b, a, count, leastOverlap);
+    for (Resemblance& r : mirrored) r.offsetSeconds = -r.offsetSeconds;
+    return mirrored;
+  }
+  std::vector<Resemblance> best;
+  if (b.cols() == 0) return best;
+  std::vector<float> lags = correlationOverLags(a, b);
+  toStrength(lags, a.cols(), b.cols(), leastOverlap * kTextureRate);
+  constexpr std::size_t kApart = static_cast<std::size_t>(kTextureRate / 2);
+  for (int k = 0; k < count; ++k) {
+    const auto top = std::ranges::max_element(lags);
+    if (top == lags.end() || *top <= 0) break;
+    const auto at = static_cast<std::size_t>(top - lags.begin());
+    best.push_back({(double(at) - double(b.cols())) / kTextureRate, *top});
+    const std::size_t from = at < kApart ? 0 : at - kApart;
+    std::fill(lags.begin() + static_cast<std::ptrdiff_t>(from),
+              lags.begin() + static_cast<std::ptrdiff_t>(std::min(lags.size(), at + kApart)), 0.0f);
+  }
+  return best;
+}
+
+}  // namespace matching
