@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <functional>
 #include <map>
 #include <set>
 #include <tuple>
@@ -12,9 +11,10 @@ namespace {
 
 using FilePair = std::pair<int, int>;
 
-constexpr double kShare = 8;       // the search may read every second of sound so often ...
-constexpr double kFloor = 14400;   // ... and this many seconds in any case
-constexpr int kMostPartners = 40;  // of one lonely recording
+constexpr double kShare = 8;        // the search may read every second of sound so often ...
+constexpr double kFloor = 14400;    // ... and this many seconds in any case
+constexpr double kAboveChance = 4;  // significance of a vote's peak that may say something
+constexpr int kMostPartners = 40;   // of one lonely recording
 
 std::vector<FilePair> withinBudget(std::span<const FilePair> pairs,
                                    std::span<const Recording> recordings) {
@@ -40,7 +40,8 @@ class Promise {
           std::span<const int> matchCount)
       : recordings_(recordings), matchCount_(matchCount) {
     for (const Suspicion& s : suspicions)
-      significance_[std::minmax(s.first, s.second)] = s.significance;
+      if (s.significance >= kAboveChance)
+        significance_[std::minmax(s.first, s.second)] = s.significance;
   }
   std::tuple<bool, double, double> operator()(const FilePair& pair) const {
     const auto a = std::size_t(pair.first), b = std::size_t(pair.second);
@@ -56,21 +57,33 @@ class Promise {
   std::map<FilePair, double> significance_;
 };
 
-// The most promising partners of every recording that they are not connected with.
+using Ranked = std::pair<std::tuple<bool, double, double>, FilePair>;
+
+struct ByPromise {
+  bool operator()(const Ranked& a, const Ranked& b) const {
+    return a.first != b.first ? a.first > b.first : a.second < b.second;
+  }
+};
+
+// The most promising partners of every recording that they are not connected with, most first.
 std::vector<FilePair> unconnected(std::span<const Recording> recordings, OffsetForest& connected,
                                   const Promise& promise) {
-  std::set<FilePair> pairs;
-  std::vector<FilePair> ofOne;
+  std::set<Ranked, ByPromise> pairs;
+  std::vector<Ranked> ofOne;
   for (int a = 0; a < std::ssize(recordings); ++a) {
     ofOne.clear();
     for (int b = 0; b < std::ssize(recordings); ++b)
-      if (comparable(recordings, a, b) && connected.group(a) != connected.group(b))
-        ofOne.push_back(std::minmax(a, b));
-    std::ranges::stable_sort(ofOne, std::greater{}, promise);
-    pairs.insert(ofOne.begin(),
-                 ofOne.begin() + std::min<std::ptrdiff_t>(kMostPartners, std::ssize(ofOne)));
+      if (comparable(recordings, a, b) && connected.group(a) != connected.group(b)) {
+        const FilePair pair = std::minmax(a, b);
+        ofOne.emplace_back(promise(pair), pair);
+      }
+    const auto most = std::min<std::ptrdiff_t>(kMostPartners, std::ssize(ofOne));
+    std::ranges::partial_sort(ofOne, ofOne.begin() + most, ByPromise());
+    pairs.insert(ofOne.begin(), ofOne.begin() + most);
   }
-  return {pairs.begin(), pairs.end()};
+  std::vector<FilePair> sorted;
+  for (const Ranked& ranked : pairs) sorted.push_back(ranked.second);
+  return sorted;
 }
 
 }  // namespace
@@ -79,9 +92,7 @@ std::vector<FilePair> searchPlan(std::span<const Recording> recordings,
                                  std::span<const Suspicion> suspicions, OffsetForest& connected,
                                  std::span<const int> matchCount) {
   const Promise promise(recordings, suspicions, matchCount);
-  std::vector<FilePair> pairs = unconnected(recordings, connected, promise);
-  std::ranges::stable_sort(pairs, std::greater{}, promise);
-  return withinBudget(pairs, recordings);
+  return withinBudget(unconnected(recordings, connected, promise), recordings);
 }
 
 }  // namespace matching
