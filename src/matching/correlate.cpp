@@ -15,7 +15,7 @@ using Index = Eigen::Index;
 constexpr float kWhitening = 0.7f;                  // 1 would weigh every bin alike, noise included
 constexpr float kEvening = 0.8f;                    // 1 would bring pauses to full level
 constexpr double kLowEdge = 120, kHighEdge = 3700;  // Hz; hum below, the converter's edge above
-constexpr int kTogether = 4;
+constexpr std::size_t kTogether = 4;
 constexpr int kBlock = 8;  // samples whose level is evened by one factor
 
 // Hann window of that length, kept for the next call of the same thread.
@@ -55,17 +55,16 @@ void evenLevel(Signals& x) {
     x.middleCols<kBlock>(i * kBlock).colwise() *= gains.col(i);
 }
 
-// One piece of each of four pairs; where there are fewer, the last stands in for the rest.
-Signals gathered(std::span<const Pieces> pieces, std::vector<float> Pieces::*side) {
+// Spectra of up to four pieces; where there are fewer, the last stands in for the rest.
+Spectra spectraOf(std::span<const float* const> pieces, std::size_t length) {
   std::array<const float*, kTogether> from;
-  for (std::size_t i = 0; i < from.size(); ++i)
-    from[i] = (pieces[std::min(i, pieces.size() - 1)].*side).data();
-  Signals signals(kTogether, static_cast<Index>(pieces[0].a.size()));
+  for (std::size_t i = 0; i < from.size(); ++i) from[i] = pieces[std::min(i, pieces.size() - 1)];
+  Signals signals(kTogether, static_cast<Index>(length));
   for (Index n = 0; n < signals.cols(); ++n)
     signals.col(n) << from[0][n], from[1][n], from[2][n], from[3][n];
   evenLevel(signals);
   signals.rowwise() *= taper(signals.cols()).transpose();
-  return signals;
+  return forward(signals);
 }
 
 // The cross spectra, their magnitudes brought nearer to each other.
@@ -84,12 +83,11 @@ Spectra whitenedProduct(const Spectra& x, const Spectra& y) {
   return cross;
 }
 
-void correlateFour(std::span<const Pieces> pieces, int maxLag,
-                   std::vector<std::vector<float>>& out) {
-  const Signals whole = inverse(whitenedProduct(forward(gathered(pieces, &Pieces::a)),
-                                                forward(gathered(pieces, &Pieces::b))));
+// The lags of `count` of the four functions, each over its own noise.
+void addLags(const Signals& whole, std::size_t count, int maxLag,
+             std::vector<std::vector<float>>& out) {
   const Eigen::Array4f noise = whole.square().rowwise().mean().sqrt();
-  for (std::size_t i = 0; i < pieces.size(); ++i) {
+  for (std::size_t i = 0; i < count; ++i) {
     const auto row = whole.row(Index(i));
     std::vector<float>& lags = out.emplace_back(std::size_t(2 * maxLag + 1), 0.0f);
     if (!(noise(Index(i)) > 0)) continue;
@@ -103,9 +101,27 @@ void correlateFour(std::span<const Pieces> pieces, int maxLag,
 
 std::vector<std::vector<float>> correlate(std::span<const Pieces> pieces, int maxLag) {
   std::vector<std::vector<float>> lags;
-  for (std::size_t at = 0; at < pieces.size(); at += kTogether)
-    correlateFour(pieces.subspan(at, std::min<std::size_t>(kTogether, pieces.size() - at)), maxLag,
-                  lags);
+  for (std::size_t at = 0; at < pieces.size(); at += kTogether) {
+    const auto four = pieces.subspan(at, std::min(kTogether, pieces.size() - at));
+    std::vector<const float*> a, b;
+    for (const Pieces& pair : four) a.push_back(pair.a.data()), b.push_back(pair.b.data());
+    const std::size_t length = four[0].a.size();
+    addLags(inverse(whitenedProduct(spectraOf(a, length), spectraOf(b, length))), four.size(),
+            maxLag, lags);
+  }
+  return lags;
+}
+
+std::vector<std::vector<float>> correlateWithSelf(std::span<const std::vector<float>> pieces,
+                                                  int maxLag) {
+  std::vector<std::vector<float>> lags;
+  for (std::size_t at = 0; at < pieces.size(); at += kTogether) {
+    const auto four = pieces.subspan(at, std::min(kTogether, pieces.size() - at));
+    std::vector<const float*> samples;
+    for (const auto& piece : four) samples.push_back(piece.data());
+    const Spectra spectra = spectraOf(samples, four[0].size());
+    addLags(inverse(whitenedProduct(spectra, spectra)), four.size(), maxLag, lags);
+  }
   return lags;
 }
 

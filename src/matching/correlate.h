@@ -19,4 +19,8 @@ struct Pieces {
 /// length, a multiple of 16; they are worked on by fours, so a multiple of four costs least.
 std::vector<std::vector<float>> correlate(std::span<const Pieces> pieces, int maxLag);
 
+/// The same of every piece with itself.
+std::vector<std::vector<float>> correlateWithSelf(std::span<const std::vector<float>> pieces,
+                                                  int maxLag);
+
 }  // namespace matching

@@ -126,14 +126,13 @@ DirectSound Listening::findDirect(const DelayLine& line) const {
   const auto peaks = responsePeaks(correlations_, line);
   if (peaks.size() < 2) return {};
   const std::size_t count = std::min(kSome, middles_.size());
-  std::vector<Pieces> first, second;
+  std::vector<std::vector<float>> first, second;
   for (std::size_t i = 0; i < count; ++i) {
-    const auto a = piece(pair_.first, middles_[i]), b = piece(pair_.second, middles_[i] - offset_);
-    first.push_back({a, a});
-    second.push_back({b, b});
+    first.push_back(piece(pair_.first, middles_[i]));
+    second.push_back(piece(pair_.second, middles_[i] - offset_));
   }
-  return directSound(peaks, selfEchoes(correlate(first, maxLag_)),
-                     selfEchoes(correlate(second, maxLag_)));
+  return directSound(peaks, selfEchoes(correlateWithSelf(first, maxLag_)),
+                     selfEchoes(correlateWithSelf(second, maxLag_)));
 }
 
 }  // namespace matching

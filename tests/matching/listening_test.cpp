@@ -69,6 +69,9 @@ TEST(Correlate, FindsEveryPairsOwnLagWhateverTheOthersAre) {
     EXPECT_GT(*top, 30);
     const auto alone = correlate(std::span(pieces).subspan(i, 1), kMaxLag);
     EXPECT_EQ(alone[0], all[i]);
+    const Pieces twice{pieces[i].a, pieces[i].a};
+    EXPECT_EQ(correlateWithSelf(std::span(&twice.a, 1), kMaxLag),
+              correlate(std::span(&twice, 1), kMaxLag));
   }
 }
 
