@@ -10,7 +10,7 @@ namespace matching {
 namespace {
 
 constexpr std::size_t kBatch = 32;  // pairs examined at once; fixed, so that threads change nothing
-constexpr double kSuspicious = 6;   // significance of a vote's peak from which it is listened to
+constexpr double kSuspicious = 8;   // significance of a vote's peak from which it is listened to
 constexpr double kWorthTrying = 4;  // the same where there are few pairs
 constexpr std::size_t kSmallSet = 12;  // recordings; in smaller sets every pair is worth its time
 constexpr int kEnough = 2;             // sure matches of a recording, after which more add little

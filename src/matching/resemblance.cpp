@@ -76,14 +76,14 @@ double product(const Texture& a, const Texture& b, Eigen::Index lag, Eigen::Inde
                Eigen::Index to) {
   const std::int8_t* x = a.col(from).data();
   const std::int8_t* y = b.col(from - lag).data();
-  std::int32_t sum = 0;  // a minute is 32,000 products of up to 14,400
+  std::int32_t sum = 0;  // 40 s are 20,000 products of up to 14,400
   for (Eigen::Index i = 0; i < kTextureBands * (to - from); ++i) sum += x[i] * y[i];
   return sum;
 }
 
 // The resemblance at a lag of b's start, per root of the common frames; none where those are few.
 std::optional<double> similarity(const Texture& a, const Texture& b, Eigen::Index lag) {
-  constexpr Eigen::Index kFewest = 64, kMost = 2000;
+  constexpr Eigen::Index kFewest = 64, kMost = 1200;
   Eigen::Index from = std::max<Eigen::Index>(0, lag), to = std::min(a.cols(), lag + b.cols());
   const Eigen::Index common = to - from;
   if (common < kFewest) return std::nullopt;
