@@ -63,6 +63,8 @@ bool believed(const Alignment& a) {
                    a.strength >= 6.5 && a.distinct >= 1.2);
 }
 
+bool nearlyEverywhere(const Alignment& a) { return a.support * 4 >= a.windows * 3; }
+
 double weightOf(const Alignment& a) {
   const double fraction = double(a.support) / std::max(1, a.windows);
   const double seconds = std::min(a.overlapSeconds, kLongEnough);

@@ -31,6 +31,12 @@ void summarise(Alignment& alignment, const DelayLine& line,
 /// Whether so much evidence, so spread over time, is past what chance gives.
 bool believed(const Alignment& alignment);
 
+/// Strength that something repeated rarely has, and chance never.
+inline constexpr double kPastRepetition = 18;
+
+/// Whether three in four windows or more support it.
+bool nearlyEverywhere(const Alignment& alignment);
+
 /// How much an alignment weighs against others: the longer it fits, and the better, the more.
 double weightOf(const Alignment& alignment);
 

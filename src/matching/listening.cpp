@@ -14,7 +14,6 @@ constexpr double kReach = 0.1;            // seconds around the supposed offset
 constexpr double kReachPerSecond = 5e-5;  // drift may add this much for every second of overlap
 constexpr double kShortOverlap = 5, kLongOverlap = 240;  // seconds
 constexpr double kGlimmer = 4;  // evidence of the first four windows that is worth the others
-constexpr float kLoud = 18;     // a window's height that neither chance nor repetition gives
 constexpr double kPlenty = 20;  // evidence past which more windows add little
 constexpr std::size_t kFew = 4, kSome = 8, kMany = 16, kMost = 32;
 
@@ -35,12 +34,12 @@ std::vector<std::size_t> coarseFirst(std::size_t count) {
 
 // Where four windows all say the same so loudly, nobody needs to hear more.
 bool plain(const DelayLine& line) {
-  return line.heights.size() >= kFew && std::ranges::min(line.heights) >= kLoud;
+  return line.heights.size() >= kFew && std::ranges::min(line.heights) >= kPastRepetition;
 }
 
 bool doubtful(const Alignment& a) {
-  const bool many = a.support * 4 >= a.windows * 3;
-  return !believed(a) || !many || (a.evidence < kPlenty && a.strength < kLoud);
+  return !believed(a) || !nearlyEverywhere(a) ||
+         (a.evidence < kPlenty && a.strength < kPastRepetition);
 }
 
 }  // namespace

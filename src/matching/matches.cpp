@@ -8,8 +8,7 @@
 namespace matching {
 namespace {
 
-constexpr double kApart = 0.3;          // seconds; nearer offsets are found from either
-constexpr double kPastRepetition = 18;  // strength that something repeated rarely has
+constexpr double kApart = 0.3;    // seconds; nearer offsets are found from either
 constexpr double kRivalry = 0.5;  // of the best one's strength; weaker fits are partial echoes
 
 struct Listened {

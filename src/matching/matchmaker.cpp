@@ -14,8 +14,7 @@ constexpr double kSuspicious = 8;   // significance of a vote's peak from which 
 constexpr double kWorthTrying = 4;  // the same where there are few pairs
 constexpr std::size_t kSmallSet = 12;  // recordings; in smaller sets every pair is worth its time
 constexpr int kEnough = 2;             // sure matches of a recording, after which more add little
-constexpr double kSure = 18;           // strength that something repeated rarely has
-constexpr double kSureIfUnique = 10;   // the same where the sound fits at one offset only
+constexpr double kSureIfUnique = 10;   // strength enough where the sound fits at one offset only
 constexpr double kConfirms = 0.3;      // seconds; a suspicion so near speaks for a known position
 constexpr double kImpliedOverlap = 6;  // seconds two members must share to be worth a look
 
@@ -28,8 +27,8 @@ std::vector<int> filesOf(std::span<const std::pair<int, int>> pairs) {
 // Other matches count too, but do not end the search for a better one.
 bool sure(const Match& match) {
   const Alignment& a = match.best;
-  if (a.strength >= kSure) return true;
-  return match.rivals.empty() && a.strength >= kSureIfUnique && a.support * 4 >= a.windows * 3;
+  if (a.strength >= kPastRepetition) return true;
+  return match.rivals.empty() && a.strength >= kSureIfUnique && nearlyEverywhere(a);
 }
 
 }  // namespace

@@ -31,14 +31,17 @@ double shiftBetween(const Alignment& a, GrowingGroups& groups) {
   return groups.group(a.first) < groups.group(a.second) ? shift : -shift;
 }
 
+bool gives(const Alignment& a, double shift, GrowingGroups& groups) {
+  return std::abs(shiftBetween(a, groups) - shift) < kSameOffset;
+}
+
 // What speaks for one shift: of every match the offset nearest to it that agrees.
 double weightAt(double shift, std::span<Match* const> matches, GrowingGroups& groups) {
   double sum = 0;
   for (const Match* match : matches) {
     double most = 0;
     for (const Alignment& a : allOf(*match))
-      if (std::abs(shiftBetween(a, groups) - shift) < kSameOffset)
-        most = std::max(most, weightOf(a));
+      if (gives(a, shift, groups)) most = std::max(most, weightOf(a));
     sum += most;
   }
   return sum;
@@ -61,8 +64,7 @@ void weigh(Bridge& bridge, GrowingGroups& groups) {
 bool possible(const Bridge& bridge, GrowingGroups& groups) {
   for (const Match* match : bridge.matches)
     for (const Alignment& a : allOf(*match))
-      if (std::abs(shiftBetween(a, groups) - bridge.shift) < kSameOffset && !groups.possible(a))
-        return false;
+      if (gives(a, bridge.shift, groups) && !groups.possible(a)) return false;
   return true;
 }
 
@@ -84,11 +86,9 @@ std::optional<Bridge> bestBridge(std::vector<Match>& open, GrowingGroups& groups
 
 // The offset of the match that gives the shift becomes its best.
 bool leadWith(Match& match, double shift, GrowingGroups& groups) {
-  const auto gives = [&](const Alignment& a) {
-    return std::abs(shiftBetween(a, groups) - shift) < kSameOffset;
-  };
-  if (gives(match.best)) return true;
-  const auto rival = std::ranges::find_if(match.rivals, gives);
+  if (gives(match.best, shift, groups)) return true;
+  const auto rival = std::ranges::find_if(
+      match.rivals, [&](const Alignment& a) { return gives(a, shift, groups); });
   if (rival == match.rivals.end()) return false;
   std::swap(match.best, *rival);
   return true;
