@@ -14,6 +14,7 @@ constexpr double kReach = 0.1;            // seconds around the supposed offset
 constexpr double kReachPerSecond = 5e-5;  // drift may add this much for every second of overlap
 constexpr double kShortOverlap = 5, kLongOverlap = 240;  // seconds
 constexpr double kGlimmer = 4;  // evidence of the first four windows that is worth the others
+constexpr double kHint = 9, kProof = 13;  // ... of the first 8, of the first 16
 constexpr double kPlenty = 20;  // evidence past which more windows add little
 constexpr std::size_t kFew = 4, kSome = 8, kMany = 16, kMost = 32;
 
@@ -37,9 +38,12 @@ bool plain(const DelayLine& line) {
   return line.heights.size() >= kFew && std::ranges::min(line.heights) >= kPastRepetition;
 }
 
-bool doubtful(const Alignment& a) {
-  return !believed(a) || !nearlyEverywhere(a) ||
-         (a.evidence < kPlenty && a.strength < kPastRepetition);
+// Chance gives so much less the more windows there are that what is real stands out in time.
+bool mayStillConvince(const Alignment& a) { return a.evidence >= (a.windows > 8 ? kProof : kHint); }
+
+bool worthMore(const Alignment& a) {
+  if (!believed(a)) return mayStillConvince(a);
+  return !nearlyEverywhere(a) || (a.evidence < kPlenty && a.strength < kPastRepetition);
 }
 
 }  // namespace
@@ -108,11 +112,13 @@ Alignment Listening::exact() {
     listenTo(overlap() > kLongOverlap ? kMany : kSome);
     line = bestLine(correlations_);
   }
-  if (doubtful(summary(line, {})) && middles_.size() > correlations_.size()) {
-    listenTo(kMost);
-    line = bestLine(correlations_);
-  }
-  return summary(line, findDirect(line));
+  for (const std::size_t more : {kMany, kMost})
+    if (middles_.size() > correlations_.size() && worthMore(summary(line, {}))) {
+      listenTo(more);
+      line = bestLine(correlations_);
+    }
+  const Alignment heard = summary(line, {});
+  return believed(heard) ? summary(line, findDirect(line)) : heard;
 }
 
 Alignment Listening::thorough() {
