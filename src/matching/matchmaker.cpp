@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
 #include <iterator>
 
 #include "matching/search_plan.h"
@@ -10,8 +11,9 @@ namespace matching {
 namespace {
 
 constexpr std::size_t kBatch = 32;  // pairs examined at once; fixed, so that threads change nothing
-constexpr double kSuspicious = 8;   // significance of a vote's peak from which it is listened to
-constexpr double kWorthTrying = 4;  // the same where there are few pairs
+constexpr double kSuspicious = 4;   // significance of a vote's peak from which it is listened to
+constexpr std::size_t kPatience = 64;  // pairs in a row examined in vain, after which hope ends ...
+constexpr std::size_t kMorePatience = 4;  // ... or so many times fewer than there are recordings
 constexpr std::size_t kSmallSet = 12;  // recordings; in smaller sets every pair is worth its time
 constexpr int kEnough = 2;             // sure matches of a recording, after which more add little
 constexpr double kSureIfUnique = 10;   // strength enough where the sound fits at one offset only
@@ -48,22 +50,25 @@ bool Matchmaker::small() const { return recordings_.size() <= kSmallSet; }
 bool Matchmaker::cancelled() const { return progress_.cancelled && progress_.cancelled(); }
 
 void Matchmaker::followVotes(std::span<const Suspicion> suspicions) {
-  const double least = small() ? kWorthTrying : kSuspicious;
   std::vector<Suspicion> promising;
   std::ranges::copy_if(suspicions, std::back_inserter(promising), [&](const Suspicion& s) {
-    return s.significance >= least && comparable(recordings_, s.first, s.second);
+    return s.significance >= kSuspicious && comparable(recordings_, s.first, s.second);
   });
   listen(promising);
 }
 
-// Listens to the suspicions that could bring anything, in their order.
+// Listens to the suspicions that could bring anything, in their order, until too many in a row
+// brought nothing: the likeliest come first, so what is right stands close together.
 void Matchmaker::listen(std::span<const Suspicion> suspicions) {
-  std::size_t next = 0;
-  while (next < suspicions.size() && !cancelled()) {
+  const std::size_t patience = std::max(kPatience, recordings_.size() / kMorePatience);
+  std::size_t next = 0, inVain = 0;
+  while (next < suspicions.size() && inVain < patience && !cancelled()) {
     std::vector<const Suspicion*> batch;
     for (; next < suspicions.size() && batch.size() < kBatch; ++next)
       if (wanted(suspicions[next])) batch.push_back(&suspicions[next]);
+    const std::size_t before = matches_.size();
     examineAll(batch);
+    inVain = matches_.size() > before ? 0 : inVain + batch.size();
     if (progress_.step) progress_.step(static_cast<int>(next), static_cast<int>(suspicions.size()));
   }
 }
@@ -117,13 +122,12 @@ void Matchmaker::keepBetter(Match match) {
 
 void Matchmaker::search(std::span<const Suspicion> suspicions) {
   const auto pairs = searchPlan(recordings_, suspicions, connected_, matchCount_);
-  for (std::size_t at = 0; at < pairs.size() && !cancelled(); at += kBatch) {
-    const auto batch = std::span(pairs).subspan(at, std::min(kBatch, pairs.size() - at));
-    std::vector<std::pair<int, int>> open;
-    for (const auto& [a, b] : batch)
-      if (connected_.group(a) != connected_.group(b)) open.emplace_back(a, b);
-    listen(suspectAll(open));
-  }
+  std::vector<Suspicion> found;
+  for (std::size_t at = 0; at < pairs.size() && !cancelled(); at += kBatch)
+    std::ranges::move(suspectAll(std::span(pairs).subspan(at, std::min(kBatch, pairs.size() - at))),
+                      std::back_inserter(found));
+  std::ranges::stable_sort(found, std::greater{}, &Suspicion::significance);
+  listen(found);
 }
 
 std::vector<Suspicion> Matchmaker::suspectAll(std::span<const std::pair<int, int>> pairs) {
