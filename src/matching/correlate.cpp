@@ -4,6 +4,7 @@
 #include <array>
 #include <cmath>
 #include <numbers>
+#include <utility>
 
 #include "matching/fft.h"
 
@@ -12,7 +13,6 @@ namespace {
 
 using Index = Eigen::Index;
 
-constexpr float kWhitening = 0.7f;                  // 1 would weigh every bin alike, noise included
 constexpr float kEvening = 0.8f;                    // 1 would bring pauses to full level
 constexpr double kLowEdge = 120, kHighEdge = 3700;  // Hz; hum below, the converter's edge above
 constexpr std::size_t kTogether = 4;
@@ -55,32 +55,48 @@ void evenLevel(Signals& x) {
     x.middleCols<kBlock>(i * kBlock).colwise() *= gains.col(i);
 }
 
+/// Memory of one four of correlations; every thread keeps its own for the next.
+struct Work {
+  Signals signals;
+  Spectra x, y;
+};
+
+Work& work() {
+  thread_local Work own;
+  return own;
+}
+
 // Spectra of up to four pieces; where there are fewer, the last stands in for the rest.
-Spectra spectraOf(std::span<const float* const> pieces, std::size_t length) {
+Spectra spectraOf(std::span<const float* const> pieces, std::size_t length, Spectra into) {
   std::array<const float*, kTogether> from;
   for (std::size_t i = 0; i < from.size(); ++i) from[i] = pieces[std::min(i, pieces.size() - 1)];
-  Signals signals(kTogether, static_cast<Index>(length));
+  Signals& signals = work().signals;
+  signals.resize(kTogether, static_cast<Index>(length));
   for (Index n = 0; n < signals.cols(); ++n)
     signals.col(n) << from[0][n], from[1][n], from[2][n], from[3][n];
   evenLevel(signals);
   signals.rowwise() *= taper(signals.cols()).transpose();
-  return forward(signals);
+  return forward(signals, std::move(into));
 }
 
-// The cross spectra, their magnitudes brought nearer to each other.
-Spectra whitenedProduct(const Spectra& x, const Spectra& y) {
+// Turns x into the cross spectra of x and y, the magnitudes brought nearer to each other.
+void multiplyWhitened(Spectra& x, const Spectra& y) {
   const Index bins = x.re.cols();
   const double hertzPerBin = kSampleRate / 2.0 / double(bins - 1);
   const auto low = static_cast<Index>(kLowEdge / hertzPerBin);
   const auto high = static_cast<Index>(kHighEdge / hertzPerBin);
-  Spectra cross{x.re * y.re + x.im * y.im, x.im * y.re - x.re * y.im};
-  Signals weight =
-      ((cross.re.square() + cross.im.square() + 1e-20f).log() * (-kWhitening / 2)).exp();
-  weight.leftCols(low) = 0;
-  weight.rightCols(bins - high) = 0;
-  cross.re *= weight;
-  cross.im *= weight;
-  return cross;
+  for (Index k = low; k < high; ++k) {
+    const Eigen::Array4f re = x.re.col(k) * y.re.col(k) + x.im.col(k) * y.im.col(k);
+    const Eigen::Array4f im = x.im.col(k) * y.re.col(k) - x.re.col(k) * y.im.col(k);
+    const Eigen::Array4f root = (re.square() + im.square() + 1e-20f).sqrt().sqrt();
+    const Eigen::Array4f weight = (root * root.sqrt()).inverse();  // magnitude^-kWhitening
+    x.re.col(k) = re * weight;
+    x.im.col(k) = im * weight;
+  }
+  for (Signals* part : {&x.re, &x.im}) {
+    part->leftCols(low) = 0;
+    part->rightCols(bins - high) = 0;
+  }
 }
 
 // The lags of `count` of the four functions, each over its own noise.
@@ -106,8 +122,12 @@ std::vector<std::vector<float>> correlate(std::span<const Pieces> pieces, int ma
     std::vector<const float*> a, b;
     for (const Pieces& pair : four) a.push_back(pair.a.data()), b.push_back(pair.b.data());
     const std::size_t length = four[0].a.size();
-    addLags(inverse(whitenedProduct(spectraOf(a, length), spectraOf(b, length))), four.size(),
-            maxLag, lags);
+    Work& own = work();
+    own.x = spectraOf(a, length, std::move(own.x));
+    own.y = spectraOf(b, length, std::move(own.y));
+    multiplyWhitened(own.x, own.y);
+    own.signals = inverse(own.x, std::move(own.signals));
+    addLags(own.signals, four.size(), maxLag, lags);
   }
   return lags;
 }
@@ -119,8 +139,11 @@ std::vector<std::vector<float>> correlateWithSelf(std::span<const std::vector<fl
     const auto four = pieces.subspan(at, std::min(kTogether, pieces.size() - at));
     std::vector<const float*> samples;
     for (const auto& piece : four) samples.push_back(piece.data());
-    const Spectra spectra = spectraOf(samples, four[0].size());
-    addLags(inverse(whitenedProduct(spectra, spectra)), four.size(), maxLag, lags);
+    Work& own = work();
+    own.x = spectraOf(samples, four[0].size(), std::move(own.x));
+    multiplyWhitened(own.x, own.x);
+    own.signals = inverse(own.x, std::move(own.signals));
+    addLags(own.signals, four.size(), maxLag, lags);
   }
   return lags;
 }

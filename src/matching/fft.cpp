@@ -18,10 +18,11 @@ using Index = Eigen::Index;
 
 /// What transforms of `count` real values need; every thread keeps its own.
 struct Plan {
-  std::vector<Complex> in, out;            // even values real, odd ones imaginary
+  std::vector<Complex> in, out;            // even values real, odd ones imaginary; out has room for
+                                           // one more, as spectra go round
   std::vector<std::complex<float>> turns;  // by -k / count of a circle
 
-  explicit Plan(Index count) : in(std::size_t(count / 2)), out(in.size()) {
+  explicit Plan(Index count) : in(std::size_t(count / 2)), out(in.size() + 1) {
     for (Index k = 0; k <= count / 2; ++k) {
       const double angle = -2 * std::numbers::pi * double(k) / double(count);
       turns.emplace_back(float(std::cos(angle)), float(std::sin(angle)));
@@ -50,27 +51,29 @@ Complex halved(const Complex& z) { return {z.real() * Lanes(0.5f), z.imag() * La
 
 // A real signal is transformed as half as many complex numbers: the spectra of its even and odd
 // values are taken apart, and the odd ones' turned by their delay of one sample.
-Spectra forward(const Signals& signals) {
+Spectra forward(const Signals& signals, Spectra into) {
   const Index half = signals.cols() / 2;
   Plan& plan = planFor(signals.cols());
   for (Index n = 0; n < half; ++n)
     plan.in[std::size_t(n)] = {Lanes::load(signals.col(2 * n).data()),
                                Lanes::load(signals.col(2 * n + 1).data())};
   transform(plan);
-  Spectra spectra{Signals(4, half + 1), Signals(4, half + 1)};
+  plan.out.back() = plan.out.front();
+  into.re.resize(4, half + 1);
+  into.im.resize(4, half + 1);
   for (Index k = 0; k <= half; ++k) {
-    const Complex low = plan.out[std::size_t(k % half)];
-    const Complex high = std::conj(plan.out[std::size_t((half - k) % half)]);
+    const Complex low = plan.out[std::size_t(k)];
+    const Complex high = std::conj(plan.out[std::size_t(half - k)]);
     const Complex odd = turned(halved(low - high), plan.turns[std::size_t(k)]);
     const Complex bin = halved(low + high) + Complex(odd.imag(), -odd.real());
-    bin.real().store(spectra.re.col(k).data());
-    bin.imag().store(spectra.im.col(k).data());
+    bin.real().store(into.re.col(k).data());
+    bin.imag().store(into.im.col(k).data());
   }
-  return spectra;
+  return into;
 }
 
 // The same way back; conjugated in and out, the forward transform is its own inverse.
-Signals inverse(const Spectra& spectra) {
+Signals inverse(const Spectra& spectra, Signals into) {
   const Index half = spectra.re.cols() - 1;
   Plan& plan = planFor(2 * half);
   const auto bin = [&](Index k) {
@@ -82,14 +85,14 @@ Signals inverse(const Spectra& spectra) {
     plan.in[std::size_t(k)] = std::conj(low + high + Complex(-odd.imag(), odd.real()));
   }
   transform(plan);
-  Signals signals(4, 2 * half);
+  into.resize(4, 2 * half);
   const Lanes scale(0.5f / static_cast<float>(half));
   for (Index n = 0; n < half; ++n) {
     const Complex& pair = plan.out[std::size_t(n)];
-    (pair.real() * scale).store(signals.col(2 * n).data());
-    (-pair.imag() * scale).store(signals.col(2 * n + 1).data());
+    (pair.real() * scale).store(into.col(2 * n).data());
+    (-pair.imag() * scale).store(into.col(2 * n + 1).data());
   }
-  return signals;
+  return into;
 }
 
 }  // namespace matching

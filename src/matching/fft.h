@@ -12,10 +12,11 @@ struct Spectra {
   Eigen::Array4Xf re, im;
 };
 
-/// Transforms four real signals of an even length. Callable from any thread.
-Spectra forward(const Signals& signals);
+/// Transforms four real signals of an even length. Callable from any thread. The result takes over
+/// the memory of `into`, so that a caller who transforms often need not ask the system for more.
+Spectra forward(const Signals& signals, Spectra into = {});
 
 /// The inverse, scaled so that inverse(forward(x)) is x.
-Signals inverse(const Spectra& spectra);
+Signals inverse(const Spectra& spectra, Signals into = {});
 
 }  // namespace matching
