@@ -76,59 +76,55 @@ std::vector<float> Listening::piece(int file, double middle) const {
   return (*sound_)(file, centre - length_ / 2, length_);
 }
 
-void Listening::listenTo(std::size_t windows) {
+// The best line through so many windows.
+const DelayLine& Listening::listenTo(std::size_t windows) {
   const std::size_t known = correlations_.size(), count = std::min(windows, middles_.size());
+  if (count <= known) return line_;
   std::vector<Pieces> pieces;
   for (std::size_t i = known; i < count; ++i)
     pieces.push_back({piece(pair_.first, middles_[i]), piece(pair_.second, middles_[i] - offset_)});
   auto lags = correlate(pieces, maxLag_);
   for (std::size_t i = known; i < count; ++i)
     correlations_.push_back({middles_[i] - middle(), std::move(lags[i - known])});
+  return line_ = bestLine(correlations_);
 }
 
-Alignment Listening::summary(const DelayLine& line, const DirectSound& direct) const {
+Alignment Listening::summary(const DirectSound& direct) const {
   Alignment a{.first = pair_.first, .second = pair_.second};
   a.overlapSeconds = overlap();
-  a.offsetSeconds = offset_ + (line.delaySamples + direct.shiftSamples) / kSampleRate;
-  a.driftPpm = -line.slope / kSampleRate * 1e6;
-  a.driftError = line.slopeError / kSampleRate * 1e6;
-  a.errorSeconds = std::hypot(line.errorSamples, direct.doubtSamples) / kSampleRate;
-  summarise(a, line, correlations_);
+  a.offsetSeconds = offset_ + (line_.delaySamples + direct.shiftSamples) / kSampleRate;
+  a.driftPpm = -line_.slope / kSampleRate * 1e6;
+  a.driftError = line_.slopeError / kSampleRate * 1e6;
+  a.errorSeconds = std::hypot(line_.errorSamples, direct.doubtSamples) / kSampleRate;
+  summarise(a, line_, correlations_);
   return a;
 }
 
 Alignment Listening::glance() {
-  listenTo(kFew);
-  const DelayLine line = bestLine(correlations_);
-  if (middles_.size() <= kFew || line.evidence < kGlimmer || plain(line)) return summary(line, {});
-  listenTo(kSome);
-  return summary(bestLine(correlations_), {});
+  const DelayLine& line = listenTo(kFew);
+  if (line.evidence >= kGlimmer && !plain(line)) listenTo(kSome);
+  return summary();
 }
 
 Alignment Listening::exact() {
-  listenTo(kFew);
-  DelayLine line = bestLine(correlations_);
-  if (overlap() > kLongOverlap || !plain(line)) {
-    listenTo(overlap() > kLongOverlap ? kMany : kSome);
-    line = bestLine(correlations_);
-  }
+  if (overlap() > kLongOverlap)
+    listenTo(kMany);
+  else if (!plain(listenTo(kFew)))
+    listenTo(kSome);
   for (const std::size_t more : {kMany, kMost})
-    if (middles_.size() > correlations_.size() && worthMore(summary(line, {}))) {
-      listenTo(more);
-      line = bestLine(correlations_);
-    }
-  const Alignment heard = summary(line, {});
-  return believed(heard) ? summary(line, findDirect(line)) : heard;
+    if (middles_.size() > correlations_.size() && worthMore(summary())) listenTo(more);
+  const Alignment heard = summary();
+  return believed(heard) ? summary(findDirect()) : heard;
 }
 
 Alignment Listening::thorough() {
   listenTo(kMany);
-  return summary(bestLine(correlations_), {});
+  return summary();
 }
 
 // Only pairs with echoes nearly as loud as the direct sound need the look at their own echoes.
-DirectSound Listening::findDirect(const DelayLine& line) const {
-  const auto peaks = responsePeaks(correlations_, line);
+DirectSound Listening::findDirect() const {
+  const auto peaks = responsePeaks(correlations_, line_);
   if (peaks.size() < 2) return {};
   const std::size_t count = std::min(kSome, middles_.size());
   std::vector<std::vector<float>> first, second;

@@ -35,10 +35,10 @@ class Listening {
   double overlap() const { return to_ - from_; }
   double middle() const { return (from_ + to_) / 2; }
   void chooseWindows();
-  void listenTo(std::size_t windows);
+  const DelayLine& listenTo(std::size_t windows);
   std::vector<float> piece(int file, double middle) const;
-  DirectSound findDirect(const DelayLine& line) const;
-  Alignment summary(const DelayLine& line, const DirectSound& direct) const;
+  DirectSound findDirect() const;
+  Alignment summary(const DirectSound& direct = {}) const;
 
   Pair pair_;
   double offset_, from_, to_;  // seconds; the overlap on first's clock
@@ -46,6 +46,7 @@ class Listening {
   int length_ = 0, maxLag_ = 0;                  // samples of a window; reach of its correlation
   std::vector<double> middles_;                  // of the windows, in the order of listening
   std::vector<WindowCorrelation> correlations_;  // of the first of them
+  DelayLine line_;                               // the best through those
 };
 
 }  // namespace matching

@@ -35,9 +35,11 @@ std::array<Spectra, kTextureBands / 4> spectraOf(const Texture& texture, Eigen::
 // Sum over bands of the products, for every lag of b's start from -(frames of b) on.
 std::vector<float> correlationOverLags(const Texture& a, const Texture& b) {
   const Eigen::Index framesB = b.cols();
-  const Eigen::Index size = powerOfTwo(2 * framesB), step = size - framesB;
+  const Eigen::Index whole = a.cols() + framesB;
+  const Eigen::Index size = powerOfTwo(std::min(2 * framesB, whole));
+  const Eigen::Index step = whole <= size ? size : size - framesB;  // what goes round is silence
   const auto shorter = spectraOf(b, 0, framesB, size);
-  std::vector<float> result(static_cast<std::size_t>(a.cols() + framesB), 0.0f);
+  std::vector<float> result(static_cast<std::size_t>(whole), 0.0f);
   for (Eigen::Index at = 0; at < std::ssize(result); at += step) {
     const auto block = spectraOf(a, at - framesB, size, size);
     Spectra sum{Signals::Zero(4, size / 2 + 1), Signals::Zero(4, size / 2 + 1)};
