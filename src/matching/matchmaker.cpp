@@ -14,6 +14,8 @@ constexpr std::size_t kBatch = 32;  // pairs examined at once; fixed, so that th
 constexpr double kSuspicious = 4;   // significance of a vote's peak from which it is listened to
 constexpr std::size_t kPatience = 64;  // pairs in a row examined in vain, after which hope ends ...
 constexpr std::size_t kMorePatience = 4;  // ... or so many times fewer than there are recordings
+constexpr std::size_t kSearched =
+    256;  // pairs whose textures are searched before any is listened to
 constexpr std::size_t kSmallSet = 12;  // recordings; in smaller sets every pair is worth its time
 constexpr int kEnough = 2;             // sure matches of a recording, after which more add little
 constexpr double kSureIfUnique = 10;   // strength enough where the sound fits at one offset only
@@ -122,12 +124,14 @@ void Matchmaker::keepBetter(Match match) {
 
 void Matchmaker::search(std::span<const Suspicion> suspicions) {
   const auto pairs = searchPlan(recordings_, suspicions, connected_, matchCount_);
-  std::vector<Suspicion> found;
-  for (std::size_t at = 0; at < pairs.size() && !cancelled(); at += kBatch)
-    std::ranges::move(suspectAll(std::span(pairs).subspan(at, std::min(kBatch, pairs.size() - at))),
-                      std::back_inserter(found));
-  std::ranges::stable_sort(found, std::greater{}, &Suspicion::significance);
-  listen(found);
+  const std::size_t atOnce = std::max(kSearched, recordings_.size());
+  for (std::size_t at = 0; at < pairs.size() && !cancelled(); at += atOnce) {
+    const std::size_t before = matches_.size();
+    auto found = suspectAll(std::span(pairs).subspan(at, std::min(atOnce, pairs.size() - at)));
+    std::ranges::stable_sort(found, std::greater{}, &Suspicion::significance);
+    listen(found);
+    if (matches_.size() == before) break;
+  }
 }
 
 std::vector<Suspicion> Matchmaker::suspectAll(std::span<const std::pair<int, int>> pairs) {
@@ -135,7 +139,7 @@ std::vector<Suspicion> Matchmaker::suspectAll(std::span<const std::pair<int, int
   std::vector<Suspicion> suspicions(pairs.size());
 #pragma omp parallel for schedule(dynamic)
   for (std::size_t i = 0; i < pairs.size(); ++i)
-    suspicions[i] = textures_.suspect(pairs[i].first, pairs[i].second);
+    if (!cancelled()) suspicions[i] = textures_.suspect(pairs[i].first, pairs[i].second);
   return suspicions;
 }
 

@@ -4,52 +4,65 @@
 #include <array>
 #include <cmath>
 #include <cstdint>
+#include <utility>
 
 #include "matching/fft.h"
 
 namespace matching {
 namespace {
 
-Eigen::Index powerOfTwo(Eigen::Index least) {
+// The next power of two or three times one, which transform fast.
+Eigen::Index fastSize(Eigen::Index least) {
   Eigen::Index size = 256;
   while (size < least) size *= 2;
-  return size;
+  return size / 4 * 3 >= least ? size / 4 * 3 : size;
 }
 
-// Spectra of four bands each, of `size` frames from frame `first` on, with zeros past the ends.
-std::array<Spectra, kTextureBands / 4> spectraOf(const Texture& texture, Eigen::Index first,
-                                                 Eigen::Index count, Eigen::Index size) {
+constexpr int kFours = kTextureBands / 4;
+
+/// Memory of one correlation of two textures; every thread keeps its own for the next.
+struct Work {
+  Signals padded, lags;
+  std::array<Spectra, kFours> shorter;
+  Spectra block, sum;
+};
+
+// Spectra of the four bands from `band` on: of `size` frames from frame `first` on, of which
+// `count` at most are heard, with zeros past the ends.
+Spectra spectraOf(const Texture& texture, Eigen::Index band, Eigen::Index first, Eigen::Index count,
+                  Eigen::Index size, Signals& padded, Spectra into) {
   const Eigen::Index from = std::max<Eigen::Index>(0, first);
   const Eigen::Index frames = std::min(first + count, texture.cols()) - from;
-  std::array<Spectra, kTextureBands / 4> spectra;
-  for (std::size_t i = 0; i < spectra.size(); ++i) {
-    Signals padded = Signals::Zero(4, size);
-    if (frames > 0)
-      padded.middleCols(from - first, frames) =
-          texture.block(4 * Eigen::Index(i), from, 4, frames).cast<float>();
-    spectra[i] = forward(padded);
-  }
-  return spectra;
+  padded.setZero(4, size);
+  if (frames > 0)
+    padded.middleCols(from - first, frames) = texture.block(band, from, 4, frames).cast<float>();
+  return forward(padded, std::move(into));
 }
 
 // Sum over bands of the products, for every lag of b's start from -(frames of b) on.
 std::vector<float> correlationOverLags(const Texture& a, const Texture& b) {
-  const Eigen::Index framesB = b.cols();
-  const Eigen::Index whole = a.cols() + framesB;
-  const Eigen::Index size = powerOfTwo(std::min(2 * framesB, whole));
+  thread_local Work own;
+  const Eigen::Index framesB = b.cols(), whole = a.cols() + framesB;
+  const Eigen::Index size = fastSize(std::min(2 * framesB, whole));
   const Eigen::Index step = whole <= size ? size : size - framesB;  // what goes round is silence
-  const auto shorter = spectraOf(b, 0, framesB, size);
+  for (std::size_t i = 0; i < kFours; ++i)
+    own.shorter[i] =
+        spectraOf(b, 4 * Eigen::Index(i), 0, framesB, size, own.padded, std::move(own.shorter[i]));
   std::vector<float> result(static_cast<std::size_t>(whole), 0.0f);
-  for (Eigen::Index at = 0; at < std::ssize(result); at += step) {
-    const auto block = spectraOf(a, at - framesB, size, size);
-    Spectra sum{Signals::Zero(4, size / 2 + 1), Signals::Zero(4, size / 2 + 1)};
-    for (std::size_t i = 0; i < block.size(); ++i) {
-      sum.re += block[i].re * shorter[i].re + block[i].im * shorter[i].im;
-      sum.im += block[i].im * shorter[i].re - block[i].re * shorter[i].im;
+  for (Eigen::Index at = 0; at < whole; at += step) {
+    own.sum.re.setZero(4, size / 2 + 1);
+    own.sum.im.setZero(4, size / 2 + 1);
+    for (std::size_t i = 0; i < kFours; ++i) {
+      own.block = spectraOf(a, 4 * Eigen::Index(i), at - framesB, size, size, own.padded,
+                            std::move(own.block));
+      const Spectra &x = own.block, &y = own.shorter[i];
+      own.sum.re += x.re * y.re + x.im * y.im;
+      own.sum.im += x.im * y.re - x.re * y.im;
     }
-    const Eigen::ArrayXf lags = inverse(sum).colwise().sum();
-    const Eigen::Index count = std::min<Eigen::Index>(step, std::ssize(result) - at);
-    std::copy_n(lags.begin(), count, result.begin() + at);
+    own.lags = inverse(own.sum, std::move(own.lags));
+    const Eigen::Index count = std::min(step, whole - at);
+    Eigen::Map<Eigen::RowVectorXf>(result.data() + at, count) =
+        own.lags.leftCols(count).colwise().sum();
   }
   return result;
 }

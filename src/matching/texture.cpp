@@ -4,6 +4,7 @@
 #include <array>
 #include <cmath>
 #include <numbers>
+#include <utility>
 
 #include "matching/correlate.h"
 #include "matching/fft.h"
@@ -37,25 +38,33 @@ const Eigen::RowVectorXf& taper() {
 }
 
 // Four frames from frame `first` on, one in each row; past the end there is silence.
-Signals fourFrames(std::span<const float> samples, Eigen::Index first) {
-  Signals frames = Signals::Zero(4, kWindow);
-  for (Eigen::Index i = 0; i < 4; ++i) {
-    const auto from = std::min(samples.size(), static_cast<std::size_t>((first + i) * kHop));
-    const auto count = std::min<std::size_t>(kWindow, samples.size() - from);
-    frames.row(i).head(Eigen::Index(count)) =
-        Eigen::Map<const Eigen::RowVectorXf>(samples.data() + from, Eigen::Index(count)).array();
+void fillFrames(std::span<const float> samples, Eigen::Index first, Signals& frames) {
+  std::array<const float*, 4> from;
+  std::array<float, 4 * kWindow> padded;
+  for (std::size_t i = 0; i < from.size(); ++i) {
+    const std::size_t start = (std::size_t(first) + i) * kHop;
+    from[i] = samples.data() + start;
+    if (start + kWindow <= samples.size()) continue;
+    float* const copy = padded.data() + i * kWindow;
+    const auto rest = samples.subspan(std::min(samples.size(), start));
+    std::fill(std::ranges::copy(rest, copy).out, copy + kWindow, 0.0f);
+    from[i] = copy;
   }
+  for (Eigen::Index n = 0; n < kWindow; ++n)
+    frames.col(n) << from[0][n], from[1][n], from[2][n], from[3][n];
   frames.rowwise() *= taper().array();
-  return frames;
 }
 
 Levels bandLevels(std::span<const float> samples) {
   static const auto edges = bandEdges();
   const auto frames = static_cast<Eigen::Index>(samples.size()) / kHop;
   Levels levels(kTextureBands, frames);
+  Signals four(4, kWindow), powers;
+  Spectra spectra;
   for (Eigen::Index t = 0; t < frames; t += 4) {
-    const Spectra spectra = forward(fourFrames(samples, t));
-    const Eigen::Array4Xf powers = spectra.re.square() + spectra.im.square();
+    fillFrames(samples, t, four);
+    spectra = forward(four, std::move(spectra));
+    powers = spectra.re.square() + spectra.im.square();
     const Eigen::Index count = std::min<Eigen::Index>(4, frames - t);
     for (std::size_t b = 0; b < kTextureBands; ++b)
       levels.block(Eigen::Index(b), t, 1, count) =
