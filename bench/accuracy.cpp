@@ -17,6 +17,7 @@
 #include "bench/events/sets.h"
 #include "bench/score.h"
 #include "matching/placement.h"
+#include "matching/shortlist.h"
 #include "matching/vote_pairs.h"
 
 namespace {
@@ -105,8 +106,11 @@ Score placed(const Rendered& r, const Voted& voted, bool bySound, bool listing) 
     return piece;
   };
   const double start = processorSeconds();
-  const auto placement = bySound ? matching::placeBySound(r.recordings, voted.votes, reader)
-                                 : matching::placeByVotes(r.recordings, voted.votes);
+  matching::Shortlist shortlist(r.recordings.size());
+  for (const matching::PairVote& vote : voted.votes) shortlist.add(vote);
+  const auto votes = shortlist.take();  // as a run keeps them
+  const auto placement = bySound ? matching::placeBySound(r.recordings, votes, reader)
+                                 : matching::placeByVotes(r.recordings, votes);
   const double seconds = processorSeconds() - start;
   Score score = scoreOf(r.set, placement);
   score.seconds = seconds;

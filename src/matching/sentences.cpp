@@ -7,13 +7,12 @@
 namespace matching {
 namespace {
 
-/// The votes that one recording took part in.
+/// What one recording was compared with, and the vote that speaks most for it.
 struct Attempt {
   int compared = 0;
   const PairVote* closest = nullptr;
 
   void add(const PairVote& vote) {
-    ++compared;
     if (supportOf(vote) > (closest ? supportOf(*closest) : 0)) closest = &vote;
   }
 };
@@ -71,6 +70,9 @@ std::string repetition(const Match& match, std::span<const Recording> recordings
 std::vector<std::string> attempts(std::span<const Recording> recordings,
                                   std::span<const PairVote> votes) {
   std::vector<Attempt> made(recordings.size());
+  for (int a = 0; a < std::ssize(recordings); ++a)
+    for (int b = 0; b < std::ssize(recordings); ++b)
+      made[a].compared += comparable(recordings, a, b);
   for (const PairVote& vote : votes) {
     made[vote.first].add(vote);
     made[vote.second].add(vote);

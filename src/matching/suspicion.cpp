@@ -17,20 +17,28 @@ void addOffset(std::vector<double>& offsets, double offset) {
     offsets.push_back(offset);
 }
 
+bool accepted(const PairVote& vote) { return vote.accepted != Acceptance::none && vote.stats; }
+
+double highestPeak(const PairVote& vote) {
+  double highest = 0;
+  for (const DeltaPeak& peak : vote.peaks) highest = std::max(highest, peak.significance);
+  return highest;
+}
+
 Suspicion suspicionOf(const PairVote& vote) {
-  Suspicion s{vote.first, vote.second, {}, 0};
-  const bool accepted = vote.accepted != Acceptance::none && vote.stats;
-  if (accepted) addOffset(s.offsets, vote.stats->bestOffset);
+  Suspicion s{vote.first, vote.second, {}, significanceOf(vote)};
+  if (accepted(vote)) addOffset(s.offsets, vote.stats->bestOffset);
   for (const DeltaPeak& peak : vote.peaks)
-    s.significance = std::max(s.significance, peak.significance);
-  for (const DeltaPeak& peak : vote.peaks)
-    if (peak.significance >= kFaint * s.significance) addOffset(s.offsets, peak.offsetSeconds);
+    if (peak.significance >= kFaint * highestPeak(vote)) addOffset(s.offsets, peak.offsetSeconds);
   if (vote.stats) addOffset(s.offsets, vote.stats->bestOffset);
-  if (accepted) s.significance = std::max(s.significance, double(vote.stats->sections));
   return s;
 }
 
 }  // namespace
+
+double significanceOf(const PairVote& vote) {
+  return std::max(highestPeak(vote), accepted(vote) ? double(vote.stats->sections) : 0.0);
+}
 
 std::vector<Suspicion> suspicionsOf(std::span<const PairVote> votes) {
   std::vector<Suspicion> all;

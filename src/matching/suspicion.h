@@ -14,6 +14,10 @@ struct Suspicion {
   double significance = 0;      // of the likeliest
 };
 
+/// How far the likeliest offset of a pair stands out from chance: the significance of its highest
+/// peak, or its supporting sections where the vote accepted it.
+double significanceOf(const PairVote& vote);
+
 /// The pairs whose votes suggest something, most significant first. A vote's own choice comes
 /// before its other peaks only where it was accepted.
 std::vector<Suspicion> suspicionsOf(std::span<const PairVote> votes);

@@ -4,6 +4,7 @@
 
 #include "matching/compare.h"
 #include "matching/evaluate.h"
+#include "matching/shortlist.h"
 #include "matching/vote_pairs.h"
 #include "report/diagnostics.h"
 #include "report/read2sync.h"
@@ -99,6 +100,7 @@ Comparison compareAll(const Material& material, int mode, const Services& servic
   for (const Entry& entry : entries) names.push_back(entry.converted);
   const std::vector<FilePair> pairs = allPairs(material);
   Comparison comparison;
+  matching::Shortlist shortlist(entries.size());
   PairLog log;
   int done = 0;
   const auto take = [&](PairVote vote) {
@@ -111,12 +113,12 @@ Comparison compareAll(const Material& material, int mode, const Services& servic
       const auto row = matching::syncRow(vote);
       comparison.table.insert(comparison.table.end(), row.begin(), row.end());
     }
-    if ((vote.stats || !vote.peaks.empty()) && !shareDevice(entries, vote))
-      comparison.votes.push_back(std::move(vote));
+    if (!shareDevice(entries, vote)) shortlist.add(std::move(vote));
   };
   services.progress.moveprogressignal(1);
   matching::votePairs(material.fingerprints, material.durations, pairs, mode, take,
                       [&] { return services.cancelled.load(); });
+  comparison.votes = shortlist.take();
   return comparison;
 }
 

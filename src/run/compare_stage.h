@@ -11,7 +11,7 @@ namespace run {
 /// What comparing all pairs of files gave.
 struct Comparison {
   std::vector<float> table;               // the sync table: accepted pairs, six numbers each
-  std::vector<matching::PairVote> votes;  // for the placement: pairs that have anything in common
+  std::vector<matching::PairVote> votes;  // for the placement: those that say most
 };
 
 /// Compares every pair of files and votes on it; tells tempresults.txt of each.

@@ -51,7 +51,7 @@ TEST(PlaceByVotes, GroupsStartAtZeroAndTheLargestComesFirst) {
   ASSERT_EQ(placement.alone.size(), 1u) << "what has no sound is not mentioned";
   EXPECT_EQ(placement.alone[0].file, 5);
   EXPECT_EQ(placement.alone[0].tried,
-            "Compared with 1 recording: a comes closest; 30 of 32 sections agree on one offset, "
+            "Compared with 5 recordings: a comes closest; 30 of 32 sections agree on one offset, "
             "too few to be sure.");
   EXPECT_TRUE(placement.doubts.empty());
 }
