@@ -2,8 +2,10 @@
 
 #include <algorithm>
 #include <functional>
+#include <iterator>
 #include <utility>
 
+#include "matching/ambiguous.h"
 #include "matching/growing_groups.h"
 #include "matching/repeats.h"
 #include "matching/sentences.h"
@@ -79,6 +81,7 @@ Grouping formGroups(Recordings recordings, std::vector<Match> matches) {
   grouping.groupOf.resize(recordings.size(), -1);
   std::vector<Match> open;
   dropMereRepeats(matches);
+  std::vector<Match> ambiguous = takeAmbiguous(matches, recordings);
   for (auto& [match, thirds, weight] : ranked(recordings, std::move(matches))) {
     const bool together = groups.together(match.best);
     const bool joins = !together && ((confirmed(thirds) && groups.possible(match.best)) ||
@@ -90,6 +93,7 @@ Grouping formGroups(Recordings recordings, std::vector<Match> matches) {
       open.push_back(std::move(match));
   }
   joinByConsensus(open, grouping.kept, groups);
+  std::ranges::move(ambiguous, std::back_inserter(open));
   for (Match& match : open) {
     if (groups.together(match.best) && agreesSomehow(groups, match)) {
       grouping.kept.push_back(std::move(match));

@@ -8,9 +8,6 @@
 namespace matching {
 namespace {
 
-constexpr double kClearly = 0.55;  // the next best weighs less than this share of the best
-constexpr double kPartOfIt = 0.6;  // of the strength that a recording's sound has with others
-
 /// Matches between the same two groups, and how these may lie.
 struct Bridge {
   std::vector<Match*> matches;

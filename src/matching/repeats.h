@@ -8,6 +8,13 @@
 
 namespace matching {
 
+/// An offset stands out if the next best weighs less than this share of it.
+inline constexpr double kClearly = 0.55;
+
+/// Strength, as a share of what a recording's sound reaches with others, below which only music is
+/// the same and not what was said over it.
+inline constexpr double kPartOfIt = 0.6;
+
 /// Takes out the matches at which only something repeated fits: those that fit at other offsets
 /// too, and much worse than both their recordings fit others.
 void dropMereRepeats(std::vector<Match>& matches);

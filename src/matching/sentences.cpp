@@ -58,12 +58,16 @@ std::string deviceConflict(const Alignment& match, std::span<const Recording> re
 
 std::string repetition(const Match& match, std::span<const Recording> recordings) {
   constexpr std::size_t kShown = 3;
-  std::string offsets = inSeconds(match.best.offsetSeconds);
+  const std::string heard = recordings[match.best.first].name + " and " +
+                            recordings[match.best.second].name + " hear something that repeats: ";
+  std::string offsets = "they fit " + inSeconds(match.best.offsetSeconds);
+  if (match.rivals.empty())
+    return heard + offsets +
+           " apart, but a repetition would look the same, so this match was left out.";
   for (std::size_t i = 0; i < std::min(kShown, match.rivals.size()); ++i)
     offsets += ", " + inSeconds(match.rivals[i].offsetSeconds);
   if (match.rivals.size() > kShown) offsets += " and more";
-  return recordings[match.best.first].name + " and " + recordings[match.best.second].name +
-         " hear something that repeats: they fit " + offsets +
+  return heard + offsets +
          " apart alike. Nothing else tells which is right, so this match was left out.";
 }
 

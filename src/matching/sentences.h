@@ -25,7 +25,7 @@ std::string contradiction(const Link& link, double knownOffset,
 /// Says that the match, right as it may be, would lay recordings of one device over each other.
 std::string deviceConflict(const Alignment& match, std::span<const Recording> recordings);
 
-/// Says that the two fit at several offsets alike.
+/// Says that the two fit at several offsets alike, or at one that may be a repetition.
 std::string repetition(const Match& match, std::span<const Recording> recordings);
 
 /// For every recording what its votes came to, for those that end up alone.

@@ -38,7 +38,6 @@ TEST(FormGroups, NeverLaysADevicesFilesOverEachOther) {
   EXPECT_EQ(grouping.doubts.size(), 1u);
 }
 
-// Two events, three recordings each; no votes, so that everything is found in the sound.
 TEST(FormGroups, LeavesAloneWhatFitsAtSeveralOffsetsAlike) {
   const auto recordings = fourMinutesEach({-1, -1, -1});
   const Grouping grouping =
@@ -68,6 +67,23 @@ TEST(FormGroups, WhatFitsMuchWorseElsewhereTooIsOnlyARepetition) {
       formGroups(recordings, {match(0, 1, 10, 40), match(2, 3, 7, 40), match(1, 2, 20, 15, {26})});
   EXPECT_EQ(grouping.members, (std::vector<std::vector<int>>{{0, 1}, {2, 3}}));
   EXPECT_TRUE(grouping.doubts.empty());
+}
+
+// Recording 0 is long and hears one loop every 10 s; 1 and 2 are clips of 12 s that hear it too.
+// What fits both clips at one offset only would fit 10 s away as well, where they hardly overlap.
+TEST(FormGroups, ARepetitionThatCouldNotBeSeenDecidesNothing) {
+  std::vector<Recording> recordings = fourMinutesEach({-1, -1, -1, -1});
+  recordings[1].samples = recordings[2].samples = 12 * kSampleRate;
+  const Match clips = match(1, 2, 3, 9), heard = match(0, 1, 40, 12, {50}),
+              placed = match(0, 2, 73, 20), beside = match(0, 3, 5, 30);
+  const Grouping grouping = formGroups(recordings, {clips, heard, placed, beside});
+  EXPECT_EQ(grouping.members, (std::vector<std::vector<int>>{{0, 2, 3}}));
+  ASSERT_EQ(grouping.doubts.size(), 2u);
+  EXPECT_NE(grouping.doubts[1].find("a repetition would look the same"), std::string::npos);
+
+  Match loud = clips;
+  loud.best.strength = 15;
+  EXPECT_EQ(formGroups(recordings, {loud, heard, placed, beside}).members[0].size(), 4u);
 }
 
 }  // namespace

@@ -1,0 +1,72 @@
+#include "matching/ambiguous.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <functional>
+#include <iterator>
+#include <map>
+
+#include "matching/growing_groups.h"
+#include "matching/repeats.h"
+
+namespace matching {
+namespace {
+
+constexpr double kFaint = 11;  // strength; a louder fit at one offset only is right nearly always
+constexpr double kEnoughToSee = 4;  // seconds of overlap in which a repetition would have been seen
+
+/// That a recording hears the same again so much later, and how strongly.
+struct Repetition {
+  double seconds, strength;
+};
+
+// What the recordings' matches with others say, by file.
+std::map<int, std::vector<Repetition>> repetitionsOf(std::span<const Match> matches) {
+  std::map<int, std::vector<Repetition>> repetitions;
+  for (const Match& m : matches)
+    for (const Alignment& rival : m.rivals) {
+      const double seconds = std::abs(rival.offsetSeconds - m.best.offsetSeconds);
+      if (seconds < kSameOffset || weightOf(rival) < kClearly * weightOf(m.best)) continue;
+      for (const int file : {m.best.first, m.best.second})
+        repetitions[file].push_back({seconds, rival.strength});
+    }
+  return repetitions;
+}
+
+double overlapAt(double offset, const Recording& first, const Recording& second) {
+  return std::min(secondsOf(first), offset + secondsOf(second)) - std::max(0.0, offset);
+}
+
+// Whether the match, were it such a repetition itself, would look as it does.
+bool mayBe(const Repetition& repetition, const Alignment& a,
+           std::span<const Recording> recordings) {
+  if (a.strength > kFaint || kPartOfIt * a.strength > repetition.strength) return false;
+  return std::ranges::any_of(std::array{-1, 1}, [&](int sign) {
+    return overlapAt(a.offsetSeconds + sign * repetition.seconds, recordings[std::size_t(a.first)],
+                     recordings[std::size_t(a.second)]) < kEnoughToSee;
+  });
+}
+
+}  // namespace
+
+std::vector<Match> takeAmbiguous(std::vector<Match>& matches,
+                                 std::span<const Recording> recordings) {
+  const auto repetitions = repetitionsOf(matches);
+  const auto ambiguous = [&](const Match& m) {
+    return std::ranges::any_of(std::array{m.best.first, m.best.second}, [&](int file) {
+      const auto known = repetitions.find(file);
+      return known != repetitions.end() &&
+             std::ranges::any_of(known->second, [&](const Repetition& repetition) {
+               return mayBe(repetition, m.best, recordings);
+             });
+    });
+  };
+  const auto rest = std::ranges::stable_partition(matches, std::not_fn(ambiguous));
+  std::vector<Match> taken(std::make_move_iterator(rest.begin()),
+                           std::make_move_iterator(rest.end()));
+  matches.erase(rest.begin(), rest.end());
+  return taken;
+}
+
+}  // namespace matching
