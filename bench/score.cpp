@@ -40,7 +40,7 @@ Truth truthOf(const Take& a, const Take& b) {
 }
 
 void Score::add(const Score& other) {
-  wanted += other.wanted, found += other.found, wrong += other.wrong;
+  wanted += other.wanted, found += other.found, misplaced += other.misplaced;
   strangers += other.strangers, seconds += other.seconds;
   errors.insert(errors.end(), other.errors.begin(), other.errors.end());
   driftErrors.insert(driftErrors.end(), other.driftErrors.begin(), other.driftErrors.end());
@@ -50,31 +50,63 @@ void Score::add(const Score& other) {
   }
 }
 
+namespace {
+
+// How far off two recordings stand, in seconds; none where they are not together. Strangers are as
+// far off as can be.
+std::optional<double> errorBetween(const Set& set, const std::vector<Standing>& all, std::size_t i,
+                                   std::size_t j) {
+  if (all[i].group < 0 || all[i].group != all[j].group) return std::nullopt;
+  if (set.takes[i].event != set.takes[j].event) return 1e9;
+  return all[j].offset - all[i].offset - truthOf(set.takes[i], set.takes[j]).offset;
+}
+
+/// How one recording stands against all others, those of its own device included.
+struct Company {
+  int right = 0, wrong = 0;
+  int missed = 0;        // overlap by 5 s or more, but are not in its group
+  double nearest = 1e9;  // seconds; the smallest error
+};
+
+Company companyOf(const Set& set, const std::vector<Standing>& all, std::size_t i) {
+  Company company;
+  for (std::size_t j = 0; j < all.size(); ++j) {
+    if (i == j) continue;
+    if (const auto error = errorBetween(set, all, i, j)) {
+      ++(std::abs(*error) < kRight ? company.right : company.wrong);
+      if (std::abs(*error) < std::abs(company.nearest)) company.nearest = *error;
+    } else if (set.takes[i].device != set.takes[j].device) {
+      company.missed += truthOf(set.takes[i], set.takes[j]).overlap >= 5;
+    }
+  }
+  return company;
+}
+
+}  // namespace
+
 Score scoreOf(const Set& set, const matching::Placement& placement) {
   Score score;
   const auto all = standings(placement, set.takes.size());
   for (std::size_t i = 0; i < all.size(); ++i) {
-    int right = 0, wrong = 0;
-    for (std::size_t j = 0; j < all.size(); ++j) {
+    for (std::size_t j = i + 1; j < all.size(); ++j) {
       const Take &a = set.takes[i], &b = set.takes[j];
-      if (i == j || a.device == b.device) continue;
+      if (a.device == b.device) continue;
       const Truth truth = truthOf(a, b);
-      const bool together = all[i].group >= 0 && all[i].group == all[j].group;
-      const double error = all[j].offset - all[i].offset - truth.offset;
-      const bool good = together && a.event == b.event && std::abs(error) < kRight;
-      if (together) ++(good ? right : wrong);
-      if (i > j) continue;
+      const auto error = errorBetween(set, all, i, j);
+      const bool good = error && std::abs(*error) < kRight;
       if (truth.overlap >= 5) ++score.wanted, score.found += good;
-      if (together && a.event != b.event) ++score.strangers;
-      if (together && a.event == b.event && !good && truth.overlap >= 0) ++score.wrong;
-      if (good && truth.overlap >= 5) score.errors.push_back(std::abs(error));
+      if (error && a.event != b.event) ++score.strangers;
+      if (good && truth.overlap >= 5) score.errors.push_back(std::abs(*error));
       if (good && truth.overlap >= 600 && all[i].drift && all[j].drift)
         score.driftErrors.push_back(std::abs(*all[j].drift - *all[i].drift - b.microphone.driftPpm +
                                              a.microphone.driftPpm));
     }
     if (all[i].group < 0) continue;
+    const Company company = companyOf(set, all, i);
+    const bool right = company.right >= company.wrong;
+    score.misplaced += !right;
     auto& bin = score.calibration[std::min(9, int(all[i].confidence * 10))];
-    bin.first += right >= wrong;
+    bin.first += right;
     ++bin.second;
   }
   return score;
@@ -83,34 +115,23 @@ Score scoreOf(const Set& set, const matching::Placement& placement) {
 void list(const Set& set, const matching::Placement& placement) {
   const auto all = standings(placement, set.takes.size());
   for (std::size_t i = 0; i < all.size(); ++i) {
-    int right = 0, wrong = 0, missed = 0;
-    double nearest = 1e9;
-    for (std::size_t j = 0; j < all.size(); ++j) {
-      const Take &a = set.takes[i], &b = set.takes[j];
-      if (i == j || a.device == b.device) continue;
-      const Truth truth = truthOf(a, b);
-      if (all[i].group < 0 || all[i].group != all[j].group) {
-        missed += truth.overlap >= 5;
-        continue;
-      }
-      const double error = all[j].offset - all[i].offset - truth.offset;
-      ++(a.event == b.event && std::abs(error) < kRight ? right : wrong);
-      if (std::abs(error) < std::abs(nearest)) nearest = error;
-    }
-    if (wrong == 0 && (missed == 0 || right > 0)) continue;
+    const Company company = companyOf(set, all, i);
+    if (company.wrong == 0 && (company.missed == 0 || company.right > 0)) continue;
     const Take& take = set.takes[i];
     std::printf("    %-22s %5.1f s at %.0f dB%s%s: right %d wrong %d missed %d", take.name.c_str(),
                 take.lengthSeconds, take.microphone.snrDb, take.microphone.babble ? " babble" : "",
-                take.microphone.wind ? " wind" : "", right, wrong, missed);
-    if (wrong) std::printf(", off by %.2f s, confidence %.2f", nearest, all[i].confidence);
+                take.microphone.wind ? " wind" : "", company.right, company.wrong, company.missed);
+    if (company.wrong)
+      std::printf(", off by %.2f s, confidence %.2f", company.nearest, all[i].confidence);
     std::printf("\n");
   }
 }
 
 void print(const std::string& name, const Score& s) {
   std::printf(
-      "  %-28s %4d of %4d pairs  wrong %d  strangers %d  error median %.2f 95%% %.2f max %.2f ms",
-      name.c_str(), s.found, s.wanted, s.wrong, s.strangers, 1e3 * quantile(s.errors, 0.5),
+      "  %-28s %4d of %4d pairs  misplaced %d  strangers %d  error median %.2f 95%% %.2f max %.2f "
+      "ms",
+      name.c_str(), s.found, s.wanted, s.misplaced, s.strangers, 1e3 * quantile(s.errors, 0.5),
       1e3 * quantile(s.errors, 0.95), 1e3 * quantile(s.errors, 1));
   if (!s.driftErrors.empty()) std::printf("  drift within %.2f ppm", quantile(s.driftErrors, 1));
   std::printf("  %.2f s\n", s.seconds);

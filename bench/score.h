@@ -22,7 +22,8 @@ Truth truthOf(const Take& a, const Take& b);
 /// What one way of placing came to, summed over sets.
 struct Score {
   int wanted = 0, found = 0;        // pairs that overlap by 5 s or more, and those put together
-  int wrong = 0, strangers = 0;     // pairs together at a wrong offset, or of two events
+  int misplaced = 0;                // recordings that stand wrong against most of their group
+  int strangers = 0;                // pairs together that are of two events
   std::vector<double> errors;       // seconds, in the middle of the overlap
   std::vector<double> driftErrors;  // parts in a million, where ten minutes or more overlap
   std::map<int, std::pair<int, int>> calibration;  // tenth of confidence -> right, all
