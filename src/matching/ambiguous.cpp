@@ -13,7 +13,6 @@
 namespace matching {
 namespace {
 
-constexpr double kFaint = 11;  // strength; a louder fit at one offset only is right nearly always
 constexpr double kEnoughToSee = 4;  // seconds of overlap in which a repetition would have been seen
 
 /// That a recording hears the same again so much later, and how strongly.
@@ -41,7 +40,7 @@ double overlapAt(double offset, const Recording& first, const Recording& second)
 // Whether the match, were it such a repetition itself, would look as it does.
 bool mayBe(const Repetition& repetition, const Alignment& a,
            std::span<const Recording> recordings) {
-  if (a.strength > kFaint || kPartOfIt * a.strength > repetition.strength) return false;
+  if (a.strength > kPastRepetition || kPartOfIt * a.strength > repetition.strength) return false;
   return std::ranges::any_of(std::array{-1, 1}, [&](int sign) {
     return overlapAt(a.offsetSeconds + sign * repetition.seconds, recordings[std::size_t(a.first)],
                      recordings[std::size_t(a.second)]) < kEnoughToSee;

@@ -82,7 +82,7 @@ TEST(FormGroups, ARepetitionThatCouldNotBeSeenDecidesNothing) {
   EXPECT_NE(grouping.doubts[1].find("a repetition would look the same"), std::string::npos);
 
   Match loud = clips;
-  loud.best.strength = 15;
+  loud.best.strength = 20;
   EXPECT_EQ(formGroups(recordings, {loud, heard, placed, beside}).members[0].size(), 4u);
 }
 
