@@ -13,8 +13,8 @@ constexpr double kLeastOverlap = 1.5;     // seconds; below there is nothing to 
 constexpr double kReach = 0.1;            // seconds around the supposed offset
 constexpr double kReachPerSecond = 5e-5;  // drift may add this much for every second of overlap
 constexpr double kShortOverlap = 5, kLongOverlap = 240;  // seconds
-constexpr double kGlimmer = 4;  // evidence of the first four windows that is worth the others
-constexpr double kHint = 9, kProof = 13;  // ... of the first 8, of the first 16
+constexpr double kGlimmer = 4.6;  // evidence of the first 4 windows worth the others: one has 4.5
+constexpr double kHint = 11, kProof = 15;  // ... of the first 8, of the first 16
 constexpr double kPlenty = 20;            // evidence past which more windows add little
 constexpr std::size_t kFew = 4, kSome = 8, kMany = 16, kMost = 32;
 
