@@ -164,6 +164,8 @@ void measure(const Options& options, const SoundLibrary& library, float toleranc
     std::printf("  vote, %-22s %4d right %4d wrong\n", name.c_str(), counts[0], counts[1]);
   print("placed by votes alone", byVotes);
   print("placed by sound", bySound);
+  std::printf("  of 10 s or more at 5 dB or better: %d of %d pairs\n", bySound.clearFound,
+              bySound.clearWanted);
   for (const auto& [tenth, counts] : bySound.calibration)
     std::printf("  confidence %.1f to %.1f: %d of %d right\n", tenth / 10.0, (tenth + 1) / 10.0,
                 counts.first, counts.second);

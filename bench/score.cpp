@@ -40,8 +40,10 @@ Truth truthOf(const Take& a, const Take& b) {
 }
 
 void Score::add(const Score& other) {
-  wanted += other.wanted, found += other.found, misplaced += other.misplaced;
-  strangers += other.strangers, seconds += other.seconds;
+  wanted += other.wanted, found += other.found;
+  clearWanted += other.clearWanted, clearFound += other.clearFound;
+  misplaced += other.misplaced, strangers += other.strangers;
+  seconds += other.seconds;
   errors.insert(errors.end(), other.errors.begin(), other.errors.end());
   driftErrors.insert(driftErrors.end(), other.driftErrors.begin(), other.driftErrors.end());
   for (const auto& [tenth, counts] : other.calibration) {
@@ -95,6 +97,8 @@ Score scoreOf(const Set& set, const matching::Placement& placement) {
       const auto error = errorBetween(set, all, i, j);
       const bool good = error && std::abs(*error) < kRight;
       if (truth.overlap >= 5) ++score.wanted, score.found += good;
+      if (truth.overlap >= 10 && std::min(a.microphone.snrDb, b.microphone.snrDb) >= 5)
+        ++score.clearWanted, score.clearFound += good;
       if (error && a.event != b.event) ++score.strangers;
       if (good && truth.overlap >= 5) score.errors.push_back(std::abs(*error));
       if (good && truth.overlap >= 600 && all[i].drift && all[j].drift)

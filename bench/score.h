@@ -21,7 +21,9 @@ Truth truthOf(const Take& a, const Take& b);
 
 /// What one way of placing came to, summed over sets.
 struct Score {
-  int wanted = 0, found = 0;        // pairs that overlap by 5 s or more, and those put together
+  int wanted = 0, found = 0;  // pairs that overlap by 5 s or more, and those put together
+  int clearWanted = 0,
+      clearFound = 0;               // those of them that overlap by 10 s or more at 5 dB or better
   int misplaced = 0;                // recordings that stand wrong against most of their group
   int strangers = 0;                // pairs together that are of two events
   std::vector<double> errors;       // seconds, in the middle of the overlap

@@ -12,7 +12,7 @@ namespace {
 
 constexpr std::size_t kBatch = 32;  // pairs examined at once; fixed, so that threads change nothing
 constexpr double kSuspicious = 4;   // significance of a vote's peak from which it is listened to
-constexpr std::size_t kPatience = 64;  // pairs in a row examined in vain, after which hope ends ...
+constexpr std::size_t kPatience = 48;  // pairs in a row examined in vain, after which hope ends ...
 constexpr std::size_t kMorePatience = 4;  // ... or so many times fewer than there are recordings
 constexpr std::size_t kSearched =
     256;  // pairs whose textures are searched before any is listened to
