@@ -74,7 +74,7 @@ MediaInfoProbe::~MediaInfoProbe() {
 }
 
 bool MediaInfoProbe::available() {
-  if (!loaded_) loaded_ = library_.load() == 1;
+  std::call_once(tried_, [this] { loaded_ = library_.load() == 1; });
   return loaded_;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <mutex>
 #include <string>
 
 namespace run {
@@ -39,6 +40,7 @@ class MediaInfoProbe final : public MediaProbe {
 
  private:
   MediaInfoLibrary& library_;
+  std::once_flag tried_;
   bool loaded_ = false;
 };
 

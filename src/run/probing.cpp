@@ -1,6 +1,7 @@
 #include "run/probing.h"
 
 #include <algorithm>
+#include <atomic>
 
 #include "report/diagnostics.h"
 #include "run/diagnosis.h"
@@ -16,6 +17,22 @@ void showStep(Progress& progress, int count) {
   const float accumulated = 0.0f;
   const int pixels = static_cast<int>(barStep(count) + accumulated);
   if (pixels < kBarEnd) progress.moveprogressslot(pixels);
+}
+
+/// Asks every file for its properties, several at once: the library reads far into sound files.
+void askAll(std::vector<Entry>& entries, const Services& services) {
+  const int count = static_cast<int>(entries.size());
+  const int files = static_cast<int>(std::ranges::count_if(entries, &Entry::isFile));
+  std::atomic<int> done = 0;
+#pragma omp parallel for schedule(dynamic)
+  for (int i = 0; i < count; ++i) {
+    Entry& entry = entries[i];
+    if (services.cancelled || isMarker(entry.listed)) continue;
+    entry.media = services.probe.query(entry.source);
+    entry.frameRate = entry.media.frameRate;
+    showStep(services.progress, count);
+    if (entry.isFile()) services.progress.stage(Stage::probe, entry.listed, ++done, files);
+  }
 }
 
 void ignore(Entry& entry, const Services& services, std::vector<std::string>& result) {
@@ -34,18 +51,10 @@ void ignore(Entry& entry, const Services& services, std::vector<std::string>& re
 
 void probeAll(std::vector<Entry>& entries, const Services& services,
               std::vector<std::string>& result, std::vector<report::LeftOut>& ignored) {
-  const int count = static_cast<int>(entries.size());
-  const int files = static_cast<int>(std::ranges::count_if(entries, &Entry::isFile));
-  int done = 0;
+  askAll(entries, services);
   for (Entry& entry : entries) {
     if (services.cancelled) return;
-    if (isMarker(entry.listed)) continue;
-    entry.media = services.probe.query(entry.source);
-    entry.frameRate = entry.media.frameRate;
-    showStep(services.progress, count);
-    if (!entry.isFile()) continue;  // the dummy has nothing to be ignored for
-    services.progress.stage(Stage::probe, entry.listed, ++done, files);
-    if (!isIgnored(entry)) continue;
+    if (!entry.isFile() || !isIgnored(entry)) continue;  // the dummy has nothing to be ignored for
     ignored.push_back(diagnose(entry, services.probe));
     ignore(entry, services, result);
   }
