@@ -2,8 +2,10 @@
 // costs: over rendered events whose truth is known. The vote's tests and the full placement are
 // measured on the same sound in one run.
 //
-// Usage: accuracy [--sounds FOLDER] [--seeds FIRST LAST] [--tolerance X]... [--list] [SET]...
-// --list shows every recording that stands wrong or alone.
+// Usage: accuracy [--sounds FOLDER] [--seeds FIRST LAST] [--tolerance X]... [--list]
+//                 [--no-devices] [SET]...
+// --list shows every recording that stands wrong or alone; with --no-devices nobody says which
+// recordings are of one device.
 
 #include <algorithm>
 #include <cmath>
@@ -32,7 +34,7 @@ struct Options {
   unsigned firstSeed = 1, lastSeed = 2;
   std::vector<float> tolerances;
   std::vector<std::string> sets;
-  bool list = false;
+  bool list = false, devices = true;
 };
 
 /// One set as the placement sees it.
@@ -44,7 +46,8 @@ struct Rendered {
   std::vector<std::vector<int>> deviceGroups;
 };
 
-Rendered rendered(const std::string& name, unsigned seed, const SoundLibrary& library) {
+Rendered rendered(const std::string& name, unsigned seed, bool knowDevices,
+                  const SoundLibrary& library) {
   Random random(seed);
   Rendered r;
   r.set = makeSet(name, random);
@@ -52,10 +55,10 @@ Rendered rendered(const std::string& name, unsigned seed, const SoundLibrary& li
   std::map<int, std::vector<int>> devices;
   r.durations.resize(Eigen::Index(r.sounds.size()));
   for (std::size_t i = 0; i < r.sounds.size(); ++i) {
-    r.recordings.push_back(
-        {r.set.takes[i].name, std::int64_t(r.sounds[i].size()), r.set.takes[i].device});
+    const int device = knowDevices ? r.set.takes[i].device : -1;
+    r.recordings.push_back({r.set.takes[i].name, std::int64_t(r.sounds[i].size()), device});
     r.durations(Eigen::Index(i)) = float(r.sounds[i].size() / 8000);
-    devices[r.set.takes[i].device].push_back(int(i));
+    if (knowDevices) devices[device].push_back(int(i));
   }
   for (auto& [device, files] : devices)
     if (files.size() > 1) r.deviceGroups.push_back(files);
@@ -131,6 +134,8 @@ Options parse(int argc, char** argv) {
       options.tolerances.push_back(float(std::atof(argv[++i])));
     } else if (word == "--list") {
       options.list = true;
+    } else if (word == "--no-devices") {
+      options.devices = false;
     } else {
       options.sets.push_back(word);
     }
@@ -148,7 +153,7 @@ void measure(const Options& options, const SoundLibrary& library, float toleranc
   double fingerprints = 0, voting = 0, hours = 0;
   for (const std::string& name : options.sets)
     for (unsigned seed = options.firstSeed; seed <= options.lastSeed; ++seed) {
-      const Rendered r = rendered(name, seed, library);
+      const Rendered r = rendered(name, seed, options.devices, library);
       const Voted voted = vote(r, tolerance);
       printVotes(r, voted, votes);
       byVotes.add(placed(r, voted, false, false));

@@ -33,6 +33,30 @@ std::map<int, std::vector<Repetition>> repetitionsOf(std::span<const Match> matc
   return repetitions;
 }
 
+/// The most that a recording's sound reaches with any other.
+struct Usual {
+  double strength = 0, distinct = 0;
+};
+
+std::map<int, Usual> usualOf(std::span<const Match> matches) {
+  std::map<int, Usual> usual;
+  for (const Match& m : matches)
+    for (const int file : {m.best.first, m.best.second}) {
+      usual[file].strength = std::max(usual[file].strength, m.best.strength);
+      usual[file].distinct = std::max(usual[file].distinct, m.best.distinct);
+    }
+  return usual;
+}
+
+// How much of what its recordings share with others a match has, and how much of its length: 1 is
+// all of it. Where only the music is the same, speech leaves windows in which nothing fits.
+double shareOf(const Alignment& a, const std::map<int, Usual>& usual) {
+  const Usual &x = usual.at(a.first), &y = usual.at(a.second);
+  const double everywhere = double(a.support) / a.windows;
+  return a.strength / std::min(x.strength, y.strength) * a.distinct /
+         std::min(x.distinct, y.distinct) * everywhere * everywhere;
+}
+
 double overlapAt(double offset, const Recording& first, const Recording& second) {
   return std::min(secondsOf(first), offset + secondsOf(second)) - std::max(0.0, offset);
 }
@@ -52,7 +76,9 @@ bool mayBe(const Repetition& repetition, const Alignment& a,
 std::vector<Match> takeAmbiguous(std::vector<Match>& matches,
                                  std::span<const Recording> recordings) {
   const auto repetitions = repetitionsOf(matches);
+  const auto usual = usualOf(matches);
   const auto ambiguous = [&](const Match& m) {
+    if (shareOf(m.best, usual) < kPartOfIt * kPartOfIt) return true;
     return std::ranges::any_of(std::array{m.best.first, m.best.second}, [&](int file) {
       const auto known = repetitions.find(file);
       return known != repetitions.end() &&

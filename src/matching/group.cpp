@@ -39,8 +39,9 @@ std::vector<Ranked> ranked(Recordings recordings, std::vector<Match> matches) {
 }
 
 // Chance rarely lets several others agree on a repetition, and hardly any contradict.
-bool confirmed(const Confirmation& thirds) {
-  return thirds.agree >= 2 && thirds.agree >= 2 * thirds.contradict;
+bool confirmed(const Confirmation& thirds, const Match& match) {
+  const int enough = match.rivals.empty() ? 2 : 4;
+  return thirds.agree >= enough && thirds.agree >= 2 * thirds.contradict;
 }
 
 // Of a match within a group the first offset that agrees becomes its best one.
@@ -84,7 +85,7 @@ Grouping formGroups(Recordings recordings, std::vector<Match> matches) {
   std::vector<Match> ambiguous = takeAmbiguous(matches, recordings);
   for (auto& [match, thirds, weight] : ranked(recordings, std::move(matches))) {
     const bool together = groups.together(match.best);
-    const bool joins = !together && ((confirmed(thirds) && groups.possible(match.best)) ||
+    const bool joins = !together && ((confirmed(thirds, match) && groups.possible(match.best)) ||
                                      standsOut(match, groups));
     if (joins) groups.join(match.best);
     if (joins || (together && agreesSomehow(groups, match)))

@@ -15,7 +15,7 @@ constexpr double kReachPerSecond = 5e-5;  // drift may add this much for every s
 constexpr double kShortOverlap = 5, kLongOverlap = 240;  // seconds
 constexpr double kGlimmer = 4.6;  // evidence of the first 4 windows worth the others: one has 4.5
 constexpr double kHint = 11, kProof = 15;  // ... of the first 8, of the first 16
-constexpr double kPlenty = 20;            // evidence past which more windows add little
+constexpr double kPlenty = 20;             // evidence past which more windows add little
 constexpr std::size_t kFew = 4, kSome = 8, kMany = 16, kMost = 32;
 
 // The first windows are spread over the whole overlap, later ones lie between those.

@@ -69,6 +69,22 @@ TEST(FormGroups, WhatFitsMuchWorseElsewhereTooIsOnlyARepetition) {
   EXPECT_TRUE(grouping.doubts.empty());
 }
 
+TEST(FormGroups, PartOfWhatTheRecordingsShareWithOthersDecidesNothing) {
+  const auto recordings = fourMinutesEach({-1, -1, -1, -1});
+  Match bridge = match(1, 2, 20, 30);
+  const std::vector<Match> pairs{match(0, 1, 10, 40), match(2, 3, 7, 40)};
+  const auto joined = [&] {
+    return formGroups(recordings, {pairs[0], pairs[1], bridge}).members.size() == 1;
+  };
+  EXPECT_TRUE(joined());
+  bridge.best.support = bridge.best.windows * 5 / 8;  // speech between
+  EXPECT_FALSE(joined());
+  bridge = match(1, 2, 20, 21);
+  EXPECT_TRUE(joined());
+  bridge.best.distinct = 0.6 * pairs[0].best.distinct;
+  EXPECT_FALSE(joined());
+}
+
 // Recording 0 is long and hears one loop every 10 s; 1 and 2 are clips of 12 s that hear it too.
 // What fits both clips at one offset only would fit 10 s away as well, where they hardly overlap.
 TEST(FormGroups, ARepetitionThatCouldNotBeSeenDecidesNothing) {

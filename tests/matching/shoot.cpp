@@ -60,7 +60,8 @@ Alignment Shoot::verified(double offset) const {
 Match match(int first, int second, double offset, double strength, std::vector<double> rivals) {
   const auto alignment = [&](double at) {
     Alignment a{.first = first, .second = second, .offsetSeconds = at};
-    a.strength = strength, a.support = a.windows = 10, a.confidence = 0.99, a.overlapSeconds = 50;
+    a.strength = strength, a.distinct = 3, a.support = a.windows = 10;
+    a.confidence = 0.99, a.overlapSeconds = 50;
     return a;
   };
   Match m{alignment(offset), {}};
