@@ -13,6 +13,7 @@
 namespace matching {
 namespace {
 
+constexpr double kMostOfIt = 0.45;  // share of the usual from which a match is more than its music
 constexpr double kEnoughToSee = 4;  // seconds of overlap in which a repetition would have been seen
 
 /// That a recording hears the same again so much later, and how strongly.
@@ -78,7 +79,7 @@ std::vector<Match> takeAmbiguous(std::vector<Match>& matches,
   const auto repetitions = repetitionsOf(matches);
   const auto usual = usualOf(matches);
   const auto ambiguous = [&](const Match& m) {
-    if (shareOf(m.best, usual) < kPartOfIt * kPartOfIt) return true;
+    if (shareOf(m.best, usual) < kMostOfIt) return true;
     return std::ranges::any_of(std::array{m.best.first, m.best.second}, [&](int file) {
       const auto known = repetitions.find(file);
       return known != repetitions.end() &&
