@@ -63,6 +63,12 @@ std::optional<double> errorBetween(const Set& set, const std::vector<Standing>& 
   return all[j].offset - all[i].offset - truthOf(set.takes[i], set.takes[j]).offset;
 }
 
+// Recordings that do not meet are placed by others, whose clocks add up over the time between.
+bool isRight(double error, const Truth& truth) {
+  constexpr double kDrift = 120e-6;
+  return std::abs(error) < kRight + kDrift * std::max(0.0, -truth.overlap);
+}
+
 /// How one recording stands against all others, those of its own device included.
 struct Company {
   int right = 0, wrong = 0;
@@ -74,11 +80,12 @@ Company companyOf(const Set& set, const std::vector<Standing>& all, std::size_t 
   Company company;
   for (std::size_t j = 0; j < all.size(); ++j) {
     if (i == j) continue;
+    const Truth truth = truthOf(set.takes[i], set.takes[j]);
     if (const auto error = errorBetween(set, all, i, j)) {
-      ++(std::abs(*error) < kRight ? company.right : company.wrong);
+      ++(isRight(*error, truth) ? company.right : company.wrong);
       if (std::abs(*error) < std::abs(company.nearest)) company.nearest = *error;
     } else if (set.takes[i].device != set.takes[j].device) {
-      company.missed += truthOf(set.takes[i], set.takes[j]).overlap >= 5;
+      company.missed += truth.overlap >= 5;
     }
   }
   return company;
