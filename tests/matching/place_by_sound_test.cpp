@@ -1,4 +1,7 @@
 #include <gtest/gtest.h>
+#include <omp.h>
+
+#include <tuple>
 
 #include "matching/placement.h"
 #include "tests/matching/shoot.h"
@@ -32,6 +35,27 @@ TEST(PlaceBySound, KeepsEventsApartWhateverTheOrderOfFiles) {
     }
     EXPECT_TRUE(placement.alone.empty());
   }
+}
+
+// All that a placement says of its recordings.
+std::vector<std::tuple<int, double, double, double>> told(const Placement& placement) {
+  std::vector<std::tuple<int, double, double, double>> all;
+  for (const PlacedGroup& group : placement.groups)
+    for (const Placed& p : group.members)
+      all.emplace_back(p.file, p.offsetSeconds, p.confidence, p.errorSeconds.value_or(-1));
+  return all;
+}
+
+TEST(PlaceBySound, IsTheSameToTheLastBitInAnyNumberOfThreads) {
+  const Shoot shoot = twoEvents({3, 0, 5, 1, 4, 2});
+  const int usual = omp_get_max_threads();
+  omp_set_num_threads(1);
+  const auto alone = told(placeBySound(shoot.recordings, {}, shoot.reader()));
+  omp_set_num_threads(5);
+  const auto together = told(placeBySound(shoot.recordings, {}, shoot.reader()));
+  omp_set_num_threads(usual);
+  EXPECT_EQ(alone.size(), 6u);
+  EXPECT_EQ(alone, together);
 }
 
 TEST(PlaceBySound, NamesTheOffsetsAtWhichALoopFitsAndPlacesNothingByThem) {
