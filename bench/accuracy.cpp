@@ -90,10 +90,9 @@ void printVotes(const Rendered& r, const Voted& voted,
                 std::map<std::string, std::array<int, 2>>& totals) {
   for (const matching::PairVote& v : voted.votes) {
     if (!v.stats) continue;
-    const Truth truth =
-        truthOf(r.set.takes[std::size_t(v.first)], r.set.takes[std::size_t(v.second)]);
+    const Truth truth = truthOf(r.set, std::size_t(v.first), std::size_t(v.second));
     const bool right = truth.overlap > 0 && std::abs(v.stats->bestOffset - truth.offset) < kRight;
-    if (truth.overlap >= 5) ++totals["best offset"][right ? 0 : 1];
+    if (truth.heard >= 5) ++totals["best offset"][right ? 0 : 1];
     if (v.accepted == matching::Acceptance::strict) ++totals["strict test"][right ? 0 : 1];
     if (v.accepted != matching::Acceptance::none) ++totals["test of mode 1"][right ? 0 : 1];
   }

@@ -28,15 +28,31 @@ double quantile(std::vector<double> values, double q) {
   return values[std::min(values.size() - 1, std::size_t(q * double(values.size())))];
 }
 
+// How much of a span lies in none of the others.
+double outside(Span span, std::vector<Span> others) {
+  std::ranges::sort(others, {}, &Span::from);
+  double seconds = 0;
+  for (const Span& other : others) {
+    seconds += std::max(0.0, std::min(other.from, span.to) - span.from);
+    span.from = std::max(span.from, other.to);
+  }
+  return seconds + std::max(0.0, span.to - span.from);
+}
+
 }  // namespace
 
-Truth truthOf(const Take& a, const Take& b) {
+Truth truthOf(const Set& set, std::size_t i, std::size_t j) {
+  const Take &a = set.takes[i], &b = set.takes[j];
   const double from = std::max(a.startSeconds, b.startSeconds);
   const double to = std::min(a.startSeconds + a.lengthSeconds, b.startSeconds + b.lengthSeconds);
   const double middle = (from + to) / 2;
   const double onA = (middle - a.startSeconds) * (1 + a.microphone.driftPpm * 1e-6);
   const double onB = (middle - b.startSeconds) * (1 + b.microphone.driftPpm * 1e-6);
-  return {a.event == b.event ? to - from : -1, onA - onB};
+  if (a.event != b.event) return {-1, onA - onB, -1};
+  std::vector<Span> silent = set.events[std::size_t(a.event)].pauses;
+  for (const Take* take : {&a, &b})
+    silent.insert(silent.end(), take->muted.begin(), take->muted.end());
+  return {to - from, onA - onB, outside({from, to}, silent)};
 }
 
 void Score::add(const Score& other) {
@@ -60,7 +76,7 @@ std::optional<double> errorBetween(const Set& set, const std::vector<Standing>& 
                                    std::size_t j) {
   if (all[i].group < 0 || all[i].group != all[j].group) return std::nullopt;
   if (set.takes[i].event != set.takes[j].event) return 1e9;
-  return all[j].offset - all[i].offset - truthOf(set.takes[i], set.takes[j]).offset;
+  return all[j].offset - all[i].offset - truthOf(set, i, j).offset;
 }
 
 // Recordings that do not meet are placed by others, whose clocks add up over the time between.
@@ -72,7 +88,7 @@ bool isRight(double error, const Truth& truth) {
 /// How one recording stands against all others, those of its own device included.
 struct Company {
   int right = 0, wrong = 0;
-  int missed = 0;        // overlap by 5 s or more, but are not in its group
+  int missed = 0;        // both hear 5 s or more, but are not in its group
   double nearest = 1e9;  // seconds; the smallest error
 };
 
@@ -80,12 +96,12 @@ Company companyOf(const Set& set, const std::vector<Standing>& all, std::size_t 
   Company company;
   for (std::size_t j = 0; j < all.size(); ++j) {
     if (i == j) continue;
-    const Truth truth = truthOf(set.takes[i], set.takes[j]);
+    const Truth truth = truthOf(set, i, j);
     if (const auto error = errorBetween(set, all, i, j)) {
       ++(isRight(*error, truth) ? company.right : company.wrong);
       if (std::abs(*error) < std::abs(company.nearest)) company.nearest = *error;
     } else if (set.takes[i].device != set.takes[j].device) {
-      company.missed += truth.overlap >= 5;
+      company.missed += truth.heard >= 5;
     }
   }
   return company;
@@ -100,14 +116,14 @@ Score scoreOf(const Set& set, const matching::Placement& placement) {
     for (std::size_t j = i + 1; j < all.size(); ++j) {
       const Take &a = set.takes[i], &b = set.takes[j];
       if (a.device == b.device) continue;
-      const Truth truth = truthOf(a, b);
+      const Truth truth = truthOf(set, i, j);
       const auto error = errorBetween(set, all, i, j);
       const bool good = error && std::abs(*error) < kRight;
-      if (truth.overlap >= 5) ++score.wanted, score.found += good;
-      if (truth.overlap >= 10 && std::min(a.microphone.snrDb, b.microphone.snrDb) >= 5)
+      if (truth.heard >= 5) ++score.wanted, score.found += good;
+      if (truth.heard >= 10 && std::min(a.microphone.snrDb, b.microphone.snrDb) >= 5)
         ++score.clearWanted, score.clearFound += good;
       if (error && a.event != b.event) ++score.strangers;
-      if (good && truth.overlap >= 5) score.errors.push_back(std::abs(*error));
+      if (good && truth.heard >= 5) score.errors.push_back(std::abs(*error));
       if (good && truth.overlap >= 600 && all[i].drift && all[j].drift)
         score.driftErrors.push_back(std::abs(*all[j].drift - *all[i].drift - b.microphone.driftPpm +
                                              a.microphone.driftPpm));

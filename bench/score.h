@@ -15,15 +15,16 @@ inline constexpr double kRight = 0.1;  // seconds; farther off is a wrong place
 /// Where a take's own clock stands at the middle of what it shares with another.
 struct Truth {
   double overlap, offset;  // offset of b's start on a's clock, right at the overlap's middle
+  double heard;            // seconds of the overlap in which both can hear something
 };
 
-Truth truthOf(const Take& a, const Take& b);
+Truth truthOf(const Set& set, std::size_t a, std::size_t b);
 
 /// What one way of placing came to, summed over sets.
 struct Score {
-  int wanted = 0, found = 0;  // pairs that overlap by 5 s or more, and those put together
+  int wanted = 0, found = 0;  // pairs that both hear 5 s or more, and those put together
   int clearWanted = 0,
-      clearFound = 0;               // those of them that overlap by 10 s or more at 5 dB or better
+      clearFound = 0;               // those of them that hear 10 s or more at 5 dB or better
   int misplaced = 0;                // recordings that stand wrong against most of their group
   int strangers = 0;                // pairs together that are of two events
   std::vector<double> errors;       // seconds, in the middle of the overlap

@@ -12,6 +12,10 @@ inline constexpr int kRate = 8000;        // Hz; what the recordings are rendere
 
 using Random = std::mt19937_64;
 
+struct Span {
+  double from, to;  // seconds
+};
+
 /// Real sound to draw on: music-*.raw and speech-*.raw (mono, 16 bit, 16 kHz). Both empty where
 /// the folder has none; performances are then synthetic.
 struct SoundLibrary {

@@ -15,7 +15,9 @@ Microphone microphone(Random& random, double worstSnr, double bestSnr) {
   mic.driftPpm = uniform(random, -15, 15);
   mic.automaticGain = random() % 3 == 0;
   mic.bandHz = random() % 4 == 0 ? 2500 : 3700;
-  mic.bumpsPerMinute = random() % 2 ? 3 : 0;
+  const auto habits = random();
+  mic.bumpsPerMinute = habits % 2 ? 3 : 0;
+  mic.inverted = habits % 10 < 2;
   return mic;
 }
 
@@ -174,6 +176,34 @@ Set dance(Random& random) {
   return set;
 }
 
+// Stretches of `longest` seconds at the most, with others between them that are not in the list.
+std::vector<Span> stretches(Random& random, double seconds, double longest, double longestBetween) {
+  std::vector<Span> spans;
+  for (double at = uniform(random, 0, longestBetween); at < seconds;) {
+    spans.push_back({at, std::min(seconds, at + uniform(random, longest / 5, longest))});
+    at = spans.back().to + uniform(random, longestBetween / 5, longestBetween);
+  }
+  return spans;
+}
+
+// Cameras and a recorder that run while people wait: most of the time each hears its own noise
+// alone, and one is switched off now and then.
+Set waits(Random& random) {
+  constexpr double kSeconds = 1200;
+  Set set{"waits", {{Kind::both, kSeconds}}, {}};
+  set.events[0].pauses = stretches(random, kSeconds, uniform(random, 60, 250), 40);
+  const std::vector<Span> muted = stretches(random, kSeconds, 60, 60);
+  for (int d = 0; d < 4; ++d) {
+    Microphone mic = microphone(random, 8, 25);
+    mic.automaticGain = false;
+    if (d == 0) addTake(set, 0, d, 0, kSeconds, mic);
+    if (d > 0) addClips(set, 0, d, 120, 500, 60, mic, random);
+  }
+  for (Take& take : set.takes)
+    if (take.device == 2) take.muted = muted;
+  return set;
+}
+
 // Takes to one playback: all hear the same music, each its own voices over it.
 Set takes(Random& random) {
   Set set{"takes", {{Kind::music, 120}}, {}};
@@ -222,12 +252,12 @@ Set longOnes(Random& random) {
 
 const std::vector<std::pair<std::string, std::function<Set(Random&)>>>& makers() {
   static const std::vector<std::pair<std::string, std::function<Set(Random&)>>> all = {
-      {"cameras", cameras},     {"wedding", wedding},     {"concert", concert},
-      {"interview", interview}, {"strangers", strangers}, {"hard", hard},
-      {"playback", playback},   {"loop", loop},           {"short", shortClips},
-      {"lossy", lossy},         {"dance", dance},         {"takes", takes},
-      {"hopeless", hopeless},   {"long", longOnes},       {"conference", conference},
-      {"hundred", hundred},     {"thousand", thousand}};
+      {"cameras", cameras},       {"wedding", wedding},     {"concert", concert},
+      {"interview", interview},   {"strangers", strangers}, {"hard", hard},
+      {"playback", playback},     {"loop", loop},           {"short", shortClips},
+      {"lossy", lossy},           {"dance", dance},         {"takes", takes},
+      {"waits", waits},           {"hopeless", hopeless},   {"long", longOnes},
+      {"conference", conference}, {"hundred", hundred},     {"thousand", thousand}};
   return all;
 }
 
@@ -239,6 +269,18 @@ std::vector<float> looped(SoundLibrary& library, const Set::Event& event, Random
   for (std::size_t i = 0; i < out.size(); ++i)
     out[i] = 0.4f * out[i] + (i % period < music.size() ? music[i % period] : 0.0f);
   return out;
+}
+
+std::vector<float> stageOf(SoundLibrary& library, const Set::Event& event, Random& random) {
+  std::vector<float> stage = event.loopSeconds > 0
+                                 ? looped(library, event, random)
+                                 : performance(library, event.kind, event.seconds, random);
+  const auto sampleAt = [&](double seconds) {
+    return stage.begin() +
+           std::min(std::ssize(stage), static_cast<std::ptrdiff_t>(seconds * kStageRate));
+  };
+  for (const Span& pause : event.pauses) std::fill(sampleAt(pause.from), sampleAt(pause.to), 0.0f);
+  return stage;
 }
 
 }  // namespace
@@ -260,10 +302,7 @@ Set makeSet(const std::string& name, Random& random) {
 
 std::vector<std::vector<float>> renderAll(const Set& set, SoundLibrary library, Random& random) {
   std::vector<std::vector<float>> stages;
-  for (const Set::Event& event : set.events)
-    stages.push_back(event.loopSeconds > 0
-                         ? looped(library, event, random)
-                         : performance(library, event.kind, event.seconds, random));
+  for (const Set::Event& event : set.events) stages.push_back(stageOf(library, event, random));
   std::vector<std::uint64_t> seeds(set.takes.size());
   for (auto& seed : seeds) seed = random();
   std::vector<std::vector<float>> sounds(set.takes.size());

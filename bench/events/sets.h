@@ -12,7 +12,8 @@ struct Set {
   struct Event {
     Kind kind;
     double seconds;
-    double loopSeconds = 0;  // > 0: the music repeats after that time
+    double loopSeconds = 0;    // > 0: the music repeats after that time
+    std::vector<Span> pauses;  // nothing is to be heard
   };
   std::string name;
   std::vector<Event> events;

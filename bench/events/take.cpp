@@ -161,6 +161,14 @@ void limitBand(std::vector<float>& samples, double hertz) {
   }
 }
 
+void mute(std::vector<float>& samples, const Take& take) {
+  const auto sampleAt = [&](double seconds) {
+    const double at = std::max(0.0, seconds - take.startSeconds) * kRate;
+    return samples.begin() + std::min(std::ssize(samples), static_cast<std::ptrdiff_t>(at));
+  };
+  for (const Span& span : take.muted) std::fill(sampleAt(span.from), sampleAt(span.to), 0.0f);
+}
+
 void toSixteenBit(std::vector<float>& samples, bool clips) {
   float peak = 1e-6f;
   for (const float s : samples) peak = std::max(peak, std::abs(s));
@@ -183,6 +191,9 @@ std::vector<float> render(const Take& take, const std::vector<float>& stage, Ran
   addBumps(samples, mic, random);
   if (mic.wind) addWind(samples, random);
   if (mic.automaticGain) automaticGain(samples);
+  mute(samples, take);
+  if (mic.inverted)
+    for (float& s : samples) s = -s;
   toSixteenBit(samples, mic.clips);
   return mic.codec.empty() ? samples : throughCodec(samples, mic.codec, mic.kilobits);
 }

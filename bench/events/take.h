@@ -20,6 +20,7 @@ struct Microphone {
   double bumpsPerMinute = 0;  // handling noise
   double bandHz = 3700;       // upper edge of what it hears
   bool clips = false;         // overdriven
+  bool inverted = false;      // two wires exchanged: every sample has the other sign
   bool wind = false;          // gusts, much louder than the event, below some hundred Hz
   std::string codec;          // ffmpeg's name of a lossy encoder; empty = none
   int kilobits = 48;          // per second, of that encoder
@@ -33,6 +34,7 @@ struct Take {
   double startSeconds = 0;
   double lengthSeconds = 0;  // on the device's clock
   Microphone microphone;
+  std::vector<Span> muted;  // switched off, on the event's clock: nothing but zeros
 };
 
 /// The take's samples at kRate, 16 bit steps. The direct sound of event time t stands at sample
