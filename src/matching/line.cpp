@@ -125,6 +125,22 @@ void refine(std::span<const WindowCorrelation> windows, DelayLine& line) {
 
 }  // namespace
 
+bool looksInverted(std::span<const WindowCorrelation> windows) {
+  constexpr float kClearly = 1.1f;
+  float up = 0, down = 0;
+  for (const auto& window : windows) {
+    const auto [least, most] = std::ranges::minmax(window.lags);
+    up += most, down -= least;
+  }
+  return down > kClearly * up;
+}
+
+double heightOf(const DelayLine& line) {
+  double sum = 0;
+  for (const float height : line.heights) sum += std::max(height, kChance) - kChance;
+  return sum;
+}
+
 DelayLine bestLine(std::span<const WindowCorrelation> windows) {
   DelayLine line = bestProposal(windows);
   refine(windows, line);

@@ -25,6 +25,13 @@ struct DelayLine {
 /// and noise do no harm; one window alone can never say much.
 DelayLine bestLine(std::span<const WindowCorrelation> windows);
 
+/// Whether one of the two recordings seems to have the other sign, as through exchanged wires: the
+/// correlations reach clearly farther down than up.
+bool looksInverted(std::span<const WindowCorrelation> windows);
+
+/// How high the windows stand on the line together: evidence without a limit for each.
+double heightOf(const DelayLine& line);
+
 inline constexpr float kSupport = 5.0f;  // a window at least this high on the line supports it
 
 }  // namespace matching

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <numeric>
+#include <utility>
 
 #include "matching/correlate.h"
 
@@ -10,6 +11,7 @@ namespace matching {
 namespace {
 
 constexpr double kLeastOverlap = 1.5;     // seconds; below there is nothing to compare
+constexpr double kPause = 0.5;            // seconds without anything lively that do not matter
 constexpr double kReach = 0.1;            // seconds around the supposed offset
 constexpr double kReachPerSecond = 5e-5;  // drift may add this much for every second of overlap
 constexpr double kShortOverlap = 5, kLongOverlap = 240;  // seconds
@@ -33,6 +35,10 @@ std::vector<std::size_t> coarseFirst(std::size_t count) {
   return order;
 }
 
+void turn(WindowCorrelation& window) {
+  for (float& lag : window.lags) lag = -lag;
+}
+
 // Where four windows all say the same so loudly, nobody needs to hear more.
 bool plain(const DelayLine& line) {
   return line.heights.size() >= kFew && std::ranges::min(line.heights) >= kPastRepetition;
@@ -48,26 +54,55 @@ bool worthMore(const Alignment& a) {
 
 }  // namespace
 
-Listening::Listening(const Pair& pair, double offsetSeconds, const SoundReader& sound)
-    : pair_(pair), offset_(std::round(offsetSeconds * kSampleRate) / kSampleRate), sound_(&sound) {
+Listening::Listening(const Pair& pair, double offsetSeconds, const SoundReader& sound,
+                     std::vector<Stretch> lively)
+    : pair_(pair),
+      offset_(std::round(offsetSeconds * kSampleRate) / kSampleRate),
+      sound_(&sound),
+      lively_(std::move(lively)) {
   const double first = double(pair.firstSamples) / kSampleRate;
   const double second = double(pair.secondSamples) / kSampleRate;
   from_ = std::max(0.0, offset_);
   to_ = std::max(from_, std::min(first, offset_ + second));
-  length_ = overlap() < kShortOverlap ? 8192 : 16384;
+  keepToOverlap();
+  length_ = livelySeconds() < kShortOverlap ? 8192 : 16384;
   const double reach = std::min(0.5, kReach + kReachPerSecond * overlap());
   maxLag_ = std::min(length_ / 4, static_cast<int>(reach * kSampleRate));
   if (overlap() >= kLeastOverlap) chooseWindows();
 }
 
-// Evenly over the overlap; windows overlap each other by half at most.
+// Too little that is lively tells nothing, and pauses of half a second are none.
+void Listening::keepToOverlap() {
+  for (Stretch& stretch : lively_)
+    stretch = {std::clamp(stretch.from, from_, to_), std::clamp(stretch.to, from_, to_)};
+  if (livelySeconds() < kLeastOverlap || livelySeconds() > overlap() - kPause)
+    lively_ = {{from_, to_}};
+}
+
+double Listening::livelySeconds() const {
+  double seconds = 0;
+  for (const Stretch& stretch : lively_) seconds += stretch.to - stretch.from;
+  return seconds;
+}
+
+// The time before which so many lively seconds have passed.
+double Listening::whereLively(double seconds) const {
+  for (const Stretch& stretch : lively_) {
+    const double length = stretch.to - stretch.from;
+    if (seconds <= length) return stretch.from + seconds;
+    seconds -= length;
+  }
+  return to_;
+}
+
+// Evenly over what is lively; windows overlap each other by half at most.
 void Listening::chooseWindows() {
   const double seconds = double(length_) / kSampleRate;
-  const double room = std::max(0.0, overlap() - 0.6 * seconds);
+  const double room = std::max(0.0, livelySeconds() - 0.6 * seconds);
   const auto count = std::min(kMost, 1 + static_cast<std::size_t>(2 * room / seconds));
   for (const std::size_t k : coarseFirst(count)) {
     const double share = count > 1 ? double(k) / double(count - 1) - 0.5 : 0;
-    middles_.push_back(middle() + room * share);
+    middles_.push_back(whereLively(livelySeconds() / 2 + room * share));
   }
 }
 
@@ -84,9 +119,27 @@ const DelayLine& Listening::listenTo(std::size_t windows) {
   for (std::size_t i = known; i < count; ++i)
     pieces.push_back({piece(pair_.first, middles_[i]), piece(pair_.second, middles_[i] - offset_)});
   auto lags = correlate(pieces, maxLag_);
-  for (std::size_t i = known; i < count; ++i)
+  for (std::size_t i = known; i < count; ++i) {
     correlations_.push_back({middles_[i] - middle(), std::move(lags[i - known])});
-  return line_ = bestLine(correlations_);
+    if (inverted_) turn(correlations_.back());
+  }
+  line_ = bestLine(correlations_);
+  turnIfInverted();
+  return line_;
+}
+
+// A tone reaches nearly as far down half a period beside its peak, so the turned one must be
+// clearly better.
+void Listening::turnIfInverted() {
+  constexpr double kShare = 1.25, kMore = 6;
+  if (inverted_ || !looksInverted(correlations_)) return;
+  std::vector<WindowCorrelation> turned = correlations_;
+  std::ranges::for_each(turned, turn);
+  const DelayLine line = bestLine(turned);
+  if (heightOf(line) < kShare * heightOf(line_) + kMore) return;
+  inverted_ = true;
+  correlations_ = std::move(turned);
+  line_ = line;
 }
 
 Alignment Listening::summary(const DirectSound& direct) const {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "matching/listening.h"
 
@@ -21,19 +22,20 @@ bool plausible(const Alignment& a) { return a.support >= 2 && a.evidence >= 6; }
 /// The offsets of one pair that were listened to and may be right.
 class Examination {
  public:
-  Examination(const Suspicion& s, std::span<const Recording> recordings, const SoundReader& sound)
+  Examination(const Suspicion& s, std::span<const Recording> recordings, const SoundReader& sound,
+              const Textures& textures)
       : pair_{s.first, s.second, recordings[std::size_t(s.first)].samples,
               recordings[std::size_t(s.second)].samples},
-        sound_(sound) {}
+        sound_(sound),
+        textures_(textures) {}
 
   void listenAt(std::span<const double> offsets) {
     for (const double offset : offsets) {
       if (std::ranges::any_of(tried_, [&](double t) { return std::abs(t - offset) < kApart; }))
         continue;
       tried_.push_back(offset);
-      Listening listening(pair_, offset, sound_);
-      if (const Alignment seen = listening.glance(); plausible(seen))
-        plausibles_.push_back({std::move(listening), seen});
+      if (!listenAt(offset, textures_.lively(pair_.first, pair_.second, offset)))
+        (void)listenAt(offset, {});  // what is faint may lie below the noise
     }
     sort();
   }
@@ -65,6 +67,15 @@ class Examination {
   }
 
  private:
+  // Whether there is nothing to gain from listening all over the overlap.
+  bool listenAt(double offset, std::vector<Stretch> lively) {
+    Listening listening(pair_, offset, sound_, std::move(lively));
+    const bool selective = listening.selective();
+    const Alignment seen = listening.glance();
+    if (plausible(seen)) plausibles_.push_back({std::move(listening), seen});
+    return believed(seen) || !selective;
+  }
+
   void sort() {
     std::ranges::stable_sort(plausibles_, [](const Listened& a, const Listened& b) {
       return weightOf(a.seen) > weightOf(b.seen);
@@ -90,6 +101,7 @@ class Examination {
 
   Pair pair_;
   const SoundReader& sound_;
+  const Textures& textures_;
   std::vector<double> tried_;
   std::vector<Listened> plausibles_;
 };
@@ -98,7 +110,7 @@ class Examination {
 
 std::optional<Match> examine(const Suspicion& suspicion, std::span<const Recording> recordings,
                              const SoundReader& sound, const Textures& textures) {
-  Examination examination(suspicion, recordings, sound);
+  Examination examination(suspicion, recordings, sound, textures);
   examination.listenAt(textures.narrowed(suspicion).offsets);
   if (examination.mayRepeat())
     examination.listenAt(textures.repetitions(suspicion.first, suspicion.second));

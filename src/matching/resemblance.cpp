@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "matching/fft.h"
+#include "matching/lively.h"
 
 namespace matching {
 namespace {
@@ -96,14 +97,21 @@ double product(const Texture& a, const Texture& b, Eigen::Index lag, Eigen::Inde
   return sum;
 }
 
-// The resemblance at a lag of b's start, per root of the common frames; none where those are few.
-std::optional<double> similarity(const Texture& a, const Texture& b, Eigen::Index lag) {
-  constexpr Eigen::Index kFewest = 64, kMost = 1200;
-  Eigen::Index from = std::max<Eigen::Index>(0, lag), to = std::min(a.cols(), lag + b.cols());
-  const Eigen::Index common = to - from;
-  if (common < kFewest) return std::nullopt;
-  if (common > kMost) from += (common - kMost) / 2, to = from + kMost;
-  return product(a, b, lag, from, to) / std::sqrt(double(to - from));
+// The resemblance at a lag of b's start in some ranges of a's frames, per root of their number;
+// none where those are few.
+std::optional<double> similarity(const Texture& a, const Texture& b, Eigen::Index lag,
+                                 const std::vector<FrameRange>& ranges) {
+  constexpr Eigen::Index kFewest = 64;
+  double sum = 0;
+  Eigen::Index frames = 0;
+  for (const FrameRange& range : ranges) {
+    const Eigen::Index from = std::max(range.from, lag), to = std::min(range.to, lag + b.cols());
+    if (from >= to) continue;
+    sum += product(a, b, lag, from, to);
+    frames += to - from;
+  }
+  if (frames < kFewest) return std::nullopt;
+  return sum / std::sqrt(double(frames));
 }
 
 double medianOf(std::vector<double>& values) {
@@ -112,20 +120,34 @@ double medianOf(std::vector<double>& values) {
   return *middle;
 }
 
-}  // namespace
-
-std::optional<double> resemblanceAt(const Texture& a, const Texture& b, double offsetSeconds) {
+// How much the textures resemble each other near `lag` in some ranges, over what they do elsewhere.
+std::optional<double> resemblanceIn(const Texture& a, const Texture& b, Eigen::Index lag,
+                                    const std::vector<FrameRange>& ranges) {
   constexpr Eigen::Index kReach = 3, kOthers = 12, kOtherStep = 37;  // frames
-  const auto lag = static_cast<Eigen::Index>(std::lround(offsetSeconds * kTextureRate));
   std::optional<double> best;
   for (Eigen::Index i = lag - kReach; i <= lag + kReach; ++i)
-    if (const auto here = similarity(a, b, i)) best = std::max(*here, best.value_or(*here));
+    if (const auto here = similarity(a, b, i, ranges)) best = std::max(*here, best.value_or(*here));
   std::vector<double> others;
   for (Eigen::Index k = 1; k <= kOthers; ++k)
     for (const Eigen::Index other : {lag - k * kOtherStep, lag + k * kOtherStep})
-      if (const auto there = similarity(a, b, other)) others.push_back(std::abs(*there));
+      if (const auto there = similarity(a, b, other, ranges)) others.push_back(std::abs(*there));
   if (!best || std::ssize(others) < kOthers / 2) return std::nullopt;
   return *best / (1.48 * medianOf(others) + 1e-9);  // the median's ratio to a standard deviation
+}
+
+}  // namespace
+
+std::optional<double> resemblanceAt(const Texture& a, const Texture& b, double offsetSeconds) {
+  constexpr Eigen::Index kMost = 1200;  // frames
+  const auto lag = static_cast<Eigen::Index>(std::lround(offsetSeconds * kTextureRate));
+  const FrameRange common{std::max<Eigen::Index>(0, lag), std::min(a.cols(), lag + b.cols())};
+  if (common.from >= common.to) return std::nullopt;
+  const std::vector<FrameRange> lively = livelyRanges(a, b, lag);
+  const auto anywhere = resemblanceIn(a, b, lag, middleOf({common}, kMost));
+  if (lively.size() == 1 && lively[0].to - lively[0].from == common.to - common.from)
+    return anywhere;
+  const auto there = resemblanceIn(a, b, lag, middleOf(lively, kMost));
+  return there && anywhere ? std::max(there, anywhere) : anywhere;
 }
 
 std::vector<Resemblance> resemblances(const Texture& a, const Texture& b, int count,

@@ -20,7 +20,8 @@ std::vector<Resemblance> resemblances(const Texture& a, const Texture& b, int co
 
 /// How much the textures resemble each other within a tenth of a second of that offset, in units of
 /// what they do at other offsets around; above 3 is rarely chance. None where too little is common
-/// to tell. Looks at 40 s at the most.
+/// to tell. Looks at 40 s at the most in the middle, and as many where both hear more than steady
+/// noise.
 std::optional<double> resemblanceAt(const Texture& a, const Texture& b, double offsetSeconds);
 
 }  // namespace matching

@@ -16,6 +16,9 @@ constexpr int kHop = static_cast<int>(kSampleRate / kTextureRate);
 constexpr int kWindow = 2 * kHop;
 constexpr double kLow = 150, kHigh = 3700;  // Hz
 constexpr int kAround = 25;                 // frames on each side that give the level around one
+constexpr float kStep = 60, kLimit = 2;     // steps per standard deviation; deviations
+constexpr float kSteadyWeight = 0.5f;       // faint sound below steady noise is still something
+constexpr float kSteadyNoise = 0.3f;  // its levels' variance is 0.20 to 0.28 whatever its colour
 
 std::array<int, kTextureBands + 1> bandEdges() {
   std::array<int, kTextureBands + 1> edges{};
@@ -28,6 +31,7 @@ std::array<int, kTextureBands + 1> bandEdges() {
 }
 
 using Levels = Eigen::Array<float, kTextureBands, Eigen::Dynamic>;
+using Weights = Eigen::Array<float, 1, Eigen::Dynamic>;
 
 const Eigen::RowVectorXf& taper() {
   static const Eigen::RowVectorXf window =
@@ -92,12 +96,15 @@ Levels meanAround(const Levels& x) {
 }
 
 Texture movement(Levels levels) {
-  constexpr float kStep = 60, kLimit = 2;  // steps per standard deviation; deviations
   const float floor = levels.mean() * 1e-5f + 1e-12f;
   levels = (levels + floor).log();
   levels -= meanAround(levels);
-  levels /= (meanAround(levels.square()) + 0.05f).sqrt();
-  return (kStep * levels.max(-kLimit).min(kLimit)).round().cast<std::int8_t>();
+  const Levels variance = meanAround(levels.square());
+  levels /= (variance + 0.05f).sqrt();
+  levels = kStep * levels.max(-kLimit).min(kLimit);
+  levels.rowwise() *= (variance.colwise().mean() > kSteadyNoise)
+                          .select(1.0f, Weights::Constant(variance.cols(), kSteadyWeight));
+  return levels.round().cast<std::int8_t>();
 }
 
 }  // namespace
@@ -105,6 +112,12 @@ Texture movement(Levels levels) {
 Texture textureOf(std::span<const float> samples) {
   if (samples.size() < kHop) return Texture(kTextureBands, 0);
   return movement(bandLevels(samples));
+}
+
+bool isLively(const Texture& texture, Eigen::Index first, Eigen::Index frames) {
+  constexpr auto kSteadyMost = static_cast<std::int8_t>(kStep * kLimit * kSteadyWeight);
+  const auto part = texture.middleCols(first, frames);
+  return (part > kSteadyMost || part < -kSteadyMost).any();
 }
 
 }  // namespace matching

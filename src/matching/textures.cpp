@@ -58,6 +58,10 @@ Suspicion Textures::narrowed(Suspicion suspicion) const {
   return suspicion;
 }
 
+std::vector<Stretch> Textures::lively(int first, int second, double offsetSeconds) const {
+  return livelyStretches(textures_.at(first), textures_.at(second), offsetSeconds);
+}
+
 std::vector<double> Textures::repetitions(int first, int second) const {
   std::vector<Resemblance> found;
   std::vector<double> offsets;

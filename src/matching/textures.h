@@ -4,6 +4,7 @@
 #include <span>
 #include <vector>
 
+#include "matching/lively.h"
 #include "matching/placement.h"
 #include "matching/suspicion.h"
 #include "matching/texture.h"
@@ -23,6 +24,9 @@ class Textures {
 
   /// The same without those offsets at which the textures show nothing.
   Suspicion narrowed(Suspicion suspicion) const;
+
+  /// Where both recordings of a pair hear more than steady noise at that offset.
+  std::vector<Stretch> lively(int first, int second, double offsetSeconds) const;
 
   /// All offsets that may be repetitions of one another, best first.
   std::vector<double> repetitions(int first, int second) const;

@@ -32,6 +32,19 @@ TEST(Listening, MeasuresTheDriftOfTwoClocks) {
   EXPECT_NEAR(found.offsetSeconds, middle * 1.00002 - (middle - 5) * 0.999975, 0.0001);
 }
 
+// Exchanged wires turn the correlation upside down; its second highest peak is no place.
+TEST(Listening, HearsARecordingWhoseSignIsInverted) {
+  Shoot shoot;
+  shoot.add("a", recorded(1, 0, 25, 0, 0.1));
+  std::vector<float> inverted = recorded(1, 3.0301, 20, 0, 0.1);
+  for (float& s : inverted) s = -s;
+  shoot.add("b", inverted);
+  const Alignment found = shoot.verified(3.02);
+  EXPECT_TRUE(believed(found));
+  EXPECT_NEAR(found.offsetSeconds, 3.0301, 0.1 / kSampleRate);
+  EXPECT_FALSE(believed(shoot.verified(8.0)));
+}
+
 TEST(DirectSound, IsThePeakWhoseEchoesExplainTheOthers) {
   // b hears an echo 80 samples late and louder than the direct sound, which stands 80 samples later
   // in the correlation than the line through the highest peak; as seen from b it is the reverse.
