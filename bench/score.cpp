@@ -39,6 +39,17 @@ double outside(Span span, std::vector<Span> others) {
   return seconds + std::max(0.0, span.to - span.from);
 }
 
+// The middle between the least and the most that b hears the event later than a.
+double laterBy(const Take& a, const Take& b, double from, double to) {
+  if (a.way.empty() && b.way.empty()) return 0;
+  double least = 1e9, most = -1e9;
+  for (double t = from; t <= std::max(from, to); t += 0.5) {
+    const double later = lateness(b, t) - lateness(a, t);
+    least = std::min(least, later), most = std::max(most, later);
+  }
+  return (least + most) / 2;
+}
+
 }  // namespace
 
 Truth truthOf(const Set& set, std::size_t i, std::size_t j) {
@@ -49,10 +60,11 @@ Truth truthOf(const Set& set, std::size_t i, std::size_t j) {
   const double onA = (middle - a.startSeconds) * (1 + a.microphone.driftPpm * 1e-6);
   const double onB = (middle - b.startSeconds) * (1 + b.microphone.driftPpm * 1e-6);
   if (a.event != b.event) return {-1, onA - onB, -1};
+  const double offset = onA - onB - laterBy(a, b, from, to);
   std::vector<Span> silent = set.events[std::size_t(a.event)].pauses;
   for (const Take* take : {&a, &b})
     silent.insert(silent.end(), take->muted.begin(), take->muted.end());
-  return {to - from, onA - onB, outside({from, to}, silent)};
+  return {to - from, offset, outside({from, to}, silent)};
 }
 
 void Score::add(const Score& other) {

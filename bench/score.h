@@ -12,7 +12,8 @@ namespace events {
 
 inline constexpr double kRight = 0.1;  // seconds; farther off is a wrong place
 
-/// Where a take's own clock stands at the middle of what it shares with another.
+/// Where a take's own clock stands at the middle of what it shares with another. Of a device that
+/// is carried about it is the middle between the sound's earliest and latest arrival.
 struct Truth {
   double overlap, offset;  // offset of b's start on a's clock, right at the overlap's middle
   double heard;            // seconds of the overlap in which both can hear something

@@ -1,6 +1,7 @@
 #include "bench/events/sets.h"
 
 #include <algorithm>
+#include <cmath>
 #include <functional>
 #include <tuple>
 
@@ -204,6 +205,29 @@ Set waits(Random& random) {
   return set;
 }
 
+// Cameras carried about, up to 17 m from where they stood: the sound comes up to 50 ms later, now
+// more, now less. Their bearers stand for a while, then walk a metre a second.
+Set handheld(Random& random) {
+  constexpr double kSeconds = 500, kMetres = 17;
+  Set set{"handheld", {{static_cast<Kind>(random() % 3), kSeconds}}, {}};
+  for (int d = 0; d < 4; ++d) {
+    const Microphone mic = microphone(random, 5, 20);
+    if (d == 0) addTake(set, 0, d, 0, kSeconds, mic);
+    if (d > 0) addClips(set, 0, d, 30, 200, 40, mic, random);
+    std::vector<Take::Stand> way;
+    for (double t = 0, at = uniform(random, 0, kMetres); d > 0 && t < kSeconds;) {
+      way.push_back({t, at});
+      way.push_back({t += uniform(random, 8, 50), at});
+      const double next = uniform(random, 0, kMetres);
+      t += std::abs(next - at);
+      at = next;
+    }
+    for (Take& take : set.takes)
+      if (take.device == d) take.way = way;
+  }
+  return set;
+}
+
 // Takes to one playback: all hear the same music, each its own voices over it.
 Set takes(Random& random) {
   Set set{"takes", {{Kind::music, 120}}, {}};
@@ -252,12 +276,16 @@ Set longOnes(Random& random) {
 
 const std::vector<std::pair<std::string, std::function<Set(Random&)>>>& makers() {
   static const std::vector<std::pair<std::string, std::function<Set(Random&)>>> all = {
-      {"cameras", cameras},       {"wedding", wedding},     {"concert", concert},
-      {"interview", interview},   {"strangers", strangers}, {"hard", hard},
-      {"playback", playback},     {"loop", loop},           {"short", shortClips},
-      {"lossy", lossy},           {"dance", dance},         {"takes", takes},
-      {"waits", waits},           {"hopeless", hopeless},   {"long", longOnes},
-      {"conference", conference}, {"hundred", hundred},     {"thousand", thousand}};
+      {"cameras", cameras},       {"wedding", wedding},
+      {"concert", concert},       {"interview", interview},
+      {"strangers", strangers},   {"hard", hard},
+      {"playback", playback},     {"loop", loop},
+      {"short", shortClips},      {"lossy", lossy},
+      {"dance", dance},           {"takes", takes},
+      {"waits", waits},           {"handheld", handheld},
+      {"hopeless", hopeless},     {"long", longOnes},
+      {"conference", conference}, {"hundred", hundred},
+      {"thousand", thousand}};
   return all;
 }
 

@@ -30,7 +30,8 @@ std::vector<float> sampled(const std::vector<float>& stage, const Take& take) {
   std::vector<float> out(static_cast<std::size_t>(take.lengthSeconds * kRate));
   const double step = double(kStageRate) / kRate / (1 + take.microphone.driftPpm * 1e-6);
   for (std::size_t n = 0; n < out.size(); ++n) {
-    const double at = take.startSeconds * kStageRate + double(n) * step;
+    const double then = take.startSeconds * kStageRate + double(n) * step;
+    const double at = then - lateness(take, then / kStageRate) * kStageRate;
     const auto centre = static_cast<std::int64_t>(std::floor(at));
     const auto phase = static_cast<std::size_t>((1 - (at - double(centre))) * kSteps);
     float sum = 0;
@@ -178,6 +179,17 @@ void toSixteenBit(std::vector<float>& samples, bool clips) {
 }
 
 }  // namespace
+
+double lateness(const Take& take, double eventSeconds) {
+  constexpr double kSoundMetresPerSecond = 343;
+  const auto after = std::ranges::upper_bound(take.way, eventSeconds, {}, &Take::Stand::seconds);
+  if (take.way.empty()) return 0;
+  if (after == take.way.begin()) return after->metres / kSoundMetresPerSecond;
+  const Take::Stand &a = *(after - 1), &b = after == take.way.end() ? a : *after;
+  const double share =
+      b.seconds > a.seconds ? (eventSeconds - a.seconds) / (b.seconds - a.seconds) : 0;
+  return (a.metres + share * (b.metres - a.metres)) / kSoundMetresPerSecond;
+}
 
 std::vector<float> render(const Take& take, const std::vector<float>& stage, Random& random) {
   const Microphone& mic = take.microphone;

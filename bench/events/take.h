@@ -35,7 +35,14 @@ struct Take {
   double lengthSeconds = 0;  // on the device's clock
   Microphone microphone;
   std::vector<Span> muted;  // switched off, on the event's clock: nothing but zeros
+  struct Stand {
+    double seconds, metres;  // on the event's clock; from where the sound comes
+  };
+  std::vector<Stand> way;  // of a device that is carried about, in order; straight between them
 };
+
+/// How much later than at its source the event is heard at a time on the event's clock, in seconds.
+double lateness(const Take& take, double eventSeconds);
 
 /// The take's samples at kRate, 16 bit steps. The direct sound of event time t stands at sample
 /// (t - start) * kRate * (1 + drift): the truth that positions are compared with.
