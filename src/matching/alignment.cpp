@@ -40,11 +40,11 @@ void summarise(Alignment& alignment, const DelayLine& line,
     if (line.heights[i] < kSupport) continue;
     const double at = windows[i].atSeconds;
     heights.push_back(line.heights[i]);
-    distinctions.push_back(line.heights[i] /
-                           highestElsewhere(windows[i], line.delaySamples + line.slope * at));
+    distinctions.push_back(line.heights[i] / highestElsewhere(windows[i], line.delays[i]));
     from = std::min(from, at);
     to = std::max(to, at);
   }
+  alignment.wanders = line.wanders;
   alignment.evidence = line.evidence;
   alignment.windows = static_cast<int>(windows.size());
   alignment.support = static_cast<int>(heights.size());
@@ -57,6 +57,7 @@ void summarise(Alignment& alignment, const DelayLine& line,
 
 bool believed(const Alignment& a) {
   if (a.support < 3 || a.spreadSeconds < 1.5) return false;
+  if (a.wanders && (a.support < 4 || a.support * 10 < 3 * a.windows)) return false;
   const bool clear = (a.strength >= 15 && a.distinct >= 1.8) ||  // few such windows are enough
                      (a.strength >= 25 && a.support * 2 >= a.windows);  // echoes beside the peak
   return clear || (a.support >= 4 && a.support * 10 >= 3 * a.windows && a.evidence >= 14 &&

@@ -21,6 +21,8 @@ struct Alignment {
   int windows = 0;           // ... of so many
   double spreadSeconds = 0;  // from the first supporting window to the last
   double confidence = 0;     // 0 to 1
+  bool wanders = false;      // a device was carried about: errorSeconds is how far the sound's way
+                             // moves it to either side
 };
 
 /// Fills in what `line` and the windows it runs through say: strength, evidence, distinction,

@@ -29,9 +29,7 @@ std::vector<float> emptyStack() { return std::vector<float>(2 * kReach + 7, 0.0f
 std::vector<float> stackedAlong(std::span<const WindowCorrelation> windows, const DelayLine& line) {
   std::vector<float> sum = emptyStack();
   for (std::size_t w = 0; w < windows.size(); ++w)
-    if (line.heights[w] >= kSupport)
-      stack(sum, windows[w].lags,
-            std::lround(line.delaySamples + line.slope * windows[w].atSeconds));
+    if (line.heights[w] >= kSupport) stack(sum, windows[w].lags, std::lround(line.delays[w]));
   return sum;
 }
 

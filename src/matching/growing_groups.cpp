@@ -19,7 +19,7 @@ GrowingGroups::GrowingGroups(std::span<const Recording> recordings)
 bool GrowingGroups::agrees(const Alignment& a) {
   const double longest = std::max(secondsOf(recordings_[std::size_t(a.first)]),
                                   secondsOf(recordings_[std::size_t(a.second)]));
-  return std::abs(shift(a)) < offsetTolerance(longest);
+  return std::abs(shift(a)) < offsetTolerance(longest) + 2 * a.errorSeconds;
 }
 
 bool GrowingGroups::possible(const Alignment& a) {

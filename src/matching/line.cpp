@@ -146,9 +146,10 @@ DelayLine bestLine(std::span<const WindowCorrelation> windows) {
   refine(windows, line);
   refine(windows, line);
   line.evidence = evidenceOf(windows, line.delaySamples, line.slope);
-  for (const auto& window : windows)
-    line.heights.push_back(
-        peakNear(window, line.delaySamples + line.slope * window.atSeconds).height);
+  for (const auto& window : windows) {
+    line.delays.push_back(line.delaySamples + line.slope * window.atSeconds);
+    line.heights.push_back(peakNear(window, line.delays.back()).height);
+  }
   return line;
 }
 

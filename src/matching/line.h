@@ -11,7 +11,8 @@ struct WindowCorrelation {
   std::vector<float> lags;  // see correlate(); the middle element is the supposed offset
 };
 
-/// A straight line through the windows' delays: delay(t) = samples + slope * t.
+/// A straight line through the windows' delays: delay(t) = samples + slope * t. Or, where a device
+/// was carried about, every window's own delay and no slope.
 struct DelayLine {
   double delaySamples = 0;     // at the overlap's middle, against the supposed offset
   double slope = 0;            // samples per second; 0.008 is one part in a million
@@ -19,11 +20,18 @@ struct DelayLine {
   double evidence = 0;         // what the windows say together; grows with their number
   double errorSamples = 0;     // standard error of delaySamples
   double slopeError = 0;       // standard error of slope; 0 = slope not measured
+  std::vector<double> delays;  // per window: of the line there, or of its own
+  bool wanders = false;        // the delays are the windows' own
 };
 
 /// The line with the most evidence. Windows far from any peak on it count nothing, so that pauses
 /// and noise do no harm; one window alone can never say much.
 DelayLine bestLine(std::span<const WindowCorrelation> windows);
+
+/// The windows' own delays where most of those that say something clearly, each for itself, are not
+/// on the `straight` line; else that line. Its delay is the middle between the least and the most,
+/// its error half of what lies between them.
+DelayLine wanderingOr(DelayLine straight, std::span<const WindowCorrelation> windows);
 
 /// Whether one of the two recordings seems to have the other sign, as through exchanged wires: the
 /// correlations reach clearly farther down than up.

@@ -49,6 +49,7 @@ bool mayStillConvince(const Alignment& a) { return a.evidence >= (a.windows > 8 
 
 bool worthMore(const Alignment& a) {
   if (!believed(a)) return mayStillConvince(a);
+  if (a.wanders) return a.windows < int(kMany);
   return !nearlyEverywhere(a) || (a.evidence < kPlenty && a.strength < kPastRepetition);
 }
 
@@ -123,7 +124,7 @@ const DelayLine& Listening::listenTo(std::size_t windows) {
     correlations_.push_back({middles_[i] - middle(), std::move(lags[i - known])});
     if (inverted_) turn(correlations_.back());
   }
-  line_ = bestLine(correlations_);
+  line_ = wanderingOr(bestLine(correlations_), correlations_);
   turnIfInverted();
   return line_;
 }
@@ -135,7 +136,7 @@ void Listening::turnIfInverted() {
   if (inverted_ || !looksInverted(correlations_)) return;
   std::vector<WindowCorrelation> turned = correlations_;
   std::ranges::for_each(turned, turn);
-  const DelayLine line = bestLine(turned);
+  const DelayLine line = wanderingOr(bestLine(turned), turned);
   if (heightOf(line) < kShare * heightOf(line_) + kMore) return;
   inverted_ = true;
   correlations_ = std::move(turned);
@@ -162,7 +163,7 @@ Alignment Listening::glance() {
 Alignment Listening::exact() {
   if (overlap() > kLongOverlap)
     listenTo(kMany);
-  else if (!plain(listenTo(kFew)))
+  else if (const DelayLine& line = listenTo(kFew); line.wanders || !plain(line))
     listenTo(kSome);
   for (const std::size_t more : {kMany, kMost})
     if (middles_.size() > correlations_.size() && worthMore(summary())) listenTo(more);
@@ -177,6 +178,7 @@ Alignment Listening::thorough() {
 
 // Only pairs with echoes nearly as loud as the direct sound need the look at their own echoes.
 DirectSound Listening::findDirect() const {
+  if (line_.wanders) return {};
   const auto peaks = responsePeaks(correlations_, line_);
   if (peaks.size() < 2) return {};
   const std::size_t count = std::min(kSome, middles_.size());

@@ -45,6 +45,26 @@ TEST(Listening, HearsARecordingWhoseSignIsInverted) {
   EXPECT_FALSE(believed(shoot.verified(8.0)));
 }
 
+// Its bearer stood at three places, from which the sound came later and later.
+TEST(Listening, HearsARecordingThatWasCarriedAbout) {
+  Shoot shoot;
+  shoot.add("a", recorded(1, 0, 60));
+  std::vector<float> carried;
+  for (const double late : {0.0, 0.011, 0.03}) {
+    const double start = 3 + double(carried.size()) / kSampleRate;
+    const std::vector<float> stood = recorded(1, start - late, 15);
+    carried.insert(carried.end(), stood.begin(), stood.end());
+  }
+  shoot.add("b", carried);
+  const Alignment found = shoot.verified(3.02);
+  EXPECT_TRUE(believed(found));
+  EXPECT_TRUE(found.wanders);
+  EXPECT_NEAR(found.offsetSeconds, 3 - 0.015, 0.001);
+  EXPECT_NEAR(found.errorSeconds, 0.015, 0.001);
+  EXPECT_EQ(found.support, found.windows);
+  EXPECT_FALSE(believed(shoot.verified(8.0)));
+}
+
 TEST(DirectSound, IsThePeakWhoseEchoesExplainTheOthers) {
   // b hears an echo 80 samples late and louder than the direct sound, which stands 80 samples later
   // in the correlation than the line through the highest peak; as seen from b it is the reverse.
