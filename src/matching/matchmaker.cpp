@@ -44,12 +44,17 @@ Matchmaker::Matchmaker(std::span<const Recording> recordings, const SoundReader&
       progress_(progress),
       textures_(recordings, sound),
       connected_(static_cast<int>(recordings.size())),
-      matchCount_(recordings.size(), 0),
-      partners_(recordings.size(), 0) {}
+      matchCount_(recordings.size(), 0) {}
 
 bool Matchmaker::small() const { return recordings_.size() <= kSmallSet; }
 
 bool Matchmaker::cancelled() const { return progress_.cancelled && progress_.cancelled(); }
+
+std::vector<int> Matchmaker::partners() const {
+  std::vector<int> count(recordings_.size(), 0);
+  for (const auto& [a, b] : heard_) ++count[std::size_t(a)], ++count[std::size_t(b)];
+  return count;
+}
 
 void Matchmaker::followVotes(std::span<const Suspicion> suspicions) {
   std::vector<Suspicion> promising;
@@ -94,7 +99,7 @@ void Matchmaker::examineAll(std::span<const Suspicion* const> batch) {
 #pragma omp parallel for schedule(dynamic)
   for (std::size_t i = 0; i < batch.size(); ++i)
     if (!cancelled()) found[i] = examine(*batch[i], recordings_, sound_, textures_);
-  for (const int file : files) ++partners_[std::size_t(file)];
+  for (const Suspicion* s : batch) heard_.insert(std::minmax(s->first, s->second));
   for (std::optional<Match>& match : found)
     if (match) add(std::move(*match));
 }

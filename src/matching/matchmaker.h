@@ -34,7 +34,7 @@ class Matchmaker {
   const std::vector<Match>& matches() const { return matches_; }
 
   /// How many others each recording was held against.
-  const std::vector<int>& partners() const { return partners_; }
+  std::vector<int> partners() const;
 
  private:
   bool small() const;
@@ -50,9 +50,9 @@ class Matchmaker {
   const SoundReader& sound_;
   const PlacementProgress& progress_;
   Textures textures_;
-  OffsetForest connected_;                  // by matches past all doubt
-  std::vector<int> matchCount_, partners_;  // per file
-  std::set<std::pair<int, int>> matched_;   // pairs
+  OffsetForest connected_;                         // by matches past all doubt
+  std::vector<int> matchCount_;                    // per file
+  std::set<std::pair<int, int>> heard_, matched_;  // pairs: listened to, and with success
   std::vector<Match> matches_;
 };
 

@@ -17,6 +17,7 @@ constexpr int kRounds = 5;
 struct Equation {
   int from, to;  // unknowns: value[to] - value[from] = difference
   double difference, error;
+  bool wanders = false;  // the error is no chance that others make up for
   double weight = 1;
 };
 
@@ -107,19 +108,32 @@ void solveDrift(const Numbering& numbers, std::span<const Match> matches, int re
   }
 }
 
-// A position's own error is that of its surest matches, not its distance from a far anchor.
+// A position's own error is that of its surest matches, not its distance from a far anchor. How far
+// a carried device is off is no chance that many matches make up for.
 void estimateErrors(const Numbering& numbers, std::span<const Equation> equations, Positions& out) {
-  std::vector<double> weights(numbers.member.size(), 0.0);
+  struct Sum {
+    double weights = 0, squares = 0;
+    int wandering = 0, all = 0;
+  };
+  std::vector<Sum> sums(numbers.member.size());
   for (const Equation& e : equations) {
     const double off =
         out.seconds[std::size_t(e.to)] - out.seconds[std::size_t(e.from)] - e.difference;
-    const double weight = 1 / (e.error * e.error + off * off);
-    weights[std::size_t(e.from)] += weight;
-    weights[std::size_t(e.to)] += weight;
+    const double square = e.error * e.error + off * off;
+    for (const int unknown : {e.from, e.to}) {
+      Sum& sum = sums[std::size_t(unknown)];
+      sum.weights += 1 / square;
+      sum.squares += square;
+      sum.wandering += e.wanders;
+      ++sum.all;
+    }
   }
-  out.errorSeconds.resize(weights.size());
-  std::ranges::transform(weights, out.errorSeconds.begin(),
-                         [](double w) { return w > 0 ? 1 / std::sqrt(w) : 1.0; });
+  for (const Sum& sum : sums) {
+    const bool carried = 2 * sum.wandering > sum.all;
+    out.errorSeconds.push_back(sum.all == 0 ? 1.0
+                               : carried    ? std::sqrt(sum.squares / sum.all)
+                                            : 1 / std::sqrt(sum.weights));
+  }
 }
 
 }  // namespace
@@ -131,7 +145,8 @@ Positions solvePositions(std::span<const Recording> recordings, std::span<const 
   std::vector<Equation> equations;
   for (const Match& m : matches)
     equations.push_back({numbers.member.at(m.best.first), numbers.member.at(m.best.second),
-                         m.best.offsetSeconds, std::hypot(kLeastError, m.best.errorSeconds)});
+                         m.best.offsetSeconds, std::hypot(kLeastError, m.best.errorSeconds),
+                         m.best.wanders});
   const auto count = static_cast<int>(members.size());
   const Eigen::VectorXd value =
       robustSolution(count, equations, numbers.member.at(reference), kFar);

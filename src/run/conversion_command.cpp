@@ -33,6 +33,19 @@ Command conversionCommand(std::string_view programFolder, std::string_view entry
            "-ac", "1", "-f", "wav", "-y", fileArgument(target)}};
 }
 
+Command trackCommand(std::string_view programFolder, std::string_view entry,
+                     const TrackChoice& choice, const std::string& target) {
+  const std::string source(entry), track = "0:a:" + std::to_string(choice.track);
+  const std::string channels = choice.firstChannel ? "pan=mono|c0=c0" : "anull";
+  std::string line = "\"";
+  line.append(programFolder).append("ffmpeg.exe\" -i \"").append(source);
+  line.append("\" -vn -map ").append(track).append(" -af \"").append(channels);
+  line.append("\" -acodec pcm_s16le -ar 8000 -ac 1 -f wav -y \"").append(target) += '"';
+  return {line,
+          {"ffmpeg", "-i", fileArgument(source), "-vn", "-map", track, "-af", channels, "-acodec",
+           "pcm_s16le", "-ar", "8000", "-ac", "1", "-f", "wav", "-y", fileArgument(target)}};
+}
+
 std::string macConversionCommand(std::string_view entry) {
   return "./Kestrel.app/ffmpeg   -i \"" + std::string(entry) +
          "\" -vn  -ar 8000 -ac 1 -f wav -y \"" + convertedName(entry) + "\"";

@@ -15,6 +15,16 @@ std::string programFolder();
 /// works. Pure.
 Command conversionCommand(std::string_view programFolder, std::string_view entry);
 
+/// One of a file's sound tracks, counted from 0: all of its channels, or the first of them alone.
+struct TrackChoice {
+  int track;
+  bool firstChannel;
+};
+
+/// The same for one track, into the file `target`. Pure.
+Command trackCommand(std::string_view programFolder, std::string_view entry,
+                     const TrackChoice& choice, const std::string& target);
+
 /// The same for a macOS build, as text: it is shown, not run.
 std::string macConversionCommand(std::string_view entry);
 

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "analysis/sound.h"
 #include "export/documents.h"
 #include "report/diagnostics.h"
 #include "report/disk.h"
@@ -18,7 +17,7 @@ timeline::Media mediaOf(const Material& material, int file) {
   const Entry& entry = material.entries[file];
   timeline::Media media;
   media.path = entry.listed;
-  media.durationSeconds = double(material.samples[file]) / analysis::kSampleRate;
+  media.durationSeconds = clipSeconds(material, file);
   media.hasVideo = entry.pictureRate().has_value();
   media.frameRate = entry.pictureRate().value_or(0);
   media.width = entry.media.width;

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "analysis/matrix.h"
+#include "analysis/sound.h"
 #include "run/device_groups.h"
 #include "run/entry.h"
 
@@ -28,5 +29,11 @@ struct Material {
   std::vector<std::string> sounds;    // where each converted sound can be read
   std::vector<std::int64_t> samples;  // exact lengths at 8000 Hz; 0: no sound
 };
+
+/// How long a clip is: its sound from the moment at which its picture begins.
+inline double clipSeconds(const Material& material, int file) {
+  return double(material.samples[file]) / analysis::kSampleRate +
+         material.entries[file].media.soundStart;
+}
 
 }  // namespace run

@@ -1,6 +1,8 @@
 #include "run/media_probe.h"
 
+#include <algorithm>
 #include <charconv>
+#include <cmath>
 #include <string_view>
 
 #include "report/long_path.h"
@@ -10,6 +12,8 @@
 
 namespace run {
 namespace {
+
+constexpr double kMilliseconds = 1e-3;
 
 /// One file, opened by the library.
 class MediaFile {
@@ -49,8 +53,17 @@ class MediaFile {
   bool opened_ = false;
 };
 
+// Where tracks have edit lists a negative delay is the encoder's, and decoders leave that out.
+double soundStart(const MediaFile& file) {
+  constexpr double kBelievable = 10;  // seconds; more is a broken time stamp
+  const double inTrack = file.number(MediaInfo_Stream_Audio, "Source_Delay");
+  const double afterPicture = file.number(MediaInfo_Stream_Audio, "Video_Delay");
+  const bool edited = !file.text(MediaInfo_Stream_Audio, "Source_Delay").empty();
+  const double seconds = (edited ? std::max(0.0, inTrack) : afterPicture) * kMilliseconds;
+  return std::abs(seconds) < kBelievable ? seconds : 0;
+}
+
 MediaProperties propertiesOf(const MediaFile& file) {
-  constexpr double kMilliseconds = 1e-3;
   MediaProperties media;
   media.opened = true;
   media.frameRate = file.text(MediaInfo_Stream_Video, "FrameRate");
@@ -61,6 +74,7 @@ MediaProperties propertiesOf(const MediaFile& file) {
   media.audioChannels = static_cast<int>(file.number(MediaInfo_Stream_Audio, "Channel(s)"));
   media.audioRate = static_cast<int>(file.number(MediaInfo_Stream_Audio, "SamplingRate"));
   media.audioSeconds = file.number(MediaInfo_Stream_Audio, "Duration") * kMilliseconds;
+  if (media.width > 0) media.soundStart = soundStart(file);
   media.seconds = file.number(MediaInfo_Stream_General, "Duration") * kMilliseconds;
   return media;
 }

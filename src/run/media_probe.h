@@ -16,7 +16,8 @@ struct MediaProperties {
   int audioStreams = 0;
   int audioChannels = 0, audioRate = 0;  // of the first sound stream; Hz
   double audioSeconds = 0;
-  double seconds = 0;  // of the container
+  double soundStart = 0;  // seconds after the picture's; 0 without a picture
+  double seconds = 0;     // of the container
 };
 
 /// Asks media files for their properties; tests bring their own.

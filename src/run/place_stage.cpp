@@ -2,10 +2,11 @@
 
 #include <algorithm>
 #include <charconv>
-#include <cmath>
+#include <limits>
 
 #include "analysis/sound.h"
 #include "report/text.h"
+#include "run/sound_level.h"
 
 namespace run {
 namespace {
@@ -42,7 +43,7 @@ Member memberOf(const matching::Placed& placed, const Material& material,
   Member member;
   member.path = entry.listed;
   member.offsetSeconds = placed.offsetSeconds;
-  member.durationSeconds = double(material.samples[placed.file]) / analysis::kSampleRate;
+  member.durationSeconds = clipSeconds(material, placed.file);
   member.frameRate = entry.pictureRate();
   member.confidence = placed.confidence;
   member.device = devices[placed.file];
@@ -54,15 +55,17 @@ Member memberOf(const matching::Placed& placed, const Material& material,
   return member;
 }
 
-bool isSilent(const std::string& sound, std::int64_t samples) {
-  constexpr std::int64_t kPiece = 60 * analysis::kSampleRate;
-  constexpr float kQuiet = 2e-4f;  // a few steps of 16 bits: what a muted input gives
-  for (std::int64_t first = 0; first < samples; first += kPiece) {
-    const auto piece = analysis::readPiece(sound, first, std::min(kPiece, samples - first));
-    if (std::ranges::any_of(piece, [](float value) { return std::abs(value) > kQuiet; }))
-      return false;
+/// Clips begin with their pictures, of which the sounds that were placed may be late.
+void moveToClipStarts(Placement& placement, const Material& material) {
+  for (matching::PlacedGroup& group : placement.groups) {
+    double earliest = std::numeric_limits<double>::infinity();
+    for (matching::Placed& member : group.members) {
+      member.offsetSeconds -= material.entries[member.file].media.soundStart;
+      earliest = std::min(earliest, member.offsetSeconds);
+    }
+    for (matching::Placed& member : group.members) member.offsetSeconds -= earliest;
+    std::ranges::stable_sort(group.members, {}, &matching::Placed::offsetSeconds);
   }
-  return true;
 }
 
 LeftOut leftAlone(const matching::Alone& alone, const Material& material) {
@@ -70,7 +73,7 @@ LeftOut leftAlone(const matching::Alone& alone, const Material& material) {
   const std::string& path = material.entries[alone.file].listed;
   const std::int64_t samples = material.samples[alone.file];
   const double seconds = double(samples) / analysis::kSampleRate;
-  if (isSilent(material.sounds[alone.file], samples))
+  if (isSilent(material.sounds[alone.file]))
     return {path, "It is silent.", "Check that its microphone was on, or place it by hand."};
   if (std::ranges::count_if(material.entries, &Entry::isFile) < 2)
     return {path, "There is no other usable recording to compare it with.",
@@ -94,7 +97,9 @@ Placement placeAll(const Material& material, const Comparison& comparison, bool 
   const matching::PlacementProgress progress{
       [&](int done, int total) { services.progress.stage(Stage::place, "", done, total); },
       [&] { return services.cancelled.load(); }};
-  return matching::placeBySound(recordings, comparison.votes, sound, progress);
+  Placement placement = matching::placeBySound(recordings, comparison.votes, sound, progress);
+  moveToClipStarts(placement, material);
+  return placement;
 }
 
 void describePlacement(const Placement& placement, const Material& material, Outcome& outcome) {

@@ -9,6 +9,7 @@
 #include "run/file_list.h"
 #include "run/fingerprint_stage.h"
 #include "run/notices.h"
+#include "run/other_tracks.h"
 #include "run/place_stage.h"
 #include "run/probing.h"
 #include "run/result_list.h"
@@ -76,6 +77,8 @@ void Steps::probe() {
   markUnconverted(material_.entries);
   probeAll(material_.entries, services_, result_, outcome_.ignored);
   dropMarked(material_.entries);
+  for (const std::string& notice : useOtherTracks(material_.entries, spare_, services_))
+    addNotice(notice);
   for (const std::string& notice : noticesOf(missing, material_.entries)) addNotice(notice);
 }
 

@@ -56,6 +56,12 @@ class Event {
                         "mpeg4", "-c:a", "aac", "-ar", "48000", media(name)}));
     return media(name);
   }
+  /// The same with other things than a plain sound: what ffmpeg is given before the target's name.
+  std::string made(const std::string& name, std::vector<std::string> arguments) const {
+    arguments.push_back(media(name));
+    EXPECT_TRUE(ffmpeg(arguments));
+    return media(name);
+  }
   std::filesystem::path results() const { return folder_.path() / "profile/Desktop/SYNCED"; }
   std::filesystem::path work() const { return folder_.path() / "work"; }
 

@@ -80,6 +80,50 @@ TEST(SyncRun, FindsASmallEventAndWritesAllOfItsDocuments) {
   EXPECT_EQ(event.progress.signals, 1);
 }
 
+// Its sound may begin later than the picture, by an edit list or by the time stamps.
+TEST(SyncRun, AClipStandsWhereItsPictureBegins) {
+  Event event;
+  const auto sound = liveSound(60, 11);
+  const std::string a = event.sound("a.wav", sound), late = event.sound("late", cut(sound, 20, 50));
+  const std::string picture = "color=s=64x48:r=25:d=30";
+  const auto clip = [&](const std::string& name, const std::string& codec) {
+    return event.made(name, {"-f", "lavfi", "-i", picture, "-itsoffset", "0.4", "-i", late, "-ar",
+                             "48000", "-c:v", "mpeg2video", "-c:a", codec});
+  };
+  const std::string mov = clip("late.mov", "aac"), mts = clip("late.mts", "ac3");
+  (void)event.run({a, mov, mts});
+  for (const std::string& path : {mov, mts}) {
+    const run::Member* member = memberOf(event.outcome, path);
+    ASSERT_TRUE(member) << path;
+    EXPECT_NEAR(member->offsetSeconds, 19.6, 0.003) << path;
+    EXPECT_NEAR(member->durationSeconds, 30.4, 0.1) << path;
+  }
+  const std::string fcp = readWhole(event.results() / "SYNCED_fcp--14-05-09--.XML");
+  EXPECT_NE(fcp.find("<start>490</start>"), std::string::npos);  // 19.6 s of 25 frames
+}
+
+TEST(SyncRun, ListensToAnotherTrackWhereTheFirstIsSilent) {
+  Event event;
+  const auto sound = liveSound(60, 12);
+  const std::string a = event.sound("a.wav", sound), b = event.sound("b", cut(sound, 10, 40));
+  const std::string silence = event.sound("silence", std::vector<std::int16_t>(30 * 8000));
+  const std::string second = event.made(
+      "second.mov", {"-i", silence, "-i", b, "-f", "lavfi", "-i", "color=s=64x48:r=25:d=30", "-map",
+                     "0", "-map", "1", "-map", "2", "-c:v", "mpeg4", "-c:a", "pcm_s16le"});
+  const std::string cancelling =
+      event.made("cancelling.wav", {"-i", b, "-af", "pan=stereo|c0=c0|c1=-1*c0"});
+  const std::string mute = event.made("mute.wav", {"-i", silence, "-ac", "2"});
+  (void)event.run({a, second, cancelling, mute});
+  for (const std::string& path : {second, cancelling}) {
+    const run::Member* member = memberOf(event.outcome, path);
+    ASSERT_TRUE(member) << path;
+    EXPECT_NEAR(member->offsetSeconds, 10, 0.003) << path;
+  }
+  EXPECT_TRUE(event.noticed("so its track 2 was listened to"));
+  EXPECT_TRUE(event.noticed("cancelling.wav cancel each other out"));
+  EXPECT_EQ(event.reasonFor(mute), "It is silent.");
+}
+
 TEST(SyncRun, EveryUnusableFileIsNamedWithItsReasonAndTheRestGoesOn) {
   Event event;
   const auto sound = liveSound(40, 9);
