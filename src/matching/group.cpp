@@ -101,7 +101,8 @@ Grouping formGroups(Recordings recordings, std::vector<Match> matches) {
       continue;
     }
     grouping.doubts.push_back(doubt(match, groups, recordings));
-    if (!groups.together(match.best)) grouping.undecided.push_back(std::move(match));
+    if (!groups.together(match.best))
+      grouping.undecided.push_back({match.best.first, match.best.second, grouping.doubts.back()});
   }
   for (int file = 0; file < std::ssize(recordings); ++file)
     if (groups.group(file) == file) addGroup(grouping, groups, file);

@@ -8,13 +8,19 @@
 
 namespace matching {
 
+/// A match that would join groups but was not used, and a sentence that says why.
+struct Unused {
+  int first, second;  // file indices
+  std::string why;
+};
+
 /// Groups that the matches form, and what did not fit.
 struct Grouping {
   std::vector<std::vector<int>> members;  // file indices of each group, ascending
   std::vector<double> position;           // per file, seconds on its group's clock; 0 if alone
   std::vector<int> groupOf;               // per file; -1 if alone
   std::vector<Match> kept;                // matches that agree with the positions
-  std::vector<Match> undecided;           // matches that would join groups, but not said where
+  std::vector<Unused> undecided;          // those that would join groups
   std::vector<std::string> doubts;        // a sentence for every match that was not used
 };
 

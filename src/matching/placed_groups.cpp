@@ -5,7 +5,6 @@
 #include <utility>
 
 #include "matching/positions.h"
-#include "matching/sentences.h"
 #include "report/text.h"
 
 namespace matching {
@@ -63,12 +62,11 @@ PlacedGroup placedGroup(const Grouping& grouping, int index,
   return group;
 }
 
-std::string tried(int file, int partners, const Grouping& grouping,
-                  std::span<const Recording> recordings) {
-  const auto match = std::ranges::find_if(grouping.undecided, [&](const Match& m) {
-    return m.best.first == file || m.best.second == file;
+std::string tried(int file, int partners, const Grouping& grouping) {
+  const auto unused = std::ranges::find_if(grouping.undecided, [&](const Unused& match) {
+    return match.first == file || match.second == file;
   });
-  if (match != grouping.undecided.end()) return repetition(*match, recordings);
+  if (unused != grouping.undecided.end()) return unused->why;
   if (partners == 0) return "There was nothing to compare it with.";
   return "Its sound was held against " + report::countText(partners, "other recording") +
          " at every offset that seemed possible; none fits along the whole overlap.";
@@ -88,8 +86,7 @@ Placement placementOf(const Grouping& grouping, std::span<const Recording> recor
   });
   for (int file = 0; file < std::ssize(recordings); ++file)
     if (grouping.groupOf[std::size_t(file)] < 0 && recordings[std::size_t(file)].samples > 0)
-      placement.alone.push_back(
-          {file, tried(file, partners[std::size_t(file)], grouping, recordings)});
+      placement.alone.push_back({file, tried(file, partners[std::size_t(file)], grouping)});
   return placement;
 }
 

@@ -53,7 +53,8 @@ std::string deviceConflict(const Alignment& match, std::span<const Recording> re
   return recordings[match.first].name + " and " + recordings[match.second].name + " also fit " +
          inSeconds(match.offsetSeconds) +
          " apart, but recordings of one device would then run at the same time; this match was "
-         "left out.";
+         "left out. Tracks that a recorder made at one time must be added one by one, not as the "
+         "files of one device.";
 }
 
 std::string repetition(const Match& match, std::span<const Recording> recordings) {

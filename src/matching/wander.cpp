@@ -6,14 +6,14 @@
 namespace matching {
 namespace {
 
-constexpr float kClear = 12;         // height that unrelated sound never has
-constexpr float kFaint = 8;          // ... and hardly ever, near where others have theirs
-constexpr float kAlone = 1.5f;       // ... and so many times higher than the rest of its window
-constexpr int kPeakWidth = 16;       // samples; what belongs to a peak
-constexpr double kWay = 800;         // samples; sound comes 17 m in 50 ms, and both may be carried
-constexpr float kExplained = 0.5f;   // of the window's peak; echoes reach more
+constexpr float kClear = 12;          // height that unrelated sound never has
+constexpr float kFaint = 8;           // ... and hardly ever, near where others have theirs
+constexpr float kAlone = 1.5f;        // ... and so many times higher than the rest of its window
+constexpr int kPeakWidth = 16;        // samples; what belongs to a peak
+constexpr double kWay = 800;          // samples; sound comes 17 m in 50 ms, and both may be carried
+constexpr float kExplained = 0.5f;    // of the window's peak; echoes reach more
 constexpr double kMostOfThem = 0.85;  // explained by the line, they are all on it but for accidents
-constexpr float kMostEach = 4.5f;    // evidence of one window
+constexpr float kMostEach = 4.5f;     // evidence of one window
 
 struct Peak {
   std::size_t window;

@@ -36,6 +36,9 @@ TEST(FormGroups, NeverLaysADevicesFilesOverEachOther) {
   const Grouping grouping = formGroups(recordings, {match(0, 2, 10, 40), match(1, 2, 20, 30)});
   EXPECT_EQ(grouping.members, (std::vector<std::vector<int>>{{0, 2}}));
   EXPECT_EQ(grouping.doubts.size(), 1u);
+  ASSERT_EQ(grouping.undecided.size(), 1u);
+  EXPECT_EQ(grouping.undecided[0].first, 1);
+  EXPECT_NE(grouping.undecided[0].why.find("of one device"), std::string::npos);
 }
 
 TEST(FormGroups, LeavesAloneWhatFitsAtSeveralOffsetsAlike) {
