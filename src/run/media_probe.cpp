@@ -53,13 +53,17 @@ class MediaFile {
   bool opened_ = false;
 };
 
-// Where tracks have edit lists a negative delay is the encoder's, and decoders leave that out.
+// By the tracks' edit lists, where a negative delay is the encoder's and left out by decoders, or
+// by the time stamps.
 double soundStart(const MediaFile& file) {
   constexpr double kBelievable = 10;  // seconds; more is a broken time stamp
-  const double inTrack = file.number(MediaInfo_Stream_Audio, "Source_Delay");
-  const double afterPicture = file.number(MediaInfo_Stream_Audio, "Video_Delay");
+  const auto inTrack = [&](MediaInfo_stream_C stream) {
+    return std::max(0.0, file.number(stream, "Source_Delay"));
+  };
   const bool edited = !file.text(MediaInfo_Stream_Audio, "Source_Delay").empty();
-  const double seconds = (edited ? std::max(0.0, inTrack) : afterPicture) * kMilliseconds;
+  const double seconds =
+      kMilliseconds * (edited ? inTrack(MediaInfo_Stream_Audio) - inTrack(MediaInfo_Stream_Video)
+                              : file.number(MediaInfo_Stream_Audio, "Video_Delay"));
   return std::abs(seconds) < kBelievable ? seconds : 0;
 }
 
