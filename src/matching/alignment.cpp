@@ -57,9 +57,9 @@ void summarise(Alignment& alignment, const DelayLine& line,
 
 bool believed(const Alignment& a) {
   if (a.support < 3 || a.spreadSeconds < 1.5) return false;
-  if (a.wanders && (a.support < 4 || a.support * 10 < 3 * a.windows)) return false;
   const bool clear = (a.strength >= 15 && a.distinct >= 1.8) ||  // few such windows are enough
                      (a.strength >= 25 && a.support * 2 >= a.windows);  // echoes beside the peak
+  if (a.wanders) return clear && a.support >= 4 && a.support * 10 >= 3 * a.windows;
   return clear || (a.support >= 4 && a.support * 10 >= 3 * a.windows && a.evidence >= 14 &&
                    a.strength >= 6.5 && a.distinct >= 1.2);
 }

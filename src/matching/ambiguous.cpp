@@ -14,6 +14,8 @@ namespace matching {
 namespace {
 
 constexpr double kMostOfIt = 0.45;  // share of the usual from which a match is more than its music
+constexpr double kLong = 60;        // seconds over which nothing that returns fits from end to end
+constexpr double kWide = 0.6;       // of the overlap, from the first window that fits to the last
 constexpr double kEnoughToSee = 4;  // seconds of overlap in which a repetition would have been seen
 
 /// That a recording hears the same again so much later, and how strongly.
@@ -58,6 +60,13 @@ double shareOf(const Alignment& a, const std::map<int, Usual>& usual) {
          std::min(x.distinct, y.distinct) * everywhere * everywhere;
 }
 
+// Whether it fits so long, and nowhere else, that a repetition would have shown.
+bool fitsThroughout(const Match& m) {
+  const Alignment& a = m.best;
+  return m.rivals.empty() && a.overlapSeconds >= kLong &&
+         a.spreadSeconds >= kWide * a.overlapSeconds;
+}
+
 double overlapAt(double offset, const Recording& first, const Recording& second) {
   return std::min(secondsOf(first), offset + secondsOf(second)) - std::max(0.0, offset);
 }
@@ -79,7 +88,7 @@ std::vector<Match> takeAmbiguous(std::vector<Match>& matches,
   const auto repetitions = repetitionsOf(matches);
   const auto usual = usualOf(matches);
   const auto ambiguous = [&](const Match& m) {
-    if (shareOf(m.best, usual) < kMostOfIt) return true;
+    if (!fitsThroughout(m) && shareOf(m.best, usual) < kMostOfIt) return true;
     return std::ranges::any_of(std::array{m.best.first, m.best.second}, [&](int file) {
       const auto known = repetitions.find(file);
       return known != repetitions.end() &&

@@ -157,7 +157,22 @@ Alignment Listening::summary(const DirectSound& direct) const {
 Alignment Listening::glance() {
   const DelayLine& line = listenTo(kFew);
   if (line.evidence >= kGlimmer && !plain(line)) listenTo(kSome);
+  if (line_.evidence > kGlimmer && leavesReach()) comeNearer();
   return summary();
+}
+
+// Whether the line runs past the correlations' ends, or nearly so: drift adds to a vague offset.
+bool Listening::leavesReach() const {
+  constexpr double kNearly = 0.9;
+  const double farthest = std::abs(line_.delaySamples) + std::abs(line_.slope) * overlap() / 2;
+  return farthest > kNearly * maxLag_;
+}
+
+// Begins again at the offset that the line has, if there is more to hear from there.
+void Listening::comeNearer() {
+  Listening nearer(pair_, offset_ + line_.delaySamples / kSampleRate, *sound_, lively_);
+  nearer.listenTo(kSome);
+  if (nearer.line_.evidence > line_.evidence) *this = std::move(nearer);
 }
 
 Alignment Listening::exact() {

@@ -46,6 +46,8 @@ class Listening {
   void chooseWindows();
   const DelayLine& listenTo(std::size_t windows);
   void turnIfInverted();
+  bool leavesReach() const;
+  void comeNearer();
   std::vector<float> piece(int file, double middle) const;
   DirectSound findDirect() const;
   Alignment summary(const DirectSound& direct = {}) const;

@@ -4,6 +4,7 @@
 
 #include "matching/correlate.h"
 #include "matching/direct.h"
+#include "matching/listening.h"
 #include "tests/matching/shoot.h"
 
 namespace matching {
@@ -30,6 +31,21 @@ TEST(Listening, MeasuresTheDriftOfTwoClocks) {
   EXPECT_NEAR(found.driftPpm, -45, 0.5);
   const double middle = 65;  // where the position is right
   EXPECT_NEAR(found.offsetSeconds, middle * 1.00002 - (middle - 5) * 0.999975, 0.0001);
+}
+
+// Drift takes the last windows out of reach of an offset that is right for the first ones only.
+TEST(Listening, ComesNearerWhereTheOffsetIsVague) {
+  Shoot shoot;
+  shoot.add("a", recorded(1, 0, 250, 60));
+  shoot.add("b", recorded(1, 5, 240, -60));
+  const SoundReader sound = shoot.reader();
+  Listening listening({0, 1, shoot.recordings[0].samples, shoot.recordings[1].samples}, 5.115,
+                      sound);
+  (void)listening.glance();
+  const Alignment found = listening.exact();
+  EXPECT_EQ(found.support, found.windows);
+  EXPECT_NEAR(found.driftPpm, -120, 0.5);
+  EXPECT_NEAR(found.offsetSeconds, 125 * 1.00006 - 120 * 0.99994, 0.0001);
 }
 
 // Exchanged wires turn the correlation upside down; its second highest peak is no place.
