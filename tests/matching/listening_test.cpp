@@ -39,7 +39,7 @@ TEST(Listening, ComesNearerWhereTheOffsetIsVague) {
   shoot.add("a", recorded(1, 0, 250, 60));
   shoot.add("b", recorded(1, 5, 240, -60));
   const SoundReader sound = shoot.reader();
-  Listening listening({0, 1, shoot.recordings[0].samples, shoot.recordings[1].samples}, 5.115,
+  Listening listening({0, 1, shoot.recordings[0].samples, shoot.recordings[1].samples}, 5.125,
                       sound);
   (void)listening.glance();
   const Alignment found = listening.exact();
