@@ -97,9 +97,9 @@ Why fromConversion(const Entry& entry, MediaProbe& probe) {
   const bool named = messages.find(kNoIndex) == std::string::npos || beginsLikeMovie(entry.listed);
   if (auto why = fromMessages(messages); why && named) return *why;
   const MediaProperties media = probe.query(entry.listed);
-  if (media.opened && media.audioStreams == 0 && !media.frameRate.empty())
+  if (media.opened && media.facts.sounds.empty() && !media.frameRate.empty())
     return *fromMessages("does not contain any stream");
-  if (media.opened && media.audioStreams > 0 && entry.conversion.exitCode == 0)
+  if (media.opened && !media.facts.sounds.empty() && entry.conversion.exitCode == 0)
     return {"its sound is too short to be used", "Leave it out, or place it by hand."};
   return *fromMessages("Invalid data found");
 }

@@ -20,10 +20,11 @@ timeline::Media mediaOf(const Material& material, int file) {
   media.durationSeconds = clipSeconds(material, file);
   media.hasVideo = entry.pictureRate().has_value();
   media.frameRate = entry.pictureRate().value_or(0);
-  media.width = entry.media.width;
-  media.height = entry.media.height;
-  media.audioChannels = entry.media.audioChannels;
-  media.audioRate = entry.media.audioRate;
+  const project::Picture picture = entry.media.facts.picture.value_or(project::Picture{});
+  media.width = picture.width;
+  media.height = picture.height;
+  media.audioChannels = entry.media.firstSound().channels;
+  media.audioRate = entry.media.firstSound().rate;
   media.device = entry.device;
   return media;
 }

@@ -33,7 +33,7 @@ struct Material {
 /// How long a clip is: its sound from the moment at which its picture begins.
 inline double clipSeconds(const Material& material, int file) {
   return double(material.samples[file]) / analysis::kSampleRate +
-         material.entries[file].media.soundStart;
+         material.entries[file].media.firstSound().startSeconds;
 }
 
 }  // namespace run

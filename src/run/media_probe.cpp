@@ -1,19 +1,13 @@
 #include "run/media_probe.h"
 
-#include <algorithm>
-#include <charconv>
-#include <cmath>
-#include <string_view>
-
 #include "report/long_path.h"
+#include "run/media_fields.h"
 #include "run/media_info_library.h"
 #include "run/utf8_scope.h"
 #include "run/wide_text.h"
 
 namespace run {
 namespace {
-
-constexpr double kMilliseconds = 1e-3;
 
 /// One file, opened by the library.
 class MediaFile {
@@ -29,59 +23,39 @@ class MediaFile {
   MediaFile& operator=(const MediaFile&) = delete;
   bool opened() const { return opened_; }
 
-  /// The field of the first stream of that kind. Chosen by name, because the number of a field
-  /// differs from release to release.
-  std::string text(MediaInfo_stream_C stream, std::string_view field) const {
-    for (std::size_t i = 0;; ++i) {
-      const std::wstring_view name = library_.get(handle_, stream, 0, i, MediaInfo_Info_Name);
-      if (name.empty()) return {};
-      if (narrowed(name) == field)
-        return narrowed(library_.get(handle_, stream, 0, i, MediaInfo_Info_Text));
-    }
-  }
-
-  double number(MediaInfo_stream_C stream, std::string_view field) const {
-    const std::string answer = text(stream, field);
-    double value = 0;
-    std::from_chars(answer.data(), answer.data() + answer.size(), value);
-    return value;
+  FileFields fields() const {
+    return {stream(MediaInfo_Stream_General, 0), streams(MediaInfo_Stream_Video),
+            streams(MediaInfo_Stream_Audio), streams(MediaInfo_Stream_Other)};
   }
 
  private:
+  /// By name, because the number of a field differs from release to release.
+  StreamFields stream(MediaInfo_stream_C kind, std::size_t number) const {
+    std::map<std::string, std::string> answers;
+    for (std::size_t i = 0;; ++i) {
+      const std::wstring_view name = library_.get(handle_, kind, number, i, MediaInfo_Info_Name);
+      if (name.empty()) return StreamFields(std::move(answers));
+      const std::string key = narrowed(name);
+      const std::wstring_view text = library_.get(handle_, kind, number, i, MediaInfo_Info_Text);
+      if (!text.empty()) answers.emplace(key, narrowed(text));
+    }
+  }
+
+  std::vector<StreamFields> streams(MediaInfo_stream_C kind) const {
+    constexpr std::size_t kMost = 64;  // a damaged header may claim any number
+    std::vector<StreamFields> found;
+    for (std::size_t number = 0; number < kMost; ++number) {
+      StreamFields one = stream(kind, number);
+      if (one.empty()) break;
+      found.push_back(std::move(one));
+    }
+    return found;
+  }
+
   const MediaInfoLibrary& library_;
   void* handle_;
   bool opened_ = false;
 };
-
-// By the tracks' edit lists, where a negative delay is the encoder's and left out by decoders, or
-// by the time stamps.
-double soundStart(const MediaFile& file) {
-  constexpr double kBelievable = 10;  // seconds; more is a broken time stamp
-  const auto inTrack = [&](MediaInfo_stream_C stream) {
-    return std::max(0.0, file.number(stream, "Source_Delay"));
-  };
-  const bool edited = !file.text(MediaInfo_Stream_Audio, "Source_Delay").empty();
-  const double seconds =
-      kMilliseconds * (edited ? inTrack(MediaInfo_Stream_Audio) - inTrack(MediaInfo_Stream_Video)
-                              : file.number(MediaInfo_Stream_Audio, "Video_Delay"));
-  return std::abs(seconds) < kBelievable ? seconds : 0;
-}
-
-MediaProperties propertiesOf(const MediaFile& file) {
-  MediaProperties media;
-  media.opened = true;
-  media.frameRate = file.text(MediaInfo_Stream_Video, "FrameRate");
-  media.width = static_cast<int>(file.number(MediaInfo_Stream_Video, "Width"));
-  media.height = static_cast<int>(file.number(MediaInfo_Stream_Video, "Height"));
-  media.videoSeconds = file.number(MediaInfo_Stream_Video, "Duration") * kMilliseconds;
-  media.audioStreams = static_cast<int>(file.number(MediaInfo_Stream_General, "AudioCount"));
-  media.audioChannels = static_cast<int>(file.number(MediaInfo_Stream_Audio, "Channel(s)"));
-  media.audioRate = static_cast<int>(file.number(MediaInfo_Stream_Audio, "SamplingRate"));
-  media.audioSeconds = file.number(MediaInfo_Stream_Audio, "Duration") * kMilliseconds;
-  if (media.width > 0) media.soundStart = soundStart(file);
-  media.seconds = file.number(MediaInfo_Stream_General, "Duration") * kMilliseconds;
-  return media;
-}
 
 }  // namespace
 
@@ -100,7 +74,7 @@ MediaProperties MediaInfoProbe::query(const std::string& path) {
   if (!available()) return {};
   const Utf8Scope names;
   const MediaFile file(library_, path);
-  return file.opened() ? propertiesOf(file) : MediaProperties{};
+  return file.opened() ? propertiesOf(file.fields()) : MediaProperties{};
 }
 
 }  // namespace run

@@ -3,21 +3,22 @@
 #include <mutex>
 #include <string>
 
+#include "project/media_facts.h"
+
 namespace run {
 
 class MediaInfoLibrary;
 
 /// What a media file says of itself. What it does not say is empty or 0.
 struct MediaProperties {
-  bool opened = false;        // false: not a media file, unreadable, or no library
-  std::string frameRate;      // of the first picture stream, as text, for example "25.000"
-  int width = 0, height = 0;  // pixels
-  double videoSeconds = 0;
-  int audioStreams = 0;
-  int audioChannels = 0, audioRate = 0;  // of the first sound stream; Hz
-  double audioSeconds = 0;
-  double soundStart = 0;  // seconds after the picture's; 0 without a picture
-  double seconds = 0;     // of the container
+  bool opened = false;    // false: not a media file, unreadable, or no library
+  std::string frameRate;  // of the picture, as text, for example "25.000"; empty: no picture
+  project::MediaFacts facts;
+
+  /// The first sound stream; one without channels where there is none.
+  project::Sound firstSound() const {
+    return facts.sounds.empty() ? project::Sound{} : facts.sounds.front();
+  }
 };
 
 /// Asks media files for their properties; tests bring their own.

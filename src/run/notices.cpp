@@ -43,7 +43,7 @@ std::vector<std::string> noticesOfSounds(const Material& material) {
   for (std::size_t i = 0; i < material.entries.size(); ++i) {
     const Entry& entry = material.entries[i];
     const double read = double(material.samples[i]) / analysis::kSampleRate;
-    const double said = entry.media.audioSeconds;
+    const double said = entry.media.firstSound().lengthSeconds;
     if (!entry.isFile() || read + 1 > said * 0.98) continue;  // rounding and padding are less
     notices.push_back("Of the sound of " + entry.listed + " only " + report::clockText(read) +
                       " of " + report::clockText(said) +

@@ -19,8 +19,8 @@ constexpr int kMostTracks = 16;
 /// All that may be heard instead of the mix of the first track, likeliest first.
 std::vector<TrackChoice> otherChoices(const MediaProperties& media) {
   std::vector<TrackChoice> choices;
-  if (media.audioChannels > 1) choices.push_back({0, true});
-  for (int track = 1; track < std::min(media.audioStreams, kMostTracks); ++track) {
+  if (media.firstSound().channels > 1) choices.push_back({0, true});
+  for (int track = 1; track < std::min(static_cast<int>(media.facts.sounds.size()), kMostTracks); ++track) {
     choices.push_back({track, false});
     choices.push_back({track, true});
   }

@@ -60,7 +60,7 @@ void moveToClipStarts(Placement& placement, const Material& material) {
   for (matching::PlacedGroup& group : placement.groups) {
     double earliest = std::numeric_limits<double>::infinity();
     for (matching::Placed& member : group.members) {
-      member.offsetSeconds -= material.entries[member.file].media.soundStart;
+      member.offsetSeconds -= material.entries[member.file].media.firstSound().startSeconds;
       earliest = std::min(earliest, member.offsetSeconds);
     }
     for (matching::Placed& member : group.members) member.offsetSeconds -= earliest;

@@ -34,8 +34,11 @@ MediaFacts probeMedia(const QString& path) {
   static run::MediaInfoProbe probe;
   const run::MediaProperties found = probe.query(path.toStdString());
   const double rate = QString::fromStdString(found.frameRate).toDouble();
-  return {found.opened && (rate > 0 || found.audioStreams > 0), rate, found.width, found.height,
-          std::max({found.seconds, found.videoSeconds, found.audioSeconds})};
+  const project::Picture picture = found.facts.picture.value_or(project::Picture{});
+  return {found.opened && (found.facts.picture || !found.facts.sounds.empty()), rate,
+          picture.width, picture.height,
+          std::max({found.facts.lengthSeconds, picture.lengthSeconds,
+                    found.firstSound().lengthSeconds})};
 }
 
 }  // namespace app

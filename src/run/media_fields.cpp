@@ -1,0 +1,153 @@
+#include "run/media_fields.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <iterator>
+#include <sstream>
+
+#include "run/media_timecode.h"
+
+namespace run {
+namespace {
+
+using project::Rate;
+
+constexpr double kMilliseconds = 1e-3;
+constexpr const char* kUntoldRate = "0.000";  // a picture is there; its rate follows the sequence
+
+/// 29.970 is 30000/1001; a rate that is near none of its kind is taken to the thousandth.
+Rate rateOf(double framesPerSecond) {
+  if (!(framesPerSecond > 0)) return {};
+  const double whole = std::ceil(framesPerSecond - 0.006);
+  const auto near = [&](double rate) { return std::abs(framesPerSecond - rate) < 0.006; };
+  if (near(whole)) return {std::llround(whole), 1};
+  if (near(whole * 1000 / 1001)) return {std::llround(whole * 1000), 1001};
+  return {std::llround(framesPerSecond * 1000), 1000};
+}
+
+Rate pictureRate(const StreamFields& stream) {
+  const Rate told{std::llround(stream.number("FrameRate_Num")),
+                  std::llround(stream.number("FrameRate_Den"))};
+  if (told.known()) return told;
+  if (const Rate rate = rateOf(stream.number("FrameRate")); rate.known()) return rate;
+  const double frames = stream.number("FrameCount"), length = stream.seconds("Duration");
+  return frames > 1 && length > 0 ? rateOf(frames / length) : Rate{};
+}
+
+bool isVariable(const StreamFields& stream) {
+  if (stream.text("FrameRate_Mode") != "VFR") return false;
+  const std::string slowest = stream.text("FrameRate_Minimum");
+  return slowest.empty() || slowest != stream.text("FrameRate_Maximum");
+}
+
+project::Scan scanOf(const StreamFields& stream) {
+  const std::string type = stream.text("ScanType");
+  if (type.empty() || type == "Progressive") return project::Scan::progressive;
+  return stream.text("ScanOrder").starts_with("BFF") ? project::Scan::bottomFieldFirst
+                                                     : project::Scan::topFieldFirst;
+}
+
+int rotationOf(const StreamFields& stream) {
+  const int quarters = static_cast<int>(std::lround(stream.number("Rotation") / 90));
+  return ((quarters % 4) + 4) % 4 * 90;
+}
+
+project::Picture pictureOf(const StreamFields& stream) {
+  project::Picture picture;
+  picture.rate = pictureRate(stream);
+  picture.variableRate = isVariable(stream);
+  picture.width = static_cast<int>(stream.number("Width"));
+  picture.height = static_cast<int>(stream.number("Height"));
+  picture.rotation = rotationOf(stream);
+  if (const double aspect = stream.number("PixelAspectRatio"); aspect > 0)
+    picture.pixelAspect = aspect;
+  picture.scan = scanOf(stream);
+  picture.lengthSeconds = stream.seconds("Duration");
+  return picture;
+}
+
+std::vector<std::string> layoutOf(const StreamFields& stream, int channels) {
+  std::istringstream words(stream.text("ChannelLayout"));
+  std::vector<std::string> names{std::istream_iterator<std::string>(words), {}};
+  if (std::ssize(names) != channels) names.clear();
+  return names;
+}
+
+/// The whole length in samples where it is told, for milliseconds are too coarse for sound.
+double soundLength(const StreamFields& stream, int rate) {
+  const double samples = stream.number("SamplingCount"), length = stream.seconds("Duration");
+  const bool agree = rate > 0 && std::abs(samples / rate - length) < 1.5 * kMilliseconds;
+  return agree ? samples / rate : length;
+}
+
+project::Sound soundOf(const StreamFields& stream) {
+  project::Sound sound;
+  sound.channels = static_cast<int>(stream.number("Channel(s)"));
+  sound.rate = static_cast<int>(stream.number("SamplingRate"));
+  sound.bits = static_cast<int>(stream.number("BitDepth"));
+  sound.layout = layoutOf(stream, sound.channels);
+  sound.lengthSeconds = soundLength(stream, sound.rate);
+  return sound;
+}
+
+/// By the tracks' edit lists, where a negative delay is the encoder's and left out by decoders, or
+/// by the time stamps. A track's delay counts from midnight where the file has a timecode.
+double soundStart(const StreamFields& picture, const StreamFields& sound, double timecode) {
+  constexpr double kBelievable = 10;  // seconds; more is a broken time stamp
+  const auto inTrack = [&](const StreamFields& stream) {
+    const double delay = stream.seconds("Source_Delay");
+    return std::max(0.0, delay > timecode - 1 ? delay - timecode : delay);
+  };
+  const bool edited = !sound.text("Source_Delay").empty();
+  const double seconds = edited ? inTrack(sound) - inTrack(picture) : sound.seconds("Video_Delay");
+  return std::abs(seconds) < kBelievable ? seconds : 0;
+}
+
+std::string modelOf(const FileFields& file) {
+  for (const char* field : {"Encoded_Hardware_Model", "Encoded_Hardware_Name",
+                            "com.apple.quicktime.model", "Encoded_Hardware"})
+    if (const std::string model = file.general.text(field); !model.empty()) return model;
+  return file.pictures.empty() ? file.general.text("Producer") : "";  // the recorder's, in bext
+}
+
+}  // namespace
+
+std::string StreamFields::text(const std::string& field) const {
+  const auto found = answers_.find(field);
+  return found == answers_.end() ? std::string() : found->second;
+}
+
+double StreamFields::number(const std::string& field) const {
+  const std::string answer = text(field);
+  double value = 0;
+  std::from_chars(answer.data(), answer.data() + answer.size(), value);
+  return value;
+}
+
+double StreamFields::seconds(const std::string& field) const {
+  return number(field) * kMilliseconds;
+}
+
+MediaProperties propertiesOf(const FileFields& file) {
+  MediaProperties media;
+  media.opened = true;
+  project::MediaFacts& facts = media.facts;
+  facts.timecode = timecodeOf(file);
+  if (!file.pictures.empty()) {
+    facts.picture = pictureOf(file.pictures.front());
+    media.frameRate = file.pictures.front().text("FrameRate");
+    if (media.frameRate.empty()) media.frameRate = kUntoldRate;
+  }
+  for (const StreamFields& stream : file.sounds) {
+    facts.sounds.push_back(soundOf(stream));
+    if (facts.picture)
+      facts.sounds.back().startSeconds =
+          soundStart(file.pictures.front(), stream, facts.timecode ? facts.timecode->seconds() : 0);
+  }
+  facts.deviceModel = modelOf(file);
+  facts.lengthSeconds = file.general.seconds("Duration");
+  return media;
+}
+
+}  // namespace run
