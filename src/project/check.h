@@ -1,0 +1,14 @@
+#pragma once
+
+#include <string>
+
+#include "project/project.h"
+
+namespace project {
+
+/// What is wrong in a project, in words for people: numbers that two things share, clips and pairs
+/// of recordings that do not exist, recordings without a file, lengths below 0. Empty if nothing
+/// is.
+std::string problemOf(const Project& project);
+
+}  // namespace project
