@@ -58,8 +58,10 @@ std::vector<float> throughCodec(const std::vector<float>& samples, const std::st
   ffmpeg(raw + "-i " + scratch.file("plain.raw") + " -ar 48000 -c:a " + codec + " -b:a " +
          std::to_string(kilobits) + "k " + coded);
   ffmpeg("-i " + coded + raw + scratch.file("back.raw"));
-  std::vector<float> back = readRaw(scratch.file("back.raw"));
-  back.resize(samples.size(), 0.0f);
+  const std::vector<std::int16_t> raw16 = readRaw(scratch.file("back.raw"));
+  std::vector<float> back(samples.size(), 0.0f);
+  std::transform(raw16.begin(), raw16.begin() + std::min(std::ssize(raw16), std::ssize(back)),
+                 back.begin(), [](std::int16_t s) { return s / 32768.0f; });
   return back;
 }
 

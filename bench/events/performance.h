@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <memory>
 #include <random>
 #include <vector>
 
@@ -16,15 +17,21 @@ struct Span {
   double from, to;  // seconds
 };
 
+/// A file of sound at kStageRate, of which the last samples may be used up. Copies share the sound.
+struct SoundFile {
+  std::shared_ptr<const std::vector<std::int16_t>> samples;
+  std::size_t left = 0;
+};
+
 /// Real sound to draw on: music-*.raw and speech-*.raw (mono, 16 bit, 16 kHz). Both empty where
 /// the folder has none; performances are then synthetic.
 struct SoundLibrary {
-  std::vector<std::vector<float>> music, speech;
+  std::vector<SoundFile> music, speech;
 };
 SoundLibrary loadLibrary(const std::filesystem::path& folder);
 
-/// Samples of a file of 16 bit numbers, full scale 1.
-std::vector<float> readRaw(const std::filesystem::path& path);
+/// The numbers of a file of 16 bit numbers.
+std::vector<std::int16_t> readRaw(const std::filesystem::path& path);
 
 enum class Kind { speech, music, both };
 
@@ -32,12 +39,6 @@ enum class Kind { speech, music, both };
 /// speeds within 3 %, with pauses. Takes what it uses out of the library, so that no sound occurs
 /// twice in a set. Synthetic where the library is empty.
 std::vector<float> performance(SoundLibrary& library, Kind kind, double seconds, Random& random);
-
-/// Syllables: voiced and hissing bursts through moving resonances, with pauses between phrases.
-std::vector<float> syntheticSpeech(double seconds, Random& random);
-
-/// Notes with decaying harmonics in changing chords and rhythm; never the same twice.
-std::vector<float> syntheticMusic(double seconds, Random& random);
 
 double uniform(Random& random, double from, double to);
 

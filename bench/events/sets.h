@@ -12,12 +12,13 @@ struct Set {
   struct Event {
     Kind kind;
     double seconds;
-    double loopSeconds = 0;    // > 0: the music repeats after that time
-    std::vector<Span> pauses;  // nothing is to be heard
+    double loopSeconds = 0;         // > 0: the music repeats after that time
+    std::vector<Span> pauses = {};  // nothing is to be heard
   };
   std::string name;
   std::vector<Event> events;
-  std::vector<Take> takes;
+  std::vector<Take> takes = {};
+  std::vector<Take> recordings = {};  // long ones that takes are cut from; not files of the set
 };
 
 /// The names of the kinds of sets that `makeSet` knows.

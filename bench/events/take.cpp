@@ -1,89 +1,70 @@
 #include "bench/events/take.h"
 
+#include <Eigen/Core>
 #include <algorithm>
-#include <array>
 #include <cmath>
-#include <complex>
 #include <numbers>
-#include <unsupported/Eigen/FFT>
 
 #include "bench/events/codec.h"
+#include "bench/events/synthetic.h"
 
 namespace events {
 namespace {
 
 constexpr double kPi = std::numbers::pi;
 
-// Band-limited interpolation of the stage's sound at the device's sample times.
-std::vector<float> sampled(const std::vector<float>& stage, const Take& take) {
-  constexpr int kHalf = 24, kSteps = 512;
-  static const auto kernel = [] {
-    std::vector<float> k((2 * kHalf + 1) * kSteps);
-    for (std::size_t i = 0; i < k.size(); ++i) {
-      const double x = double(i) / kSteps - kHalf;
-      const double cut = 2 * 3800.0 / kStageRate;
-      const double sinc = std::abs(x) < 1e-9 ? cut : std::sin(kPi * x * cut) / (kPi * x);
-      k[i] = static_cast<float>(sinc * (0.5 + 0.5 * std::cos(kPi * x / kHalf)));
-    }
-    return k;
-  }();
-  std::vector<float> out(static_cast<std::size_t>(take.lengthSeconds * kRate));
-  const double step = double(kStageRate) / kRate / (1 + take.microphone.driftPpm * 1e-6);
-  for (std::size_t n = 0; n < out.size(); ++n) {
-    const double then = take.startSeconds * kStageRate + double(n) * step;
-    const double at = then - lateness(take, then / kStageRate) * kStageRate;
-    const auto centre = static_cast<std::int64_t>(std::floor(at));
-    const auto phase = static_cast<std::size_t>((1 - (at - double(centre))) * kSteps);
+// What a delay by a share of a sample leaves of the stage's sound below 3.8 kHz: one row of taps
+// for each of kSteps shares.
+class Interpolator {
+ public:
+  static constexpr int kTaps = 48, kSteps = 512;
+
+  Interpolator() : taps_(kTaps, kSteps + 1) {
+    constexpr double kCut = 2 * 3800.0 / kStageRate;
+    for (int step = 0; step <= kSteps; ++step)
+      for (int k = 0; k < kTaps; ++k) {
+        const double x = k - kTaps / 2 + 1 - double(step) / kSteps;
+        const double sinc = std::abs(x) < 1e-9 ? kCut : std::sin(kPi * x * kCut) / (kPi * x);
+        taps_(k, step) = float(sinc * (0.5 + 0.5 * std::cos(kPi * x / (kTaps / 2 + 1))));
+      }
+  }
+
+  /// The sound at a time in samples; silence before its start and after its end.
+  float operator()(const std::vector<float>& sound, double at) const {
+    const auto before = std::int64_t(std::floor(at));
+    const auto taps = taps_.col(Eigen::Index(std::lround((at - double(before)) * kSteps)));
+    const std::int64_t first = before - kTaps / 2 + 1;
+    if (first >= 0 && first + kTaps <= std::ssize(sound))
+      return Eigen::Map<const Eigen::VectorXf>(&sound[std::size_t(first)], kTaps).dot(taps);
     float sum = 0;
-    for (int k = -kHalf + 1; k <= kHalf; ++k) {
-      const std::int64_t i = centre + k;
-      if (i < 0 || i >= static_cast<std::int64_t>(stage.size())) continue;
-      sum += stage[static_cast<std::size_t>(i)] *
-             kernel[static_cast<std::size_t>(k + kHalf - 1) * kSteps + phase];
-    }
-    out[n] = sum;
+    for (std::int64_t i = std::max<std::int64_t>(0, first);
+         i < std::min<std::int64_t>(first + kTaps, std::ssize(sound)); ++i)
+      sum += sound[std::size_t(i)] * taps(Eigen::Index(i - first));
+    return sum;
+  }
+
+ private:
+  Eigen::MatrixXf taps_;
+};
+
+// The stage's sound at the device's sample times.
+std::vector<float> sampled(const std::vector<float>& stage, const Take& take) {
+  static const Interpolator interpolator;
+  std::vector<float> out(static_cast<std::size_t>(take.lengthSeconds * kRate));
+  const double step = 1.0 / kRate / (1 + take.microphone.driftPpm * 1e-6);
+  for (std::size_t n = 0; n < out.size(); ++n) {
+    const double then = take.startSeconds + double(n) * step;
+    out[n] = interpolator(stage, (then - lateness(take, then)) * kStageRate);
   }
   return out;
 }
 
-std::vector<float> roomResponse(const Microphone& mic, Random& random) {
-  const auto tail = static_cast<std::size_t>(mic.reverbSeconds * kRate);
-  std::vector<float> h(std::max<std::size_t>(tail, 1000), 0.0f);
-  std::normal_distribution<float> normal;
-  double energy = 0;
-  for (std::size_t i = 16; i < tail; ++i) {
-    const double sparse = i < 400 && random() % 12 ? 0.0 : 1.0;  // early reflections stand alone
-    h[i] = static_cast<float>(sparse * normal(random) * std::exp(-6.9 * double(i) / double(tail)));
-    energy += double(h[i]) * h[i];
-  }
-  const double scale = energy > 0 ? std::sqrt(std::pow(10, -mic.directDb / 10) / energy) : 0;
-  for (float& v : h) v *= static_cast<float>(scale);
-  h[0] += 1;
-  h[static_cast<std::size_t>(mic.echoMs / 1000 * kRate)] +=
-      static_cast<float>(std::pow(10, mic.echoDb / 20));
+std::vector<float> responseOf(const Microphone& mic) {
+  Random place(mic.place);
+  std::vector<float> h = roomResponse(mic.room, place);
+  const auto echo = std::size_t(mic.echoMs / 1000 * kRate);
+  if (echo < h.size()) h[echo] += float(std::pow(10, mic.echoDb / 20));
   return h;
-}
-
-void convolve(std::vector<float>& samples, const std::vector<float>& h) {
-  std::size_t size = 1;
-  while (size < 4 * h.size() || size < 32768) size *= 2;
-  const std::size_t hop = size - h.size();
-  Eigen::FFT<float> fft;
-  fft.SetFlag(Eigen::FFT<float>::HalfSpectrum);
-  std::vector<float> block(size), out(samples.size() + size, 0.0f);
-  std::vector<std::complex<float>> spectrum, response;
-  std::ranges::copy(h, block.begin());
-  fft.fwd(response, block);
-  for (std::size_t at = 0; at < samples.size(); at += hop) {
-    std::ranges::fill(block, 0.0f);
-    const std::size_t count = std::min(hop, samples.size() - at);
-    std::copy_n(samples.begin() + static_cast<std::ptrdiff_t>(at), count, block.begin());
-    fft.fwd(spectrum, block);
-    for (std::size_t k = 0; k < spectrum.size(); ++k) spectrum[k] *= response[k];
-    fft.inv(block, spectrum, static_cast<Eigen::Index>(size));
-    for (std::size_t i = 0; i < size; ++i) out[at + i] += block[i];
-  }
-  std::copy_n(out.begin(), samples.size(), samples.begin());
 }
 
 double levelOf(const std::vector<float>& samples) {
@@ -194,7 +175,7 @@ double lateness(const Take& take, double eventSeconds) {
 std::vector<float> render(const Take& take, const std::vector<float>& stage, Random& random) {
   const Microphone& mic = take.microphone;
   std::vector<float> samples = sampled(stage, take);
-  convolve(samples, roomResponse(mic, random));
+  convolve(samples, responseOf(mic));
   limitBand(samples, mic.bandHz);
   const auto disturbance = noise(samples.size(), mic, random);
   const auto gain =

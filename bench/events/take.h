@@ -4,17 +4,18 @@
 #include <vector>
 
 #include "bench/events/performance.h"
+#include "bench/events/room.h"
 
 namespace events {
 
 /// How one microphone hears an event.
 struct Microphone {
-  double snrDb = 30;           // level of the event over the device's own noise
-  double reverbSeconds = 0.3;  // time for the tail to fall by 60 dB; 0 = dry
-  double directDb = 6;         // direct sound over the tail's whole energy
-  double echoDb = -100;        // one strong reflection over the direct sound ...
-  double echoMs = 15;          // ... this much later
-  double driftPpm = 0;         // the device's clock against the event's
+  double snrDb = 30;  // level of the event over the device's own noise
+  Room room;
+  std::uint64_t place = 0;  // same number, same place in the room: same reflections
+  double echoDb = -100;     // one strong reflection over the direct sound ...
+  double echoMs = 15;       // ... this much later
+  double driftPpm = 0;      // the device's clock against the event's; > 0 counts more samples
   bool automaticGain = false;
   bool babble = false;        // the noise is other people's speech, not hiss
   double bumpsPerMinute = 0;  // handling noise
@@ -34,11 +35,17 @@ struct Take {
   double startSeconds = 0;
   double lengthSeconds = 0;  // on the device's clock
   Microphone microphone;
-  std::vector<Span> muted;  // switched off, on the event's clock: nothing but zeros
+  std::vector<Span> muted = {};  // switched off, on the event's clock: nothing but zeros
   struct Stand {
     double seconds, metres;  // on the event's clock; from where the sound comes
   };
-  std::vector<Stand> way;  // of a device that is carried about, in order; straight between them
+  std::vector<Stand> way =
+      {};  // of a device that is carried about, in order; straight between them
+  struct Cut {
+    int recording = -1;            // index of the set's long recording that the take is cut from
+    std::int64_t firstSample = 0;  // of that recording
+  };
+  Cut cut = {};  // none: the take is rendered for itself
 };
 
 /// How much later than at its source the event is heard at a time on the event's clock, in seconds.
