@@ -5,6 +5,6 @@ namespace run {
 const char* const kMediaInfoFile = "libmediainfo.so.0";
 const char* const kMediaInfoRemedy = "Install the MediaInfo library (package libmediainfo0v5).";
 const char* const kFfmpegRemedy =
-    "Install ffmpeg, or put it into the folder in which this program runs.";
+    "Install ffmpeg (package ffmpeg), or put it beside this program.";
 
 }  // namespace run

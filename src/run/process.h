@@ -1,6 +1,7 @@
 #pragma once
 
 #include <atomic>
+#include <chrono>
 #include <string>
 #include <vector>
 
@@ -11,30 +12,44 @@ namespace run {
 /// A program with its arguments, in both of the forms that systems take.
 struct Command {
   std::string windowsLine;             // the whole command line, quoted as Windows wants it
-  std::vector<std::string> arguments;  // elsewhere: program name, then the arguments, apart
+  std::vector<std::string> arguments;  // program name, then the arguments, apart; Windows uses the
+                                       // name alone
 };
 
 /// How an outside program ended.
 struct ProcessResult {
   report::Status started;  // why it could not be started
-  int exitCode = 0;        // 0 where the system is not asked
-  std::string messages;    // the end of what it wrote to its error stream; empty on Windows
+  int exitCode = 0;        // 128 and the signal's number for one that a signal ended
+  std::string messages;    // the last lines of what it wrote to its error stream
+  int signal = 0;          // what ended it; 0: it ended by itself (always so on Windows)
+  bool stalled = false;    // it was ended because it did nothing for too long
+
+  /// It ran to its own end and had nothing to complain of.
+  bool ok() const { return started.ok() && exitCode == 0 && !stalled; }
 };
 
 /// Starts outside programs. There is one implementation per platform; tests bring their own.
 class ProcessRunner {
  public:
   virtual ~ProcessRunner() = default;
-  /// Runs `command` without a window, a shell or input, and waits for it; ends it when `cancelled`
-  /// becomes true. Callable from several threads at once.
+  /// Runs `command` without a window, a shell or input, and waits for it; ends it, with all that it
+  /// has started, when `cancelled` becomes true. Callable from several threads at once.
   virtual ProcessResult run(const Command& command, const std::atomic<bool>& cancelled) = 0;
 };
 
-/// Processes of the operating system. A program without a folder in its name is looked for in the
-/// working directory, then in PATH; on Windows the command line names its place.
+/// Processes of the operating system, started from where `programFile` finds them. They end with
+/// this program, however it ends.
 class SystemProcesses final : public ProcessRunner {
  public:
+  /// A drive that sleeps or a share far away answers sooner than that.
+  static constexpr std::chrono::milliseconds kPatience = std::chrono::minutes(2);
+
+  /// A program that reads nothing for as long as `patience` is ended.
+  explicit SystemProcesses(std::chrono::milliseconds patience = kPatience) : patience_(patience) {}
   ProcessResult run(const Command& command, const std::atomic<bool>& cancelled) override;
+
+ private:
+  std::chrono::milliseconds patience_;
 };
 
 }  // namespace run

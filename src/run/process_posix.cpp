@@ -1,25 +1,32 @@
 #include <fcntl.h>
 #include <poll.h>
-#include <spawn.h>
+#include <sys/prctl.h>
+#include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <cerrno>
 #include <csignal>
 #include <cstring>
-#include <filesystem>
+#include <fstream>
+#include <optional>
+#include <utility>
 
+#include "run/last_lines.h"
+#include "run/patience.h"
 #include "run/process.h"
-
-extern char** environ;
+#include "run/program_file.h"
 
 namespace run {
 namespace {
 
-constexpr std::size_t kMessagesKept = 4000;  // bytes; the reason of a failure comes last
-constexpr int kPollMilliseconds = 50;        // how late a cancellation may be noticed
+using Clock = Patience::Clock;
 
-/// Both ends of a pipe that no other child inherits.
+constexpr int kPollMilliseconds = 50;                    // how late a cancellation may be noticed
+constexpr auto kGrace = std::chrono::seconds(5);         // a dead drive may hold what was killed
+constexpr auto kBetweenLooks = std::chrono::seconds(1);  // at what it has read
+
+/// Both ends of a pipe that no program inherits.
 class Pipe {
  public:
   Pipe() { open_ = pipe2(ends_, O_CLOEXEC) == 0; }
@@ -28,6 +35,7 @@ class Pipe {
     if (open_) close(ends_[0]);
   }
   Pipe(const Pipe&) = delete;
+  Pipe& operator=(const Pipe&) = delete;
   bool isOpen() const { return open_; }
   int reading() const { return ends_[0]; }
   int writing() const { return ends_[1]; }
@@ -41,53 +49,146 @@ class Pipe {
   bool open_ = false;
 };
 
-/// The working directory goes before PATH, so that a copy beside the documents wins.
-std::string programFile(const std::string& name) {
-  if (name.find('/') != std::string::npos) return name;
-  std::error_code ignored;
-  const std::string here = "./" + name;
-  const bool file = std::filesystem::is_regular_file(here, ignored);
-  return file && access(here.c_str(), X_OK) == 0 ? here : name;
+/// What the new process does until it is the program; nothing here may wait for a lock that another
+/// thread held at the fork. Writes the error number to `failure` where it comes back.
+[[noreturn]] void become(const char* program, char* const* words, int errors, int failure,
+                         pid_t parent) {
+  setpgid(0, 0);  // so that all that it starts ends with it, and Ctrl+C reaches us alone
+  prctl(PR_SET_PDEATHSIG, SIGKILL);
+  if (getppid() != parent) _exit(127);  // which has already ended
+  const int nothing = open("/dev/null", O_RDWR);
+  dup2(nothing, STDIN_FILENO);
+  dup2(nothing, STDOUT_FILENO);
+  dup2(errors, STDERR_FILENO);
+  execv(program, words);
+  const int error = errno;
+  (void)!write(failure, &error, sizeof error);
+  _exit(127);
 }
 
 /// Returns 0 or the error number; the error stream goes to `errors`.
-int spawn(const std::vector<std::string>& arguments, int errors, pid_t& child) {
-  posix_spawn_file_actions_t actions;
-  posix_spawn_file_actions_init(&actions);
-  posix_spawn_file_actions_addopen(&actions, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
-  posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
-  posix_spawn_file_actions_adddup2(&actions, errors, STDERR_FILENO);
+int start(const std::vector<std::string>& arguments, int errors, pid_t& child) {
+  const std::string program = programFile(arguments.front());
+  if (program.empty()) return ENOENT;
   std::vector<char*> words;
   for (const std::string& word : arguments) words.push_back(const_cast<char*>(word.c_str()));
   words.push_back(nullptr);
-  const std::string program = programFile(arguments.front());
-  const int error = posix_spawnp(&child, program.c_str(), &actions, nullptr, words.data(), environ);
-  posix_spawn_file_actions_destroy(&actions);
-  return error;
+  Pipe failure;
+  if (!failure.isOpen()) return errno;
+  const pid_t self = getpid();
+  child = fork();
+  if (child < 0) return errno;
+  if (child == 0) become(program.c_str(), words.data(), errors, failure.writing(), self);
+  setpgid(child, child);  // whichever of the two comes first
+  failure.closeWriting();
+  int error = 0;
+  ssize_t count = 0;
+  while ((count = read(failure.reading(), &error, sizeof error)) < 0 && errno == EINTR) {
+  }
+  if (count > 0) waitpid(child, nullptr, 0);
+  return count > 0 ? error : 0;
 }
 
-/// Reads what the child writes until it has closed its end, and returns the last of it.
-std::string readMessages(int pipe, pid_t child, const std::atomic<bool>& cancelled) {
-  std::string messages;
-  char buffer[4096];
-  bool killed = false;
-  while (true) {
-    if (cancelled && !killed) killed = kill(child, SIGKILL) == 0;
-    pollfd waiting{pipe, POLLIN, 0};
-    const int ready = poll(&waiting, 1, kPollMilliseconds);
-    if (ready == 0 || (ready < 0 && errno == EINTR)) continue;
-    const ssize_t count = read(pipe, buffer, sizeof buffer);
-    if (count <= 0) return messages;
-    messages.append(buffer, static_cast<std::size_t>(count));
-    if (messages.size() > kMessagesKept) messages.erase(0, messages.size() - kMessagesKept);
-  }
+/// How many bytes a process and those that it started have read so far; the programs that they
+/// have waited for included. Nothing where the system does not tell.
+std::optional<std::uint64_t> bytesRead(pid_t process) {
+  const std::string folder = "/proc/" + std::to_string(process);
+  std::ifstream counts(folder + "/io");
+  std::string name;
+  std::uint64_t bytes = 0;
+  if (!(counts >> name >> bytes) || name != "rchar:") return std::nullopt;
+  std::ifstream children(folder + "/task/" + std::to_string(process) + "/children");
+  for (pid_t child = 0; children >> child;) bytes += bytesRead(child).value_or(0);
+  return bytes;
 }
 
-int exitCodeOf(pid_t child) {
-  int status = 0;
-  while (waitpid(child, &status, 0) < 0 && errno == EINTR) {
+/// Becomes readable when the process ends; below 0 where the system has no such thing.
+int endOf(pid_t process) { return static_cast<int>(syscall(SYS_pidfd_open, process, 0)); }
+
+/// A running program: takes up what it writes and ends it when it must be.
+class Child {
+ public:
+  Child(pid_t process, int pipe, std::chrono::milliseconds patience)
+      : process_(process), end_(endOf(process)), pipe_(pipe), patience_(patience) {}
+  ~Child() {
+    if (end_ >= 0) close(end_);
   }
-  return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+  Child(const Child&) = delete;
+  Child& operator=(const Child&) = delete;
+
+  /// Waits for the end; says how it came.
+  ProcessResult wait(const std::atomic<bool>& cancelled) {
+    while (!hasEnded() && !isLost()) {
+      takeMessages();
+      stalled_ |= !killedAt_ && hasStalled();
+      if (cancelled || stalled_) kill();
+    }
+    while (takeMessages()) {  // what it wrote at last
+    }
+    return reaped();
+  }
+
+ private:
+  /// Its number stays its own until it is reaped.
+  bool hasEnded() const {
+    siginfo_t info{};
+    const int done = waitid(P_PID, static_cast<id_t>(process_), &info, WEXITED | WNOHANG | WNOWAIT);
+    return done == 0 && info.si_pid == process_;
+  }
+
+  bool isLost() const { return killedAt_ && Clock::now() - *killedAt_ > kGrace; }
+
+  void kill() {
+    if (!killedAt_) killedAt_ = Clock::now();
+    ::kill(-process_, SIGKILL);
+  }
+
+  bool hasStalled() {
+    if (Clock::now() < nextLook_) return false;
+    nextLook_ = Clock::now() + kBetweenLooks;
+    return patience_.isExhausted(bytesRead(process_).value_or(written_));
+  }
+
+  /// Waits a moment for messages or the end. False if there were no messages.
+  bool takeMessages() {
+    pollfd waiting[] = {{pipe_, POLLIN, 0}, {end_, POLLIN, 0}};  // those below 0 are passed over
+    if (poll(waiting, 2, kPollMilliseconds) <= 0 || !waiting[0].revents) return false;
+    char buffer[4096];
+    const ssize_t count = read(pipe_, buffer, sizeof buffer);
+    if (count <= 0) {
+      pipe_ = -1;
+      return false;
+    }
+    written_ += static_cast<std::uint64_t>(count);
+    messages_.add({buffer, static_cast<std::size_t>(count)});
+    return true;
+  }
+
+  ProcessResult reaped() {
+    ProcessResult result{{}, 128 + SIGKILL, messages_.text(), SIGKILL, stalled_};
+    if (!hasEnded()) return result;
+    ::kill(-process_, SIGKILL);  // what it has left behind
+    int status = 0;
+    while (waitpid(process_, &status, 0) < 0 && errno == EINTR) {
+    }
+    result.signal = WIFSIGNALED(status) ? WTERMSIG(status) : 0;
+    result.exitCode = result.signal ? 128 + result.signal : WEXITSTATUS(status);
+    return result;
+  }
+
+  pid_t process_;
+  int end_;   // readable once it has ended
+  int pipe_;  // its error stream; below 0 when it is closed
+  Patience patience_;
+  LastLines messages_;
+  std::uint64_t written_ = 0;  // bytes of messages
+  std::optional<Clock::time_point> killedAt_;
+  Clock::time_point nextLook_ = Clock::now() + kBetweenLooks;
+  bool stalled_ = false;
+};
+
+ProcessResult notStarted(const std::string& name, int error) {
+  return {{"cannot start " + name + ": " + std::strerror(error)}, 127, {}};
 }
 
 }  // namespace
@@ -95,15 +196,12 @@ int exitCodeOf(pid_t child) {
 ProcessResult SystemProcesses::run(const Command& command, const std::atomic<bool>& cancelled) {
   const std::string& name = command.arguments.front();
   Pipe pipe;
-  if (!pipe.isOpen()) return {{"cannot start " + name + ": " + std::strerror(errno)}, 0, {}};
-  pid_t child = 0;
-  if (const int error = spawn(command.arguments, pipe.writing(), child))
-    return {{"cannot start " + name + ": " + std::strerror(error)}, 0, {}};
+  if (!pipe.isOpen()) return notStarted(name, errno);
+  pid_t process = 0;
+  if (const int error = start(command.arguments, pipe.writing(), process))
+    return notStarted(name, error);
   pipe.closeWriting();
-  ProcessResult result;
-  result.messages = readMessages(pipe.reading(), child, cancelled);
-  result.exitCode = exitCodeOf(child);
-  return result;
+  return Child(process, pipe.reading(), patience_).wait(cancelled);
 }
 
 }  // namespace run

@@ -2,6 +2,7 @@
 #ifndef _WIN32
 #include <gtest/gtest.h>
 
+#include <csignal>
 #include <thread>
 
 #include "media.h"
@@ -16,6 +17,12 @@ namespace {
 run::ProcessResult start(std::vector<std::string> arguments) {
   const std::atomic<bool> never = false;
   return run::SystemProcesses().run({{}, std::move(arguments)}, never);
+}
+
+/// Whether a process does anything still: one that has ended may wait for ever to be reaped.
+bool isRunning(int process) {
+  const std::string state = readWhole("/proc/" + std::to_string(process) + "/stat");
+  return !state.empty() && state.find(") Z ") == std::string::npos;
 }
 
 }  // namespace
@@ -38,15 +45,66 @@ TEST(Processes, NoInputIsWaitedForAndTheEndOfLongMessagesIsKept) {
   EXPECT_LT(result.messages.size(), 10000u);
 }
 
-TEST(Processes, ACancelledRunEndsTheProgram) {
+TEST(Processes, WhatIsWrittenOverIsForgotten) {
+  const run::ProcessResult result =
+      start({"sh", "-c",
+             "echo reason >&2; for i in $(seq 2000); do printf 'size= %d kB\\r' $i >&2; done"});
+  EXPECT_EQ(result.messages, "reason\nsize= 2000 kB");
+}
+
+TEST(Processes, ASignalIsToldFromAnExit) {
+  const run::ProcessResult killed = start({"sh", "-c", "kill -9 $$"});
+  EXPECT_EQ(killed.signal, SIGKILL);
+  EXPECT_FALSE(killed.ok());
+  const run::ProcessResult failed = start({"sh", "-c", "exit 3"});
+  EXPECT_EQ(failed.exitCode, 3);
+  EXPECT_EQ(failed.signal, 0);
+  EXPECT_FALSE(failed.ok());
+}
+
+// Whatever program lies in the folder in which one happens to be, or in one of PATH that counts
+// from there.
+TEST(Processes, NothingIsStartedFromTheWorkingDirectory) {
+  const Folder folder;
+  const std::string planted = folder.write("planted", "#!/bin/sh\ntouch ran\n");
+  fs::permissions(planted, fs::perms::owner_all);
+  const std::string path = std::getenv("PATH");
+  const fs::path before = fs::current_path();
+  setenv("PATH", (".::" + path).c_str(), 1);
+  fs::current_path(folder.path());
+  EXPECT_FALSE(start({"planted"}).started.ok());
+  EXPECT_FALSE(fs::exists("ran"));
+  setenv("PATH", (path + ":" + report::toUtf8(folder.path())).c_str(), 1);
+  EXPECT_TRUE(start({"planted"}).ok());  // named on purpose
+  fs::current_path(before);
+  setenv("PATH", path.c_str(), 1);
+}
+
+// A script in the place of a program, and what it has started.
+TEST(Processes, ACancelledRunEndsTheProgramWithAllThatItStarted) {
+  const Folder folder;
   std::atomic<bool> cancelled = false;
   run::ProcessResult result;
   std::jthread program([&] {
-    result = run::SystemProcesses().run({{}, {"sleep", "600"}}, cancelled);
+    const std::string script =
+        "cd '" + report::toUtf8(folder.path()) + "'; sleep 600 & echo $! > new; mv new child; wait";
+    result = run::SystemProcesses().run({{}, {"sh", "-c", script}}, cancelled);
   });
+  while (!fs::exists(folder.path() / "child")) std::this_thread::yield();
   cancelled = true;
   program.join();
-  EXPECT_NE(result.exitCode, 0);
+  EXPECT_EQ(result.signal, SIGKILL);
+  const int child = std::stoi(readWhole(folder.path() / "child"));
+  while (isRunning(child)) std::this_thread::yield();  // killed, it ends soon; else never
+}
+
+TEST(Processes, OneThatDoesNothingForTooLongIsEnded) {
+  const std::atomic<bool> never = false;
+  run::SystemProcesses impatient(std::chrono::milliseconds(10));
+  EXPECT_TRUE(impatient.run({{}, {"sleep", "600"}}, never).stalled);
+  const run::ProcessResult busy = impatient.run(
+      {{}, {"sh", "-c", "for i in $(seq 15); do cat /proc/self/stat; sleep 0.1; done"}}, never);
+  EXPECT_TRUE(busy.ok()) << busy.exitCode;
 }
 
 TEST(Desktop, AFolderIsShownWithoutWaitingForTheProgramThatShowsIt) {

@@ -37,9 +37,9 @@ TEST(Windows, ASourceThatAnotherProgramHoldsOpenIsToldFromAForbiddenOne) {
 
 TEST(Windows, AMissingProgramIsNamedAndTheSystemsAnswerToldInWords) {
   const std::atomic<bool> never = false;
-  const std::string line = "\"C:\\no folder/ffmpeg.exe\"   -i \"a.mov\"";
-  const run::ProcessResult result = run::SystemProcesses().run({line, {}}, never);
-  const std::string begin = "cannot start \"C:\\no folder/ffmpeg.exe\": ";
+  const std::string file = "C:\\no folder/ffmpeg.exe";
+  const run::ProcessResult result = run::SystemProcesses().run({"\"" + file + "\"", {file}}, never);
+  const std::string begin = "cannot start " + file + ": ";
   ASSERT_TRUE(result.started.error.starts_with(begin)) << result.started.error;
   const std::string answer = result.started.error.substr(begin.size());
   EXPECT_TRUE(std::ranges::all_of(answer, [](char c) { return c != '\n' && c != '\r'; })) << answer;
