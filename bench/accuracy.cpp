@@ -1,23 +1,30 @@
 // How many recordings find their place, how many a wrong one, how exactly, how surely, and what it
-// costs: over rendered events whose truth is known. The vote's tests and the full placement are
+// costs: over rendered events whose truth is known. The votes alone and the full placement are
 // measured on the same sound in one run.
 //
-// Usage: accuracy [--sounds FOLDER] [--seeds FIRST LAST] [--tolerance X]... [--list]
-//                 [--no-devices] [SET]...
-// --list shows every recording that stands wrong or alone; with --no-devices nobody says which
-// recordings are of one device.
+// Usage: accuracy [--sounds FOLDER] [--cache FOLDER] [--seeds FIRST LAST] [--tolerance X]
+//                 [--no-devices] [--list] [--each] [--json FILE] [--jobs N] [KIND]...
+// --cache keeps rendered sets there for the next run; --no-devices: nobody says which recordings
+// are of one device; --list shows every recording that stands wrong or alone; --each prints every
+// set; --json appends one line per set. So many sets at a time as --jobs says, each in one thread;
+// --jobs 1 measures one after the other with all threads. KIND is all but the longest if none is
+// named.
+
+#include <omp.h>
 
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
 #include <ctime>
+#include <fstream>
 #include <map>
 #include <string>
 
 #include "analysis/fingerprint.h"
-#include "bench/events/sets.h"
+#include "bench/events/cache.h"
 #include "bench/score.h"
+#include "bench/score_text.h"
 #include "matching/placement.h"
 #include "matching/shortlist.h"
 #include "matching/vote_pairs.h"
@@ -26,159 +33,193 @@ namespace {
 
 using namespace events;
 
-/// Seconds of processor time, of all threads together: other programs hardly disturb them.
-double processorSeconds() { return double(std::clock()) / CLOCKS_PER_SEC; }
-
 struct Options {
-  std::string sounds = "build/sounds";
+  std::string sounds = "build/sounds", cache, json;
   unsigned firstSeed = 1, lastSeed = 2;
-  std::vector<float> tolerances;
-  std::vector<std::string> sets;
-  bool list = false, devices = true;
+  float tolerance = 0.99f;
+  std::vector<std::string> kinds;
+  bool list = false, each = false, devices = true;
+  int jobs = omp_get_max_threads();
 };
 
+/// Seconds of processor time, which other programs hardly disturb: of this thread where several
+/// sets are measured at a time, of all threads otherwise.
+double processorSeconds() {
+  timespec time;
+  clock_gettime(omp_in_parallel() ? CLOCK_THREAD_CPUTIME_ID : CLOCK_PROCESS_CPUTIME_ID, &time);
+  return double(time.tv_sec) + 1e-9 * double(time.tv_nsec);
+}
+
 /// One set as the placement sees it.
-struct Rendered {
-  Set set;
-  std::vector<std::vector<float>> sounds;
+struct Shoot {
+  RenderedSet rendered;
   std::vector<matching::Recording> recordings;
   Eigen::VectorXf durations;
   std::vector<std::vector<int>> deviceGroups;
 };
 
-Rendered rendered(const std::string& name, unsigned seed, bool knowDevices,
-                  const SoundLibrary& library) {
-  Random random(seed);
-  Rendered r;
-  r.set = makeSet(name, random);
-  r.sounds = renderAll(r.set, library, random);
+Shoot shootOf(RenderedSet rendered, bool knowDevices) {
+  Shoot shoot{std::move(rendered), {}, {}, {}};
+  const auto& [set, sounds] = shoot.rendered;
   std::map<int, std::vector<int>> devices;
-  r.durations.resize(Eigen::Index(r.sounds.size()));
-  for (std::size_t i = 0; i < r.sounds.size(); ++i) {
-    const int device = knowDevices ? r.set.takes[i].device : -1;
-    r.recordings.push_back({r.set.takes[i].name, std::int64_t(r.sounds[i].size()), device});
-    r.durations(Eigen::Index(i)) = float(r.sounds[i].size() / 8000);
+  shoot.durations.resize(std::ssize(sounds));
+  for (std::size_t i = 0; i < sounds.size(); ++i) {
+    const int device = knowDevices ? set.takes[i].device : -1;
+    shoot.recordings.push_back({set.takes[i].name, std::ssize(sounds[i]), device});
+    shoot.durations(Eigen::Index(i)) = float(sounds[i].size() / 8000);
     if (knowDevices) devices[device].push_back(int(i));
   }
   for (auto& [device, files] : devices)
-    if (files.size() > 1) r.deviceGroups.push_back(files);
-  return r;
+    if (files.size() > 1) shoot.deviceGroups.push_back(files);
+  return shoot;
 }
 
-struct Voted {
-  std::vector<matching::PairVote> votes;
-  double fingerprintSeconds = 0, voteSeconds = 0;
-};
-
-Voted vote(const Rendered& r, float tolerance) {
-  Voted voted;
-  double start = processorSeconds();
-  std::vector<analysis::MatrixXLI> prints(r.sounds.size());
+std::vector<analysis::MatrixXLI> fingerprints(const Shoot& shoot, float tolerance) {
+  const auto& sounds = shoot.rendered.sounds;
+  std::vector<analysis::MatrixXLI> prints(sounds.size());
 #pragma omp parallel for schedule(dynamic)
   for (std::size_t i = 0; i < prints.size(); ++i)
-    prints[i] = analysis::fingerprint(r.sounds[i], tolerance);
-  voted.fingerprintSeconds = processorSeconds() - start;
-  start = processorSeconds();
-  matching::votePairs(prints, r.durations, r.deviceGroups, 1,
-                      [&](matching::PairVote v) { voted.votes.push_back(std::move(v)); });
-  voted.voteSeconds = processorSeconds() - start;
-  return voted;
+    prints[i] = analysis::fingerprint(sounds[i], tolerance);
+  return prints;
 }
 
-// The vote alone: best offsets whether accepted or not, and what the two tests accept.
-void printVotes(const Rendered& r, const Voted& voted,
-                std::map<std::string, std::array<int, 2>>& totals) {
-  for (const matching::PairVote& v : voted.votes) {
-    if (!v.stats) continue;
-    const Truth truth = truthOf(r.set, std::size_t(v.first), std::size_t(v.second));
-    const bool right = truth.overlap > 0 && std::abs(v.stats->bestOffset - truth.offset) < kRight;
-    if (truth.heard >= 5) ++totals["best offset"][right ? 0 : 1];
-    if (v.accepted == matching::Acceptance::strict) ++totals["strict test"][right ? 0 : 1];
-    if (v.accepted != matching::Acceptance::none) ++totals["test of mode 1"][right ? 0 : 1];
-  }
+// The most significant votes, as a run keeps them.
+std::vector<matching::PairVote> vote(const Shoot& shoot,
+                                     const std::vector<analysis::MatrixXLI>& prints) {
+  matching::Shortlist shortlist(shoot.recordings.size());
+  matching::votePairs(prints, shoot.durations, shoot.deviceGroups, 1,
+                      [&](matching::PairVote v) { shortlist.add(v); });
+  return shortlist.take();
 }
 
-Score placed(const Rendered& r, const Voted& voted, bool bySound, bool listing) {
-  const matching::SoundReader reader = [&](int file, std::int64_t first, std::int64_t count) {
-    const auto& sound = r.sounds[std::size_t(file)];
+matching::SoundReader readerOf(const Shoot& shoot) {
+  return [&](int file, std::int64_t first, std::int64_t count) {
+    const auto& sound = shoot.rendered.sounds[std::size_t(file)];
     std::vector<float> piece(std::size_t(count), 0.0f);
     const auto from = std::clamp<std::int64_t>(first, 0, std::ssize(sound));
     const auto to = std::clamp<std::int64_t>(first + count, from, std::ssize(sound));
     std::copy(sound.begin() + from, sound.begin() + to, piece.begin() + (from - first));
     return piece;
   };
-  const double start = processorSeconds();
-  matching::Shortlist shortlist(r.recordings.size());
-  for (const matching::PairVote& vote : voted.votes) shortlist.add(vote);
-  const auto votes = shortlist.take();  // as a run keeps them
-  const auto placement = bySound ? matching::placeBySound(r.recordings, votes, reader)
-                                 : matching::placeByVotes(r.recordings, votes);
-  const double seconds = processorSeconds() - start;
-  Score score = scoreOf(r.set, placement);
-  score.seconds = seconds;
-  if (listing) list(r.set, placement);
-  return score;
 }
+
+/// What one set came to.
+struct Result {
+  Score byVotes, bySound;
+  std::string list;
+};
+
+Result measured(const Shoot& shoot, float tolerance) {
+  const double start = processorSeconds();
+  const auto prints = fingerprints(shoot, tolerance);
+  const double printed = processorSeconds();
+  const auto votes = vote(shoot, prints);
+  const double voted = processorSeconds();
+  const auto placement = matching::placeBySound(shoot.recordings, votes, readerOf(shoot));
+  const double placed = processorSeconds();
+  const Set& set = shoot.rendered.set;
+  Result result{scoreOf(set, matching::placeByVotes(shoot.recordings, votes)),
+                scoreOf(set, placement), list(set, placement)};
+  result.bySound.fingerprintSeconds = printed - start;
+  result.bySound.voteSeconds = voted - printed;
+  result.bySound.placeSeconds = placed - voted;
+  for (const auto& sound : shoot.rendered.sounds)
+    result.bySound.hours += double(sound.size()) / kRate / 3600;
+  return result;
+}
+
+/// The sums of all that is measured, told as it comes.
+class Tally {
+ public:
+  explicit Tally(const Options& options) : options_(options) {
+    if (options.each || options.list) std::printf("%s", heads().c_str());
+  }
+
+  void add(const std::string& kind, unsigned seed, const Result& result) {
+    kinds_[kind].add(result.bySound);
+    all_.add(result.bySound);
+    byVotes_.add(result.byVotes);
+    const std::string name = kind + " " + std::to_string(seed);
+    if (options_.each || options_.list) std::printf("%s", row(name, result.bySound).c_str());
+    if (options_.list) std::printf("%s", result.list.c_str());
+    std::fflush(stdout);
+    if (!options_.json.empty())
+      std::ofstream(options_.json, std::ios::app)
+          << jsonLine({{"set", kind},
+                       {"seed", std::to_string(seed)},
+                       {"devices", options_.devices ? "given" : "unknown"}},
+                      result.bySound);
+  }
+
+  void print() const {
+    std::printf("\nseeds %u to %u, devices %s, tolerance %.3f, %.1f hours of sound\n%s",
+                options_.firstSeed, options_.lastSeed, options_.devices ? "given" : "unknown",
+                double(options_.tolerance), all_.hours, heads().c_str());
+    for (const std::string& kind : options_.kinds)
+      std::printf("%s", row(kind, kinds_.at(kind)).c_str());
+    std::printf("%s%s%s", row("all", all_).c_str(), row("all, by votes alone", byVotes_).c_str(),
+                promises(all_).c_str());
+  }
+
+ private:
+  const Options& options_;
+  std::map<std::string, Score> kinds_;
+  Score all_, byVotes_;
+};
 
 Options parse(int argc, char** argv) {
   Options options;
   for (int i = 1; i < argc; ++i) {
     const std::string word = argv[i];
-    if (word == "--sounds" && i + 1 < argc) {
-      options.sounds = argv[++i];
-    } else if (word == "--seeds" && i + 2 < argc) {
-      options.firstSeed = unsigned(std::atoi(argv[++i]));
-      options.lastSeed = unsigned(std::atoi(argv[++i]));
-    } else if (word == "--tolerance" && i + 1 < argc) {
-      options.tolerances.push_back(float(std::atof(argv[++i])));
+    const auto value = [&] { return i + 1 < argc ? argv[++i] : ""; };
+    if (word == "--sounds") {
+      options.sounds = value();
+    } else if (word == "--cache") {
+      options.cache = value();
+    } else if (word == "--json") {
+      options.json = value();
+    } else if (word == "--seeds") {
+      options.firstSeed = unsigned(std::atoi(value()));
+      options.lastSeed = unsigned(std::atoi(value()));
+    } else if (word == "--tolerance") {
+      options.tolerance = float(std::atof(value()));
+    } else if (word == "--jobs") {
+      options.jobs = std::max(1, std::atoi(value()));
     } else if (word == "--list") {
       options.list = true;
+    } else if (word == "--each") {
+      options.each = true;
     } else if (word == "--no-devices") {
       options.devices = false;
     } else {
-      options.sets.push_back(word);
+      options.kinds.push_back(word);
     }
   }
-  if (options.tolerances.empty()) options.tolerances = {0.99f};
-  if (options.sets.empty()) options.sets = setNames();
+  if (options.kinds.empty()) options.kinds = setNames();
   return options;
 }
 
-void measure(const Options& options, const SoundLibrary& library, float tolerance) {
-  std::printf("tolerance %.3f, %s sound\n", double(tolerance),
-              library.music.empty() ? "synthetic" : "real");
-  std::map<std::string, std::array<int, 2>> votes;
-  Score byVotes, bySound;
-  double fingerprints = 0, voting = 0, hours = 0;
-  for (const std::string& name : options.sets)
-    for (unsigned seed = options.firstSeed; seed <= options.lastSeed; ++seed) {
-      const Rendered r = rendered(name, seed, options.devices, library);
-      const Voted voted = vote(r, tolerance);
-      printVotes(r, voted, votes);
-      byVotes.add(placed(r, voted, false, false));
-      const Score score = placed(r, voted, true, options.list);
-      print(name + ", seed " + std::to_string(seed), score);
-      bySound.add(score);
-      fingerprints += voted.fingerprintSeconds, voting += voted.voteSeconds;
-      for (const auto& sound : r.sounds) hours += double(sound.size()) / 8000 / 3600;
-    }
-  std::printf("all sets: %.1f hours of sound, fingerprints %.2f s, votes %.2f s\n", hours,
-              fingerprints, voting);
-  for (const auto& [name, counts] : votes)
-    std::printf("  vote, %-22s %4d right %4d wrong\n", name.c_str(), counts[0], counts[1]);
-  print("placed by votes alone", byVotes);
-  print("placed by sound", bySound);
-  std::printf("  of 10 s or more at 5 dB or better: %d of %d pairs\n", bySound.clearFound,
-              bySound.clearWanted);
-  for (const auto& [tenth, counts] : bySound.calibration)
-    std::printf("  confidence %.1f to %.1f: %d of %d right\n", tenth / 10.0, (tenth + 1) / 10.0,
-                counts.first, counts.second);
+void measureAll(const Options& options) {
+  std::vector<std::pair<std::string, unsigned>> work;
+  for (const std::string& kind : options.kinds)
+    for (unsigned seed = options.firstSeed; seed <= options.lastSeed; ++seed)
+      work.push_back({kind, seed});
+  Renderer render(options.sounds, options.cache);
+  Tally tally(options);
+#pragma omp parallel for schedule(dynamic) num_threads(options.jobs)
+  for (std::size_t i = 0; i < work.size(); ++i) {
+    const auto& [kind, seed] = work[i];
+    const Shoot shoot = shootOf(render(kind, seed), options.devices);
+    const Result result = measured(shoot, options.tolerance);
+#pragma omp critical
+    tally.add(kind, seed, result);
+  }
+  tally.print();
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
-  const Options options = parse(argc, argv);
-  const SoundLibrary library = loadLibrary(options.sounds);
-  for (const float tolerance : options.tolerances) measure(options, library, tolerance);
+  omp_set_max_active_levels(1);
+  measureAll(parse(argc, argv));
 }

@@ -11,21 +11,16 @@ namespace {
 struct Standing {
   int group = -1;
   double offset = 0, confidence = 0;
-  std::optional<double> drift;
+  std::optional<double> error, drift;
 };
 
 std::vector<Standing> standings(const matching::Placement& placement, std::size_t takes) {
   std::vector<Standing> all(takes);
   for (std::size_t g = 0; g < placement.groups.size(); ++g)
     for (const auto& m : placement.groups[g].members)
-      all[std::size_t(m.file)] = {int(g), m.offsetSeconds, m.confidence, m.driftPpm};
+      all[std::size_t(m.file)] = {int(g), m.offsetSeconds, m.confidence, m.errorSeconds,
+                                  m.driftPpm};
   return all;
-}
-
-double quantile(std::vector<double> values, double q) {
-  if (values.empty()) return 0;
-  std::ranges::sort(values);
-  return values[std::min(values.size() - 1, std::size_t(q * double(values.size())))];
 }
 
 // How much of a span lies in none of the others.
@@ -67,17 +62,16 @@ Truth truthOf(const Set& set, std::size_t i, std::size_t j) {
   return {to - from, offset, outside({from, to}, silent)};
 }
 
-void Score::add(const Score& other) {
-  wanted += other.wanted, found += other.found;
-  clearWanted += other.clearWanted, clearFound += other.clearFound;
-  misplaced += other.misplaced, strangers += other.strangers;
-  seconds += other.seconds;
-  errors.insert(errors.end(), other.errors.begin(), other.errors.end());
-  driftErrors.insert(driftErrors.end(), other.driftErrors.begin(), other.driftErrors.end());
-  for (const auto& [tenth, counts] : other.calibration) {
-    calibration[tenth].first += counts.first;
-    calibration[tenth].second += counts.second;
-  }
+bool belongTogether(const Set& set, std::size_t a, std::size_t b) {
+  constexpr double kEnough = 5, kShare = 0.8;
+  const double shorter = std::min(set.takes[a].lengthSeconds, set.takes[b].lengthSeconds);
+  return truthOf(set, a, b).heard >= std::min(kEnough, kShare * shorter);
+}
+
+double quantile(std::vector<double> values, double q) {
+  if (values.empty()) return 0;
+  std::ranges::sort(values);
+  return values[std::min(values.size() - 1, std::size_t(q * double(values.size())))];
 }
 
 namespace {
@@ -100,81 +94,167 @@ bool isRight(double error, const Truth& truth) {
 /// How one recording stands against all others, those of its own device included.
 struct Company {
   int right = 0, wrong = 0;
-  int missed = 0;        // both hear 5 s or more, but are not in its group
-  double nearest = 1e9;  // seconds; the smallest error
+  int missed = 0;           // belong with it, but are not in its group
+  double nearest = 1e9;     // seconds; the smallest error
+  std::vector<double> off;  // seconds; from those that belong with it and stand right
+
+  bool isRight() const { return right >= wrong; }
 };
 
-Company companyOf(const Set& set, const std::vector<Standing>& all, std::size_t i) {
-  Company company;
-  for (std::size_t j = 0; j < all.size(); ++j) {
-    if (i == j) continue;
-    const Truth truth = truthOf(set, i, j);
-    if (const auto error = errorBetween(set, all, i, j)) {
-      ++(isRight(*error, truth) ? company.right : company.wrong);
-      if (std::abs(*error) < std::abs(company.nearest)) company.nearest = *error;
-    } else if (set.takes[i].device != set.takes[j].device) {
-      company.missed += truth.heard >= 5;
+/// Which recordings hang together by pairs that belong together: the same number for all of them.
+std::vector<int> parts(const std::vector<std::vector<std::size_t>>& belonging) {
+  std::vector<int> part(belonging.size(), -1);
+  for (std::size_t first = 0; first < part.size(); ++first) {
+    std::vector<std::size_t> open{first};
+    while (!open.empty()) {
+      const std::size_t i = open.back();
+      open.pop_back();
+      if (part[i] >= 0) continue;
+      part[i] = int(first);
+      open.insert(open.end(), belonging[i].begin(), belonging[i].end());
     }
   }
-  return company;
+  return part;
+}
+
+std::size_t limitOf(double confidence) {
+  const auto above = std::ranges::upper_bound(kLimits, confidence);
+  return std::size_t(std::max<std::ptrdiff_t>(1, above - kLimits.begin())) - 1;
+}
+
+/// Goes through the pairs of one set once.
+class Scorer {
+ public:
+  Scorer(const Set& set, const matching::Placement& placement)
+      : set_(set),
+        all_(standings(placement, set.takes.size())),
+        companies_(all_.size()),
+        belonging_(all_.size()) {
+    score_.sets = 1, score_.recordings = int(all_.size());
+    for (std::size_t i = 0; i < all_.size(); ++i)
+      for (std::size_t j = i + 1; j < all_.size(); ++j) meet(i, j);
+    countJoined();
+    for (std::size_t i = 0; i < all_.size(); ++i) countRecording(i);
+  }
+
+  const Score& score() const { return score_; }
+  const Company& company(std::size_t i) const { return companies_[i]; }
+  const Standing& standing(std::size_t i) const { return all_[i]; }
+
+ private:
+  void meet(std::size_t i, std::size_t j) {
+    const Truth truth = truthOf(set_, i, j);
+    const auto error = errorBetween(set_, all_, i, j);
+    const bool right = error && events::isRight(*error, truth);
+    const bool others = set_.takes[i].device != set_.takes[j].device;
+    const bool belong = others && belongTogether(set_, i, j);
+    if (belong) belonging_[i].push_back(j), belonging_[j].push_back(i);
+    for (const std::size_t k : {i, j}) {
+      Company& company = companies_[k];
+      if (error) ++(right ? company.right : company.wrong);
+      if (error && std::abs(*error) < std::abs(company.nearest)) company.nearest = *error;
+      if (!error) company.missed += belong;
+      if (belong && right) company.off.push_back(*error);
+    }
+    if (others) countPair(i, j, truth, error, right, belong);
+  }
+
+  void countPair(std::size_t i, std::size_t j, const Truth& truth, std::optional<double> error,
+                 bool right, bool belong) {
+    const Take &a = set_.takes[i], &b = set_.takes[j];
+    if (belong) score_.pairs.add(right);
+    if (truth.heard >= 10 && std::min(a.microphone.snrDb, b.microphone.snrDb) >= 5)
+      score_.clear.add(right);
+    if (!error) return;
+    score_.wrong += !right;
+    score_.strangers += a.event != b.event;
+    if (right && belong) score_.errors.push_back(std::abs(*error));
+    if (right && truth.overlap >= 600 && all_[i].drift && all_[j].drift)
+      score_.driftErrors.push_back(std::abs(*all_[j].drift - *all_[i].drift -
+                                            b.microphone.driftPpm + a.microphone.driftPpm));
+    const double sure = std::min(all_[i].confidence, all_[j].confidence);
+    for (std::size_t k = 0; k < kLimits.size() && sure >= kLimits[k]; ++k)
+      score_.limits[k].right += right && belong, score_.limits[k].wrong += !right;
+  }
+
+  void countJoined() {
+    const std::vector<int> part = parts(belonging_);
+    for (std::size_t i = 0; i < all_.size(); ++i)
+      for (std::size_t j = i + 1; j < all_.size(); ++j) {
+        if (part[i] != part[j] || set_.takes[i].device == set_.takes[j].device) continue;
+        const auto error = errorBetween(set_, all_, i, j);
+        score_.joined.add(error && events::isRight(*error, truthOf(set_, i, j)));
+      }
+  }
+
+  void countRecording(std::size_t i) {
+    if (all_[i].group < 0) return;
+    const Company& company = companies_[i];
+    const std::size_t limit = limitOf(all_[i].confidence);
+    score_.promised[limit].add(company.isRight());
+    score_.misplaced += !company.isRight();
+    for (std::size_t k = 0; k <= limit; ++k) score_.limits[k].misplaced += !company.isRight();
+    if (all_[i].error && company.isRight() && !company.off.empty()) {
+      std::vector<double> off;
+      for (const double o : company.off) off.push_back(std::abs(o));
+      score_.errorHeld.add(quantile(off, 0.5) <= *all_[i].error);
+    }
+  }
+
+  const Set& set_;
+  std::vector<Standing> all_;
+  std::vector<Company> companies_;
+  std::vector<std::vector<std::size_t>> belonging_;
+  Score score_;
+};
+
+void add(RightOf& to, const RightOf& from) { to.right += from.right, to.all += from.all; }
+
+void append(std::vector<double>& to, const std::vector<double>& from) {
+  to.insert(to.end(), from.begin(), from.end());
 }
 
 }  // namespace
 
-Score scoreOf(const Set& set, const matching::Placement& placement) {
-  Score score;
-  const auto all = standings(placement, set.takes.size());
-  for (std::size_t i = 0; i < all.size(); ++i) {
-    for (std::size_t j = i + 1; j < all.size(); ++j) {
-      const Take &a = set.takes[i], &b = set.takes[j];
-      if (a.device == b.device) continue;
-      const Truth truth = truthOf(set, i, j);
-      const auto error = errorBetween(set, all, i, j);
-      const bool good = error && std::abs(*error) < kRight;
-      if (truth.heard >= 5) ++score.wanted, score.found += good;
-      if (truth.heard >= 10 && std::min(a.microphone.snrDb, b.microphone.snrDb) >= 5)
-        ++score.clearWanted, score.clearFound += good;
-      if (error && a.event != b.event) ++score.strangers;
-      if (good && truth.heard >= 5) score.errors.push_back(std::abs(*error));
-      if (good && truth.overlap >= 600 && all[i].drift && all[j].drift)
-        score.driftErrors.push_back(std::abs(*all[j].drift - *all[i].drift - b.microphone.driftPpm +
-                                             a.microphone.driftPpm));
-    }
-    if (all[i].group < 0) continue;
-    const Company company = companyOf(set, all, i);
-    const bool right = company.right >= company.wrong;
-    score.misplaced += !right;
-    auto& bin = score.calibration[std::min(9, int(all[i].confidence * 10))];
-    bin.first += right;
-    ++bin.second;
+void Score::add(const Score& other) {
+  sets += other.sets, recordings += other.recordings, hours += other.hours;
+  wrong += other.wrong, strangers += other.strangers, misplaced += other.misplaced;
+  events::add(pairs, other.pairs), events::add(clear, other.clear);
+  events::add(joined, other.joined), events::add(errorHeld, other.errorHeld);
+  append(errors, other.errors), append(driftErrors, other.driftErrors);
+  for (std::size_t k = 0; k < kLimits.size(); ++k) {
+    limits[k].right += other.limits[k].right, limits[k].wrong += other.limits[k].wrong;
+    limits[k].misplaced += other.limits[k].misplaced;
+    events::add(promised[k], other.promised[k]);
   }
-  return score;
+  fingerprintSeconds += other.fingerprintSeconds;
+  voteSeconds += other.voteSeconds, placeSeconds += other.placeSeconds;
 }
 
-void list(const Set& set, const matching::Placement& placement) {
-  const auto all = standings(placement, set.takes.size());
-  for (std::size_t i = 0; i < all.size(); ++i) {
-    const Company company = companyOf(set, all, i);
+Score scoreOf(const Set& set, const matching::Placement& placement) {
+  return Scorer(set, placement).score();
+}
+
+std::string list(const Set& set, const matching::Placement& placement) {
+  const Scorer scorer(set, placement);
+  std::string text;
+  for (std::size_t i = 0; i < set.takes.size(); ++i) {
+    const Company& company = scorer.company(i);
     if (company.wrong == 0 && (company.missed == 0 || company.right > 0)) continue;
     const Take& take = set.takes[i];
-    std::printf("    %-22s %5.1f s at %.0f dB%s%s: right %d wrong %d missed %d", take.name.c_str(),
-                take.lengthSeconds, take.microphone.snrDb, take.microphone.babble ? " babble" : "",
-                take.microphone.wind ? " wind" : "", company.right, company.wrong, company.missed);
-    if (company.wrong)
-      std::printf(", off by %.2f s, confidence %.2f", company.nearest, all[i].confidence);
-    std::printf("\n");
+    char line[200];
+    std::snprintf(line, sizeof line,
+                  "    %-22s %5.1f s at %.0f dB%s%s: right %d wrong %d missed %d",
+                  take.name.c_str(), take.lengthSeconds, take.microphone.snrDb,
+                  take.microphone.babble ? " babble" : "", take.microphone.wind ? " wind" : "",
+                  company.right, company.wrong, company.missed);
+    text += line;
+    std::snprintf(line, sizeof line, ", off by %.2f s, confidence %.2f", company.nearest,
+                  scorer.standing(i).confidence);
+    if (company.wrong) text += line;
+    text += "\n";
   }
-}
-
-void print(const std::string& name, const Score& s) {
-  std::printf(
-      "  %-28s %4d of %4d pairs  misplaced %d  strangers %d  error median %.2f 95%% %.2f max %.2f "
-      "ms",
-      name.c_str(), s.found, s.wanted, s.misplaced, s.strangers, 1e3 * quantile(s.errors, 0.5),
-      1e3 * quantile(s.errors, 0.95), 1e3 * quantile(s.errors, 1));
-  if (!s.driftErrors.empty()) std::printf("  drift within %.2f ppm", quantile(s.driftErrors, 1));
-  std::printf("  %.2f s\n", s.seconds);
-  std::fflush(stdout);
+  return text;
 }
 
 }  // namespace events
