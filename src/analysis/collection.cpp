@@ -26,8 +26,6 @@ MatrixXLI asMatrix(std::span<const Landmark> landmarks, Eigen::Index zeroRows) {
   return matrix;
 }
 
-void Collection::add(std::vector<Landmark> landmarks) { delays_.push_back(std::move(landmarks)); }
-
 Eigen::Index Collection::rows() const {
   Eigen::Index rows = zeroRows(delays_);
   for (const auto& landmarks : delays_) rows += static_cast<Eigen::Index>(landmarks.size());
@@ -38,9 +36,11 @@ MatrixXLI Collection::sorted() && {
   const Eigen::Index zeros = zeroRows(delays_);
   std::vector<Landmark> landmarks;
   landmarks.reserve(static_cast<std::size_t>(rows() - zeros));
-  for (std::vector<Landmark>& delay : std::exchange(delays_, {})) {
+  for (std::vector<Landmark>& delay : delays_) {
     landmarks.insert(landmarks.end(), delay.begin(), delay.end());
+    delay = {};
   }
+  delays_.clear();
   sortByHash(landmarks);
   return asMatrix(landmarks, zeros);
 }

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <span>
+#include <utility>
 #include <vector>
 
 #include "analysis/landmarks.h"
@@ -18,7 +19,7 @@ MatrixXLI asMatrix(std::span<const Landmark> landmarks, Eigen::Index zeroRows);
 /// The landmarks of one recording, delay by delay, on their way to a fingerprint.
 class Collection {
  public:
-  void add(std::vector<Landmark> landmarks);
+  explicit Collection(std::vector<std::vector<Landmark>> delays) : delays_(std::move(delays)) {}
 
   /// Rows of the fingerprint.
   Eigen::Index rows() const;

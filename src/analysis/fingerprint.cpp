@@ -6,23 +6,16 @@
 namespace analysis {
 
 MatrixXLI fingerprint(std::span<const float> samples, float a_dec) {
-  const auto seconds = static_cast<float>(samples.size() / kSampleRate);
-  Collection collection;
-  Spectrogram s;
-  for (const int shift : kShifts) {
-    spectrogramInto(s, samples, shift);
-    collection.add(landmarksOf(s, seconds, {a_dec}));
-  }
-  s.resize(0, 0);  // the sorting needs memory, too
-  return std::move(collection).sorted();
+  SamplesInMemory source(samples);
+  return Collection(landmarksOf(source, kShifts, {a_dec})).sorted();
 }
 
 void extract_peaks(MatrixXLI& out, const std::string& path, int /*file*/, float* duration,
                    float a_dec, float target_df, float target_dt, int shift,
                    report::Console& console) {
-  FileHearing hearing(path, {a_dec, {target_df, target_dt}}, console);
-  const std::vector<Landmark> landmarks = hearing.landmarks(shift, *duration);
-  out = asMatrix(landmarks, landmarks.empty() ? 1 : 0);
+  const auto delays = landmarksOfFile(path, std::span(&shift, 1), *duration,
+                                      {a_dec, {target_df, target_dt}}, console);
+  out = asMatrix(delays.front(), delays.front().empty() ? 1 : 0);
 }
 
 }  // namespace analysis

@@ -1,4 +1,5 @@
 #include <exception>
+#include <utility>
 
 #include "analysis/collection.h"
 #include "analysis/fingerprint.h"
@@ -18,20 +19,11 @@ void appendLogLine(const FingerprintListener& listener, std::string_view text) {
   if (listener.appendLogLine) listener.appendLogLine(text);
 }
 
-Collection hear(const std::string& path, float a_dec, float& duration,
-                const FingerprintListener& listener) {
-  FileHearing hearing(path, {a_dec}, listener.console);
-  Collection collection;
-  for (const int shift : kShifts) {
-    if (isCancelled(listener)) break;
-    collection.add(hearing.landmarks(shift, duration));
-  }
-  return collection;
-}
-
 MatrixXLI fingerprintFile(const std::string& path, float a_dec, float& duration,
                           const FingerprintListener& listener) {
-  Collection collection = hear(path, a_dec, duration, listener);
+  auto delays = landmarksOfFile(path, kShifts, duration, {a_dec}, listener.console,
+                                [&] { return isCancelled(listener); });
+  Collection collection(std::move(delays));
   const std::string rule(55, '$');
   listener.console.line(rule);
   listener.console.line(line("kombinirani maksovi nroj e:", collection.rows()));  // combined peaks

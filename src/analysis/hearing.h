@@ -1,11 +1,12 @@
 #pragma once
 
+#include <functional>
+#include <span>
 #include <string>
 #include <vector>
 
 #include "analysis/landmarks.h"
-#include "analysis/sound.h"
-#include "analysis/spectrogram.h"
+#include "analysis/sample_source.h"
 #include "report/console.h"
 
 namespace analysis {
@@ -15,27 +16,19 @@ struct HearingSettings {
   TargetZone zone = {};
 };
 
-/// The landmarks of one spectrogram in the order in which they are found; none if there is only
-/// one. `seconds`: whole seconds of the recording, of which the number of peaks depends.
-std::vector<Landmark> landmarksOf(const Spectrogram& s, float seconds,
-                                  const HearingSettings& settings);
+/// The landmarks of one recording heard with each of `shifts`, in the order in which they are found;
+/// none where there is only one. The memory grows with the landmarks and not with the sound. None at
+/// all when `stop`, polled every few seconds of sound, ended it. Callable from any thread.
+std::vector<std::vector<Landmark>> landmarksOf(SampleSource& source, std::span<const int> shifts,
+                                               const HearingSettings& settings,
+                                               const std::function<bool()>& stop = {});
 
-/// One file that is read once and heard with several delays, with its log lines. Not for several
-/// threads at once.
-class FileHearing {
- public:
-  FileHearing(std::string path, HearingSettings settings, report::Console& console);
-
-  /// The landmarks of the file delayed by `shift` samples; none for a file without sound.
-  /// `duration` receives whole seconds and stays as it is for a file without sound.
-  std::vector<Landmark> landmarks(int shift, float& duration);
-
- private:
-  const std::string path_;
-  const Sound sound_;
-  const HearingSettings settings_;
-  report::Console& console_;
-  Spectrogram spectrogram_;  // memory that all delays use
-};
+/// The same for the WAV file at `path`, with its log lines; no landmarks for a file without sound.
+/// `duration` receives whole seconds and stays as it is for a file without sound.
+std::vector<std::vector<Landmark>> landmarksOfFile(const std::string& path,
+                                                   std::span<const int> shifts, float& duration,
+                                                   const HearingSettings& settings,
+                                                   report::Console& console,
+                                                   const std::function<bool()>& stop = {});
 
 }  // namespace analysis

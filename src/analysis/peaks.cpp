@@ -4,20 +4,18 @@
 #include <array>
 #include <ranges>
 
-#include "analysis/envelope.h"
-
 namespace analysis {
 namespace {
 
 constexpr int kPeaksPerFrame = 5;
 constexpr int kFirstFrames = 10;  // whose loudest values start the forward envelope
 
-// The largest value of every bin over the first frames.
-Eigen::VectorXf loudestOfFirst(const Spectrogram& s) {
-  Eigen::VectorXf loudest = s.col(0);
-  for (Eigen::Index t = 1; t < std::min<Eigen::Index>(kFirstFrames, s.cols()); ++t) {
-    for (int bin = 0; bin < kBins; ++bin) loudest[bin] = std::max(loudest[bin], s(bin, t));
-  }
+// The largest value of every bin over some frames.
+std::array<float, kBins> loudestOf(std::span<const float> frames) {
+  std::array<float, kBins> loudest;
+  std::copy_n(frames.begin(), kBins, loudest.begin());
+  for (std::size_t i = kBins; i < frames.size(); ++i)
+    loudest[i % kBins] = std::max(loudest[i % kBins], frames[i]);
   return loudest;
 }
 
@@ -68,31 +66,43 @@ class Candidates {
 
 }  // namespace
 
-std::vector<Peak> forwardPeaks(const Spectrogram& s, float decay, std::int64_t capacity) {
-  std::vector<Peak> peaks;
-  Envelope envelope(loudestOfFirst(s).data(), decay);
-  for (Eigen::Index t = 0; t < s.cols(); ++t) {
-    const float* spectrum = s.col(t).data();
-    std::int64_t room = std::min<std::int64_t>(
-        kPeaksPerFrame, capacity * (t + 1) / s.cols() - static_cast<std::int64_t>(peaks.size()));
-    if (room > 0 && envelope.isExceededBy(spectrum)) {
-      for (const Candidate& candidate : Candidates(spectrum, envelope)) {
-        const float value = spectrum[candidate.bin];
-        if (!(value > envelope[candidate.bin])) continue;
-        peaks.push_back({static_cast<int>(t), candidate.bin, value});
-        envelope.raise(candidate.bin, value, forwardBell());
-        if (--room == 0) break;
-      }
-    }
-    envelope.fall();
-  }
-  return peaks;
+ForwardPeaks::ForwardPeaks(Eigen::Index frames, float decay, std::int64_t capacity)
+    : frames_(frames), decay_(decay), capacity_(capacity) {}
+
+void ForwardPeaks::add(const float* spectrum) {
+  std::copy_n(spectrum, kBins, last_.begin());
+  if (envelope_) return take(spectrum);
+  first_.insert(first_.end(), spectrum, spectrum + kBins);
+  if (std::ssize(first_) == kBins * std::min<Eigen::Index>(kFirstFrames, frames_)) begin();
 }
 
-std::vector<Peak> backwardPeaks(const Spectrogram& s, std::span<const Peak> peaks, float decay) {
+void ForwardPeaks::begin() {
+  envelope_.emplace(loudestOf(first_).data(), decay_);
+  for (std::size_t frame = 0; frame < first_.size(); frame += kBins) take(&first_[frame]);
+  first_ = {};
+}
+
+void ForwardPeaks::take(const float* spectrum) {
+  const Eigen::Index t = taken_++;
+  std::int64_t room = std::min<std::int64_t>(
+      kPeaksPerFrame, capacity_ * (t + 1) / frames_ - static_cast<std::int64_t>(peaks_.size()));
+  if (room > 0 && envelope_->isExceededBy(spectrum)) {
+    for (const Candidate& candidate : Candidates(spectrum, *envelope_)) {
+      const float value = spectrum[candidate.bin];
+      if (!(value > (*envelope_)[candidate.bin])) continue;
+      peaks_.push_back({static_cast<int>(t), candidate.bin, value});
+      envelope_->raise(candidate.bin, value, forwardBell());
+      if (--room == 0) break;
+    }
+  }
+  envelope_->fall();
+}
+
+std::vector<Peak> backwardPeaks(Eigen::Index frames, const float* last, std::span<const Peak> peaks,
+                                float decay) {
   std::vector<Peak> kept;
-  Envelope envelope(s.col(s.cols() - 1).data(), decay);
-  auto frame = static_cast<int>(s.cols() - 1);
+  Envelope envelope(last, decay);
+  auto frame = static_cast<int>(frames - 1);
   for (const Peak& peak : std::views::reverse(peaks)) {
     for (; frame > peak.frame; --frame) envelope.fall();
     if (!(peak.value >= envelope[peak.bin])) continue;

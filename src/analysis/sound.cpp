@@ -6,17 +6,6 @@
 
 namespace analysis {
 
-Sound readSound(const std::string& path) {
-  SF_INFO info = {};
-  const SoundFile file = openSoundFile(path, info);
-  Sound sound{.opened = file != nullptr, .frames = std::max<std::int64_t>(info.frames, 0)};
-  if (sound.empty()) return sound;
-  sound.samples.resize(static_cast<std::size_t>(sound.frames));
-  // Fewer samples than announced (a cut file) leave silence at the end.
-  if (file) sf_read_float(file.get(), sound.samples.data(), sound.frames);
-  return sound;
-}
-
 std::int64_t soundLength(const std::string& path) {
   SF_INFO info = {};
   const SoundFile file = openSoundFile(path, info);

@@ -3,101 +3,112 @@
 #include <algorithm>
 #include <array>
 #include <string>
+#include <vector>
+
+#include "analysis/frames.h"
+#include "analysis/level.h"
+#include "analysis/logarithm.h"
 
 namespace analysis {
 namespace {
 
 using Column = Eigen::Array<float, kBins, 1>;
 
-// The samples from `first` on as the transform wants them: where they lie, if all are there, else
-// copied into `space` with silence around.
-const float* batchAt(std::span<const float> samples, std::int64_t first,
-                     std::array<float, kBatchLength>& space) {
-  const auto length = static_cast<std::int64_t>(samples.size());
-  if (first >= 0 && first + kBatchLength <= length) return samples.data() + first;
-  space.fill(0);
-  const std::int64_t begin = std::clamp<std::int64_t>(first, 0, length);
-  const std::int64_t end = std::clamp<std::int64_t>(first + kBatchLength, begin, length);
-  std::copy(samples.begin() + begin, samples.begin() + end, space.begin() + (begin - first));
-  return space.data();
-}
-
-// Squared magnitudes of all frames; returns the largest. The number of frames with sound is even,
-// so the last batch may spill into the two silent frames at the end, never past them.
-float framePowers(std::span<const float> samples, int shift, Spectrogram& powers) {
-  const Eigen::Index sounding = 2 * (static_cast<Eigen::Index>(samples.size()) / kFrameLength);
-  powers.resize(kBins, sounding + 2);
-  FrameTransform transform;
-  std::array<float, kBatchLength> space;
-  float largest = 0;
-  for (Eigen::Index frame = 0; frame < sounding; frame += kBatch) {
-    transform.powers(batchAt(samples, frame * kHop - shift, space), powers.col(frame).data());
-    const Eigen::Index width = std::min<Eigen::Index>(kBatch, sounding - frame);
-    largest = std::max(largest, powers.middleCols(frame, width).maxCoeff());
-  }
-  powers.rightCols(2).setZero();
-  return largest;
-}
-
-// Logarithm of the magnitudes, 120 dB below the largest at least; returns the mean.
-float toLogMagnitudes(Spectrogram& powers, float largest) {
-  const float floor = largest * 1e-12f;
-  double sum = 0;
-  for (auto frame : powers.colwise()) {
-    Eigen::Map<Column> column(frame.data());
-    column = 0.5f * column.max(floor).log();  // the root of the power, taken after the logarithm
-    sum += column.sum();
-  }
-  return static_cast<float>(sum / static_cast<double>(powers.size()));
-}
-
 // A steady hum says nothing about time; onsets do.
-void highPassRows(Spectrogram& s, float mean) {
-  constexpr int kFramesBetweenChecks = 256;
-  Column before = Column::Zero();
-  Column filtered = Column::Zero();
-  for (Eigen::Index frame = 0; frame < s.cols(); ++frame) {
-    Eigen::Map<Column> column(s.col(frame).data());
-    const Column now = column - mean;
-    filtered = now - before + 0.98f * filtered;
+class HighPass {
+ public:
+  explicit HighPass(float mean) : mean_(mean) {}
+
+  // The next frame's logarithms; returns its column.
+  const float* filter(const float* logs) {
+    constexpr int kFramesBetweenChecks = 256;
+    const Column now = Eigen::Map<const Column>(logs) - mean_;
+    filtered_ = now - before_ + 0.98f * filtered_;
     // In long silence the values would fade into the range where processors are slow.
-    if (frame % kFramesBetweenChecks == 0) filtered = (filtered.abs() < 1e-30f).select(0, filtered);
-    column = filtered;
-    before = now;
+    if (frame_++ % kFramesBetweenChecks == 0)
+      filtered_ = (filtered_.abs() < 1e-30f).select(0, filtered_);
+    before_ = now;
+    return filtered_.data();
   }
+
+ private:
+  float mean_;
+  std::int64_t frame_ = 0;
+  Column before_ = Column::Zero();
+  Column filtered_ = Column::Zero();
+};
+
+using Meters = std::vector<LevelMeter>;
+
+bool measure(SampleSource& source, std::span<const int> shifts, Meters& meters,
+             const std::function<bool()>& stop) {
+  return forEachFrame(
+      source, shifts,
+      [&](std::size_t i, const float* powers, int frames) { meters[i].add(powers, frames); }, stop);
+}
+
+// The levels of all delays; none when `stop` ended it.
+Meters levelsOf(SampleSource& source, std::span<const int> shifts,
+                const std::function<bool()>& stop) {
+  Meters meters(shifts.size(), LevelMeter(kFaintAtFullScale));
+  if (!measure(source, shifts, meters, stop)) return {};
+  if (std::ranges::all_of(meters, &LevelMeter::settled)) return meters;
+  Meters again;  // beyond full scale
+  for (const LevelMeter& meter : meters) again.emplace_back(meter.floor());
+  return measure(source, shifts, again, stop) ? again : Meters();
+}
+
+void fill(Spectrogram& out, SampleSource& source, int shift) {
+  out.resize(kBins, frameCount(source.length()));
+  Eigen::Index frame = 0;
+  forEachColumn(source, std::span(&shift, 1), [&](std::size_t, const float* column) {
+    out.col(frame++) = Eigen::Map<const Column>(column);
+  });
 }
 
 }  // namespace
 
-Spectrogram spectrogram(std::span<const float> samples, int shift) {
-  Spectrogram out;
-  spectrogramInto(out, samples, shift);
-  return out;
+bool forEachColumn(SampleSource& source, std::span<const int> shifts, const UseColumn& use,
+                   const std::function<bool()>& stop) {
+  const Meters levels = levelsOf(source, shifts, stop);
+  if (levels.empty()) return false;
+  std::vector<HighPass> filters;
+  for (const LevelMeter& level : levels) filters.emplace_back(level.mean());
+  std::vector<float> floors;
+  for (const LevelMeter& level : levels) floors.push_back(level.floor());
+  std::array<float, kBatch * kBins> logs;
+  const auto useFrames = [&](std::size_t i, const float* powers, int frames) {
+    std::copy_n(powers, frames * kBins, logs.begin());
+    toLogMagnitudes(std::span(logs).first(static_cast<std::size_t>(frames * kBins)), floors[i]);
+    for (int frame = 0; frame < frames; ++frame) use(i, filters[i].filter(&logs[frame * kBins]));
+  };
+  return forEachFrame(source, shifts, useFrames, stop);
 }
 
-void spectrogramInto(Spectrogram& out, std::span<const float> samples, int shift) {
-  const float largest = framePowers(samples, shift, out);
-  const float mean = toLogMagnitudes(out, largest);
-  highPassRows(out, mean);
+Spectrogram spectrogram(std::span<const float> samples, int shift) {
+  SamplesInMemory source(samples);
+  Spectrogram out;
+  fill(out, source, shift);
+  return out;
 }
 
 void specgram(Spectrogram& out, const std::string& path, int* frames, float* duration, int shift,
               report::Console& console) {
-  specgram(out, readSound(path), frames, duration, shift, console);
-}
-
-void specgram(Spectrogram& out, const Sound& sound, int* frames, float* duration, int shift,
-              report::Console& console) {
-  console.line("sf info FRAMES:" + std::to_string(sound.frames));
-  if (sound.empty()) {
-    console.line("prazen spektrogram");  // an empty spectrogram
+  SamplesInFile source(path);
+  logSpecgram(source, console);
+  if (source.empty()) {
     out.setZero(1, 1);
     return;
   }
-  for (const char* step : {"specgram 832", "specgram 837", "specgram 892"}) console.line(step);
-  spectrogramInto(out, sound.samples, shift);
+  fill(out, source, shift);
   *frames = static_cast<int>(out.cols());
-  *duration = sound.wholeSeconds();
+  *duration = source.wholeSeconds();
+}
+
+void logSpecgram(const SamplesInFile& source, report::Console& console) {
+  console.line("sf info FRAMES:" + std::to_string(source.length()));
+  if (source.empty()) return console.line("prazen spektrogram");  // an empty spectrogram
+  for (const char* step : {"specgram 832", "specgram 837", "specgram 892"}) console.line(step);
 }
 
 }  // namespace analysis

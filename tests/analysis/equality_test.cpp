@@ -3,6 +3,8 @@
 #include <cmath>
 #include <random>
 
+#include "analysis/collection.h"
+#include "analysis/hearing.h"
 #include "analysis/landmarks.h"
 #include "analysis/peaks.h"
 #include "analysis/spectrogram.h"
@@ -65,11 +67,46 @@ TEST(Spectrogram, EqualsPlainReadingUpToRounding) {
 }
 
 void expectEqualLandmarks(const Spectrogram& s, float decay, std::int64_t capacity) {
-  const auto forward = analysis::forwardPeaks(s, decay, capacity);
-  EXPECT_EQ(forward, reference::forwardPeaks(s, decay, capacity));
-  const auto kept = analysis::backwardPeaks(s, forward, decay);
-  EXPECT_EQ(kept, reference::backwardPeaks(s, forward, decay));
+  analysis::ForwardPeaks forward(s.cols(), decay, capacity);
+  for (const auto& column : s.colwise()) forward.add(column.data());
+  EXPECT_EQ(forward.peaks(), reference::forwardPeaks(s, decay, capacity));
+  const auto kept =
+      analysis::backwardPeaks(s.cols(), forward.last().data(), forward.peaks(), decay);
+  EXPECT_EQ(kept, reference::backwardPeaks(s, forward.peaks(), decay));
   EXPECT_EQ(analysis::pairPeaks(kept, {}), reference::pairPeaks(kept, 31, 63));
+}
+
+// Read in pieces, for all delays at once and without a whole spectrogram ever being kept.
+TEST(Landmarks, EqualThoseOfWholeSpectrograms) {
+  for (const auto& [name, samples] : variedSounds()) {
+    SCOPED_TRACE(name);
+    analysis::SamplesInMemory source(samples);
+    const auto delays = analysis::landmarksOf(source, analysis::kShifts, {0.98f});
+    ASSERT_EQ(delays.size(), analysis::kShifts.size());
+    const auto seconds = static_cast<std::int64_t>(samples.size() / 8000);
+    for (std::size_t i = 0; i < delays.size(); ++i) {
+      const Spectrogram s = analysis::spectrogram(samples, analysis::kShifts[i]);
+      const auto forward = reference::forwardPeaks(s, 0.98f, 50 * (seconds == 0 ? 5 : seconds));
+      auto expected = reference::pairPeaks(reference::backwardPeaks(s, forward, 0.98f), 31, 63);
+      if (expected.size() < 2) expected.clear();
+      EXPECT_EQ(delays[i], expected);
+    }
+  }
+}
+
+// The level is told from products and from counted sizes; every way has to come to the same.
+TEST(Level, EqualsThatOfThePlainLogarithms) {
+  for (const float loudness : {1.0f, 1e-2f, 1e-4f, 30.0f}) {
+    for (const auto& [name, unscaled] : variedSounds()) {
+      SCOPED_TRACE(testing::Message() << name << " times " << loudness);
+      auto samples = unscaled;
+      for (float& sample : samples) sample *= loudness;
+      const Spectrogram s = analysis::spectrogram(samples, 0);
+      const Spectrogram expected = reference::spectrogram(samples, 0);
+      if (!std::isfinite(expected(0, 0))) continue;  // shorter than a frame
+      EXPECT_LT((s.col(0) - expected.col(0)).cwiseAbs().minCoeff(), 1e-4f);
+    }
+  }
 }
 
 TEST(Peaks, EqualPlainReadingToTheBit) {

@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <fstream>
 
+#include "analysis/sample_source.h"
 #include "tests/analysis/sounds.h"
 #include "tests/fresh_path.h"
 
@@ -15,9 +16,11 @@ std::string temporary(const char* name) { return sounds::utf8(freshPath(name)); 
 TEST(Sound, PiecesAreCutFromTheWholeAndSilentOutside) {
   const std::string path = temporary("kestrel piece.wav");
   sounds::writeWav(path, sounds::noise(1000, 1));
-  const analysis::Sound whole = analysis::readSound(path);
-  ASSERT_TRUE(whole.opened);
-  EXPECT_EQ(whole.frames, 1000);
+  analysis::SamplesInFile source(path);
+  ASSERT_FALSE(source.empty());
+  ASSERT_EQ(source.length(), 1000);
+  std::vector<float> whole(1000);
+  source.read(0, whole);
   EXPECT_EQ(analysis::soundLength(path), 1000);
   struct Case {
     std::int64_t first, count;
@@ -33,9 +36,12 @@ TEST(Sound, PiecesAreCutFromTheWholeAndSilentOutside) {
     SCOPED_TRACE(testing::Message() << first << " + " << count);
     std::vector<float> expected;
     for (std::int64_t i = first; i < first + count; ++i) {
-      expected.push_back(i >= 0 && i < 1000 ? whole.samples[i] : 0);
+      expected.push_back(i >= 0 && i < 1000 ? whole[i] : 0);
     }
     EXPECT_EQ(analysis::readPiece(path, first, count), expected);
+    std::vector<float> piece(static_cast<std::size_t>(count), -1);
+    source.read(first, piece);
+    EXPECT_EQ(piece, expected);
   }
   std::filesystem::remove(path);
 }
@@ -44,7 +50,7 @@ TEST(Sound, BadFilesAreEmpty) {
   const std::string path = temporary("kestrel not a sound.wav");
   std::ofstream(path) << "this is text";
   for (const std::string& bad : {path, temporary("kestrel missing.wav"), std::string()}) {
-    EXPECT_TRUE(analysis::readSound(bad).empty());
+    EXPECT_TRUE(analysis::SamplesInFile(bad).empty());
     EXPECT_EQ(analysis::soundLength(bad), 0);
     EXPECT_EQ(analysis::readPiece(bad, -1, 3), std::vector<float>(3));
   }
