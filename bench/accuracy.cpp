@@ -25,9 +25,9 @@
 #include "bench/events/cache.h"
 #include "bench/score.h"
 #include "bench/score_text.h"
-#include "matching/placement.h"
-#include "matching/shortlist.h"
-#include "matching/vote_pairs.h"
+#include "place/placement.h"
+#include "vote/shortlist.h"
+#include "vote/vote_pairs.h"
 
 namespace {
 
@@ -53,7 +53,7 @@ double processorSeconds() {
 /// One set as the placement sees it.
 struct Shoot {
   RenderedSet rendered;
-  std::vector<matching::Recording> recordings;
+  std::vector<align::Recording> recordings;
   Eigen::VectorXf durations;
   std::vector<std::vector<int>> deviceGroups;
 };
@@ -84,15 +84,15 @@ std::vector<analysis::MatrixXLI> fingerprints(const Shoot& shoot, float toleranc
 }
 
 // The most significant votes, as a run keeps them.
-std::vector<matching::PairVote> vote(const Shoot& shoot,
-                                     const std::vector<analysis::MatrixXLI>& prints) {
-  matching::Shortlist shortlist(shoot.recordings.size());
-  matching::votePairs(prints, shoot.durations, shoot.deviceGroups, 1,
-                      [&](matching::PairVote v) { shortlist.add(v); });
+std::vector<vote::PairVote> vote(const Shoot& shoot,
+                                 const std::vector<analysis::MatrixXLI>& prints) {
+  vote::Shortlist shortlist(shoot.recordings.size());
+  vote::votePairs(prints, shoot.durations, shoot.deviceGroups, 1,
+                  [&](vote::PairVote v) { shortlist.add(v); });
   return shortlist.take();
 }
 
-matching::SoundReader readerOf(const Shoot& shoot) {
+align::SoundReader readerOf(const Shoot& shoot) {
   return [&](int file, std::int64_t first, std::int64_t count) {
     const auto& sound = shoot.rendered.sounds[std::size_t(file)];
     std::vector<float> piece(std::size_t(count), 0.0f);
@@ -115,11 +115,11 @@ Result measured(const Shoot& shoot, float tolerance) {
   const double printed = processorSeconds();
   const auto votes = vote(shoot, prints);
   const double voted = processorSeconds();
-  const auto placement = matching::placeBySound(shoot.recordings, votes, readerOf(shoot));
+  const auto placement = place::placeBySound(shoot.recordings, votes, readerOf(shoot));
   const double placed = processorSeconds();
   const Set& set = shoot.rendered.set;
-  Result result{scoreOf(set, matching::placeByVotes(shoot.recordings, votes)),
-                scoreOf(set, placement), list(set, placement)};
+  Result result{scoreOf(set, place::placeByVotes(shoot.recordings, votes)), scoreOf(set, placement),
+                list(set, placement)};
   result.bySound.fingerprintSeconds = printed - start;
   result.bySound.voteSeconds = voted - printed;
   result.bySound.placeSeconds = placed - voted;

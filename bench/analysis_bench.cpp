@@ -7,6 +7,7 @@
 
 #include "analysis/fingerprint.h"
 #include "analysis/peaks.h"
+#include "analysis/sound.h"
 #include "analysis/spectrogram.h"
 #include "bench/memory.h"
 #include "tests/analysis/reference.h"

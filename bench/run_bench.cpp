@@ -58,7 +58,7 @@ std::vector<std::string> makeRecordings(const Folder& folder) {
 
 double hoursOf(const std::vector<std::string>& files, run::MediaProbe& probe) {
   double hours = 0;
-  for (const std::string& file : files) hours += probe.query(file).seconds / 3600;
+  for (const std::string& file : files) hours += probe.query(file).facts.lengthSeconds / 3600;
   return hours;
 }
 

@@ -14,7 +14,7 @@ struct Standing {
   std::optional<double> error, drift;
 };
 
-std::vector<Standing> standings(const matching::Placement& placement, std::size_t takes) {
+std::vector<Standing> standings(const place::Placement& placement, std::size_t takes) {
   std::vector<Standing> all(takes);
   for (std::size_t g = 0; g < placement.groups.size(); ++g)
     for (const auto& m : placement.groups[g].members)
@@ -125,7 +125,7 @@ std::size_t limitOf(double confidence) {
 /// Goes through the pairs of one set once.
 class Scorer {
  public:
-  Scorer(const Set& set, const matching::Placement& placement)
+  Scorer(const Set& set, const place::Placement& placement)
       : set_(set),
         all_(standings(placement, set.takes.size())),
         companies_(all_.size()),
@@ -231,11 +231,11 @@ void Score::add(const Score& other) {
   voteSeconds += other.voteSeconds, placeSeconds += other.placeSeconds;
 }
 
-Score scoreOf(const Set& set, const matching::Placement& placement) {
+Score scoreOf(const Set& set, const place::Placement& placement) {
   return Scorer(set, placement).score();
 }
 
-std::string list(const Set& set, const matching::Placement& placement) {
+std::string list(const Set& set, const place::Placement& placement) {
   const Scorer scorer(set, placement);
   std::string text;
   for (std::size_t i = 0; i < set.takes.size(); ++i) {

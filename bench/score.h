@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "bench/events/sets.h"
-#include "matching/placement.h"
+#include "place/placement.h"
 
 namespace events {
 
@@ -59,11 +59,11 @@ struct Score {
   void add(const Score& other);
 };
 
-Score scoreOf(const Set& set, const matching::Placement& placement);
+Score scoreOf(const Set& set, const place::Placement& placement);
 
 /// One line for every recording that stands wrong against some of its group, or alone although it
 /// overlaps.
-std::string list(const Set& set, const matching::Placement& placement);
+std::string list(const Set& set, const place::Placement& placement);
 
 double quantile(std::vector<double> values, double q);
 

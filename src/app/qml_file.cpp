@@ -7,9 +7,9 @@
 #include "app/my_thread.h"
 #include "app/run_progress.h"
 #include "app/run_session.h"
-#include "matching/compare.h"
 #include "report/console.h"
 #include "report/diagnostics.h"
+#include "vote/compare.h"
 
 namespace app {
 namespace {
@@ -85,11 +85,11 @@ void QMLFile::start_sync2(float tolerance, int x, int y, float fps, int premiere
 
 vector<unsigned long long>* QMLFile::proveriall(int nall, VectorXf traenje, MatrixXLI* all,
                                                 vector<vector<int>> device_groups) {
-  matching::CompareCalls calls;
+  vote::CompareCalls calls;
   calls.log = [](std::string_view line) { report::appendLogLine(std::string(line)); };
   calls.console = say;
   calls.moveprogressignal = [this](int pixels) { Q_EMIT moveprogressignal(pixels); };
-  return matching::proveriall(nall, std::move(traenje), all, std::move(device_groups), calls);
+  return vote::proveriall(nall, std::move(traenje), all, std::move(device_groups), calls);
 }
 
 vector<std::string> QMLFile::resemplirajgi8000(vector<std::string> videofiles) {

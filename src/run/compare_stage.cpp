@@ -2,18 +2,18 @@
 
 #include <algorithm>
 
-#include "matching/compare.h"
-#include "matching/evaluate.h"
-#include "matching/shortlist.h"
-#include "matching/vote_pairs.h"
 #include "report/diagnostics.h"
 #include "report/read2sync.h"
+#include "vote/compare.h"
+#include "vote/evaluate.h"
+#include "vote/shortlist.h"
+#include "vote/vote_pairs.h"
 
 namespace run {
 namespace {
 
-using matching::FilePair;
-using matching::PairVote;
+using vote::FilePair;
+using vote::PairVote;
 
 constexpr std::size_t kLinesAtOnce = 1 << 16;  // bytes of tempresults.txt between two writes
 
@@ -28,8 +28,8 @@ report::ComparedPair described(const PairVote& vote, const std::vector<Entry>& e
     pair.offsetSeconds = vote.stats->bestOffset;
     pair.sections = static_cast<int>(vote.stats->sections);
   }
-  if (vote.accepted == matching::Acceptance::strict) pair.verdict = Verdict::strict;
-  if (vote.accepted == matching::Acceptance::music) pair.verdict = Verdict::music;
+  if (vote.accepted == vote::Acceptance::strict) pair.verdict = Verdict::strict;
+  if (vote.accepted == vote::Acceptance::music) pair.verdict = Verdict::music;
   return pair;
 }
 
@@ -82,8 +82,8 @@ std::vector<FilePair> allPairs(const Material& material) {
   const auto less = [](const FilePair& a, const FilePair& b) {
     return std::minmax(a.first, a.second) < std::minmax(b.first, b.second);
   };
-  const auto listed = matching::pairsToCompare(raised, material.groups);
-  const auto real = matching::pairsToCompare(raised, trueGroups(material.entries));
+  const auto listed = vote::pairsToCompare(raised, material.groups);
+  const auto real = vote::pairsToCompare(raised, trueGroups(material.entries));
   std::vector<FilePair> pairs;
   std::ranges::set_union(listed, real, std::back_inserter(pairs), less);
   std::erase_if(pairs, [&](const FilePair& pair) {
@@ -100,24 +100,24 @@ Comparison compareAll(const Material& material, int mode, const Services& servic
   for (const Entry& entry : entries) names.push_back(entry.converted);
   const std::vector<FilePair> pairs = allPairs(material);
   Comparison comparison;
-  matching::Shortlist shortlist(entries.size());
+  vote::Shortlist shortlist(entries.size());
   PairLog log;
   int done = 0;
   const auto take = [&](PairVote vote) {
     log.add(described(vote, entries));
     services.progress.stage(Stage::compare, entries[vote.first].listed, ++done,
                             static_cast<int>(pairs.size()));
-    if (vote.accepted != matching::Acceptance::none &&
+    if (vote.accepted != vote::Acceptance::none &&
         !shareGroup(material.groups, vote.first, vote.second)) {
-      services.console.line(matching::acceptanceLine(vote, material.durations, names));
-      const auto row = matching::syncRow(vote);
+      services.console.line(vote::acceptanceLine(vote, material.durations, names));
+      const auto row = vote::syncRow(vote);
       comparison.table.insert(comparison.table.end(), row.begin(), row.end());
     }
     if (!shareDevice(entries, vote)) shortlist.add(std::move(vote));
   };
   services.progress.moveprogressignal(1);
-  matching::votePairs(material.fingerprints, material.durations, pairs, mode, take,
-                      [&] { return services.cancelled.load(); });
+  vote::votePairs(material.fingerprints, material.durations, pairs, mode, take,
+                  [&] { return services.cancelled.load(); });
   comparison.votes = shortlist.take();
   return comparison;
 }

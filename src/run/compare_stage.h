@@ -2,16 +2,16 @@
 
 #include <vector>
 
-#include "matching/vote.h"
 #include "run/material.h"
 #include "run/sync_run.h"
+#include "vote/vote.h"
 
 namespace run {
 
 /// What comparing all pairs of files gave.
 struct Comparison {
-  std::vector<float> table;               // the sync table: accepted pairs, six numbers each
-  std::vector<matching::PairVote> votes;  // for the placement: those that say most
+  std::vector<float> table;           // the sync table: accepted pairs, six numbers each
+  std::vector<vote::PairVote> votes;  // for the placement: those that say most
 };
 
 /// Compares every pair of files and votes on it; tells tempresults.txt of each.

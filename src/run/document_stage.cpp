@@ -41,7 +41,7 @@ void store(const std::string& file, const std::string& text, Outcome& outcome) {
 
 }  // namespace
 
-timeline::Project projectOf(const matching::Placement& placement, const Material& material,
+timeline::Project projectOf(const place::Placement& placement, const Material& material,
                             const Settings& settings) {
   timeline::Project project;
   project.fps = settings.framesPerSecond;
@@ -53,13 +53,13 @@ timeline::Project projectOf(const matching::Placement& placement, const Material
     mediaIndex[file] = static_cast<int>(project.media.size());
     project.media.push_back(mediaOf(material, file));
   }
-  for (const matching::PlacedGroup& placed : placement.groups) {
+  for (const place::PlacedGroup& placed : placement.groups) {
     timeline::Group group{"Group " + std::to_string(project.groups.size() + 1), {}};
-    for (const matching::Placed& member : placed.members)
+    for (const place::Placed& member : placed.members)
       group.clips.push_back({mediaIndex[member.file], member.offsetSeconds, member.confidence});
     project.groups.push_back(std::move(group));
   }
-  for (const matching::Alone& alone : placement.alone)
+  for (const place::Alone& alone : placement.alone)
     if (mediaIndex[alone.file] >= 0) project.unsynced.push_back(mediaIndex[alone.file]);
   return project;
 }

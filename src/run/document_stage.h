@@ -1,14 +1,14 @@
 #pragma once
 
 #include "export/project.h"
-#include "matching/placement.h"
+#include "place/placement.h"
 #include "run/material.h"
 #include "run/sync_run.h"
 
 namespace run {
 
 /// The documents' view of a run: every usable file, the groups, the files in no group.
-timeline::Project projectOf(const matching::Placement& placement, const Material& material,
+timeline::Project projectOf(const place::Placement& placement, const Material& material,
                             const Settings& settings);
 
 /// Writes the two decision tables into the working directory. Failures become notices.

@@ -11,13 +11,13 @@
 namespace run {
 namespace {
 
-using matching::Placement;
+using place::Placement;
 
-std::vector<matching::Recording> recordingsOf(const Material& material) {
+std::vector<align::Recording> recordingsOf(const Material& material) {
   std::vector<std::string> paths;
   for (const Entry& entry : material.entries) paths.push_back(entry.listed);
   const std::vector<std::string> names = report::distinctNames(paths);
-  std::vector<matching::Recording> recordings;
+  std::vector<align::Recording> recordings;
   for (std::size_t i = 0; i < names.size(); ++i)
     recordings.push_back({names[i], material.samples[i], material.entries[i].device});
   return recordings;
@@ -37,7 +37,7 @@ std::vector<int> deviceNumbers(const std::vector<Entry>& entries) {
   return numbers;
 }
 
-Member memberOf(const matching::Placed& placed, const Material& material,
+Member memberOf(const place::Placed& placed, const Material& material,
                 const std::vector<int>& devices) {
   const Entry& entry = material.entries[placed.file];
   Member member;
@@ -57,18 +57,18 @@ Member memberOf(const matching::Placed& placed, const Material& material,
 
 /// Clips begin with their pictures, of which the sounds that were placed may be late.
 void moveToClipStarts(Placement& placement, const Material& material) {
-  for (matching::PlacedGroup& group : placement.groups) {
+  for (place::PlacedGroup& group : placement.groups) {
     double earliest = std::numeric_limits<double>::infinity();
-    for (matching::Placed& member : group.members) {
+    for (place::Placed& member : group.members) {
       member.offsetSeconds -= material.entries[member.file].media.firstSound().startSeconds;
       earliest = std::min(earliest, member.offsetSeconds);
     }
-    for (matching::Placed& member : group.members) member.offsetSeconds -= earliest;
-    std::ranges::stable_sort(group.members, {}, &matching::Placed::offsetSeconds);
+    for (place::Placed& member : group.members) member.offsetSeconds -= earliest;
+    std::ranges::stable_sort(group.members, {}, &place::Placed::offsetSeconds);
   }
 }
 
-LeftOut leftAlone(const matching::Alone& alone, const Material& material) {
+LeftOut leftAlone(const place::Alone& alone, const Material& material) {
   constexpr double kShort = 5;  // seconds
   const std::string& path = material.entries[alone.file].listed;
   const std::int64_t samples = material.samples[alone.file];
@@ -90,27 +90,27 @@ LeftOut leftAlone(const matching::Alone& alone, const Material& material) {
 Placement placeAll(const Material& material, const Comparison& comparison, bool align,
                    const Services& services) {
   const auto recordings = recordingsOf(material);
-  if (!align) return matching::placeByVotes(recordings, comparison.votes);
-  const matching::SoundReader sound = [&](int file, std::int64_t first, std::int64_t count) {
+  if (!align) return place::placeByVotes(recordings, comparison.votes);
+  const align::SoundReader sound = [&](int file, std::int64_t first, std::int64_t count) {
     return analysis::readPiece(material.sounds[file], first, count);
   };
-  const matching::PlacementProgress progress{
+  const place::PlacementProgress progress{
       [&](int done, int total) { services.progress.stage(Stage::place, "", done, total); },
       [&] { return services.cancelled.load(); }};
-  Placement placement = matching::placeBySound(recordings, comparison.votes, sound, progress);
+  Placement placement = place::placeBySound(recordings, comparison.votes, sound, progress);
   moveToClipStarts(placement, material);
   return placement;
 }
 
 void describePlacement(const Placement& placement, const Material& material, Outcome& outcome) {
   const std::vector<int> devices = deviceNumbers(material.entries);
-  for (const matching::PlacedGroup& placed : placement.groups) {
+  for (const place::PlacedGroup& placed : placement.groups) {
     Group group{"Group " + std::to_string(outcome.groups.size() + 1), {}};
-    for (const matching::Placed& member : placed.members)
+    for (const place::Placed& member : placed.members)
       group.members.push_back(memberOf(member, material, devices));
     outcome.groups.push_back(std::move(group));
   }
-  for (const matching::Alone& alone : placement.alone)
+  for (const place::Alone& alone : placement.alone)
     if (material.entries[alone.file].isFile())
       outcome.unsynced.push_back(leftAlone(alone, material));
   outcome.notices.insert(outcome.notices.end(), placement.doubts.begin(), placement.doubts.end());

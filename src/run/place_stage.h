@@ -1,6 +1,6 @@
 #pragma once
 
-#include "matching/placement.h"
+#include "place/placement.h"
 #include "run/compare_stage.h"
 #include "run/material.h"
 #include "run/sync_run.h"
@@ -8,12 +8,12 @@
 namespace run {
 
 /// Where every recording stands: by its sound, or with `align` false by the accepted votes alone.
-matching::Placement placeAll(const Material& material, const Comparison& comparison, bool align,
-                             const Services& services);
+place::Placement placeAll(const Material& material, const Comparison& comparison, bool align,
+                          const Services& services);
 
 /// Puts the placement into words and paths: groups, and files that stand alone with what was
 /// tried and what to do.
-void describePlacement(const matching::Placement& placement, const Material& material,
+void describePlacement(const place::Placement& placement, const Material& material,
                        Outcome& outcome);
 
 }  // namespace run

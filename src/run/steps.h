@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "matching/placement.h"
+#include "place/placement.h"
 #include "run/compare_stage.h"
 #include "run/kept_sounds.h"
 #include "run/material.h"
@@ -43,7 +43,7 @@ class Steps {
   BesideSources beside_;
   Material material_;
   Comparison comparison_;
-  matching::Placement placement_;
+  place::Placement placement_;
 };
 
 }  // namespace run

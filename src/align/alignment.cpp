@@ -1,0 +1,75 @@
+#include "align/alignment.h"
+
+#include <algorithm>
+#include <cmath>
+#include <vector>
+
+namespace align {
+namespace {
+
+constexpr double kPeakWidth = 16;   // samples; what belongs to the peak on the line
+constexpr double kLongEnough = 20;  // seconds of overlap past which more says little
+
+float median(std::vector<float>& values) {
+  std::ranges::nth_element(values, values.begin() + std::ssize(values) / 2);
+  return values[values.size() / 2];
+}
+
+// The highest value away from the line: what else the window could mean.
+float highestElsewhere(const WindowCorrelation& window, double delay) {
+  const double line = double(window.lags.size() / 2) + delay;
+  float highest = 1;
+  for (std::size_t i = 0; i < window.lags.size(); ++i)
+    if (std::abs(double(i) - line) > kPeakWidth) highest = std::max(highest, window.lags[i]);
+  return highest;
+}
+
+double confidenceOf(const Alignment& a) {
+  const double said =
+      0.15 * a.evidence + 0.25 * std::min(a.strength, 20.0) + 1.5 * std::min(a.distinct, 3.0) - 5.5;
+  return 1 / (1 + std::exp(-said));
+}
+
+}  // namespace
+
+void summarise(Alignment& alignment, const DelayLine& line,
+               std::span<const WindowCorrelation> windows) {
+  std::vector<float> heights, distinctions;
+  double from = 1e9, to = -1e9;
+  for (std::size_t i = 0; i < windows.size(); ++i) {
+    if (line.heights[i] < kSupport) continue;
+    const double at = windows[i].atSeconds;
+    heights.push_back(line.heights[i]);
+    distinctions.push_back(line.heights[i] / highestElsewhere(windows[i], line.delays[i]));
+    from = std::min(from, at);
+    to = std::max(to, at);
+  }
+  alignment.wanders = line.wanders;
+  alignment.evidence = line.evidence;
+  alignment.windows = static_cast<int>(windows.size());
+  alignment.support = static_cast<int>(heights.size());
+  if (heights.empty()) return;
+  alignment.strength = median(heights);
+  alignment.distinct = median(distinctions);
+  alignment.spreadSeconds = to - from;
+  alignment.confidence = confidenceOf(alignment);
+}
+
+bool believed(const Alignment& a) {
+  if (a.support < 3 || a.spreadSeconds < 1.5) return false;
+  const bool clear = (a.strength >= 15 && a.distinct >= 1.8) ||  // few such windows are enough
+                     (a.strength >= 25 && a.support * 2 >= a.windows);  // echoes beside the peak
+  if (a.wanders) return clear && a.support >= 4 && a.support * 10 >= 3 * a.windows;
+  return clear || (a.support >= 4 && a.support * 10 >= 3 * a.windows && a.evidence >= 14 &&
+                   a.strength >= 6.5 && a.distinct >= 1.2);
+}
+
+bool nearlyEverywhere(const Alignment& a) { return a.support * 4 >= a.windows * 3; }
+
+double weightOf(const Alignment& a) {
+  const double fraction = double(a.support) / std::max(1, a.windows);
+  const double seconds = std::min(a.overlapSeconds, kLongEnough);
+  return a.strength * a.strength * fraction * fraction * std::sqrt(seconds);
+}
+
+}  // namespace align

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <span>
+
+#include "align/line.h"
+
+namespace align {
+
+/// What the sound itself says about one supposed offset of a pair of recordings.
+struct Alignment {
+  int first = 0, second = 0;  // file indices
+  double offsetSeconds = 0;   // of second's start on first's clock, right at the overlap's middle
+  double driftPpm = 0;        // how much faster second's clock runs than first's
+  double driftError = 0;      // standard error of driftPpm; 0 = not measured
+  double errorSeconds = 0;    // standard error of offsetSeconds
+  double overlapSeconds = 0;
+  double strength = 0;       // median height of the windows that support it
+  double evidence = 0;       // of all windows together, see DelayLine
+  double distinct = 0;       // median of those windows' height over their next best elsewhere
+  int support = 0;           // windows that support it ...
+  int windows = 0;           // ... of so many
+  double spreadSeconds = 0;  // from the first supporting window to the last
+  double confidence = 0;     // 0 to 1
+  bool wanders = false;      // a device was carried about: errorSeconds is how far the sound's way
+                             // moves it to either side
+};
+
+/// Fills in what `line` and the windows it runs through say: strength, evidence, distinction,
+/// support, spread and confidence.
+void summarise(Alignment& alignment, const DelayLine& line,
+               std::span<const WindowCorrelation> windows);
+
+/// Whether so much evidence, so spread over time, is past what chance gives.
+bool believed(const Alignment& alignment);
+
+/// Strength that something repeated rarely has, and chance never.
+inline constexpr double kPastRepetition = 18;
+
+/// Whether three in four windows or more support it.
+bool nearlyEverywhere(const Alignment& alignment);
+
+/// How much an alignment weighs against others: the longer it fits, and the better, the more.
+double weightOf(const Alignment& alignment);
+
+}  // namespace align

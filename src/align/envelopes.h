@@ -1,0 +1,40 @@
+#pragma once
+
+#include <map>
+#include <span>
+#include <vector>
+
+#include "align/activity.h"
+#include "align/recording.h"
+#include "align/subband_envelope.h"
+#include "vote/suspicion.h"
+
+namespace align {
+
+/// The textures of a set's recordings, made when they are first wanted and then kept, and what they
+/// say of a pair: much cheaper than listening. `prepare` may be called from one thread at a time,
+/// the others from any once both files are prepared.
+class Textures {
+ public:
+  Textures(std::span<const Recording> recordings, const SoundReader& sound);
+  void prepare(std::span<const int> files);
+
+  /// The offsets at which a pair's textures stand out.
+  vote::Suspicion suspect(int first, int second) const;
+
+  /// The same without those offsets at which the textures show nothing.
+  vote::Suspicion narrowed(vote::Suspicion suspicion) const;
+
+  /// Where both recordings of a pair hear more than steady noise at that offset.
+  std::vector<Stretch> lively(int first, int second, double offsetSeconds) const;
+
+  /// All offsets that may be repetitions of one another, best first.
+  std::vector<double> repetitions(int first, int second) const;
+
+ private:
+  std::span<const Recording> recordings_;
+  const SoundReader& sound_;
+  std::map<int, Texture> textures_;
+};
+
+}  // namespace align

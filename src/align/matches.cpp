@@ -1,0 +1,122 @@
+#include "align/matches.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+#include "align/listening.h"
+
+namespace align {
+namespace {
+
+constexpr double kApart = 0.3;    // seconds; nearer offsets are found from either
+constexpr double kRivalry = 0.5;  // of the best one's strength; weaker fits are partial echoes
+
+struct Listened {
+  Listening listening;
+  Alignment seen;  // at a glance
+};
+
+bool plausible(const Alignment& a) { return a.support >= 2 && a.evidence >= 6; }
+
+/// The offsets of one pair that were listened to and may be right.
+class Examination {
+ public:
+  Examination(const vote::Suspicion& s, std::span<const Recording> recordings,
+              const SoundReader& sound, const Textures& textures)
+      : pair_{s.first, s.second, recordings[std::size_t(s.first)].samples,
+              recordings[std::size_t(s.second)].samples},
+        sound_(sound),
+        textures_(textures) {}
+
+  void listenAt(std::span<const double> offsets) {
+    for (const double offset : offsets) {
+      if (std::ranges::any_of(tried_, [&](double t) { return std::abs(t - offset) < kApart; }))
+        continue;
+      tried_.push_back(offset);
+      if (!listenAt(offset, textures_.lively(pair_.first, pair_.second, offset)))
+        (void)listenAt(offset, {});  // what is faint may lie below the noise
+    }
+    sort();
+  }
+
+  /// Listens long where the sound fits at several offsets alike, to tell them apart.
+  void compareRivals() {
+    const double least = plausibles_.empty() ? 0 : kRivalry * plausibles_.front().seen.strength;
+    for (Listened& l : plausibles_)
+      if (believed(l.seen) && l.seen.strength >= least) l.seen = l.listening.thorough();
+    sort();
+  }
+
+  /// Whether the best may be a repetition: the sound fits at several offsets alike, or not well.
+  bool mayRepeat() const {
+    if (plausibles_.empty() || !believed(plausibles_.front().seen)) return false;
+    return plausibles_.front().seen.strength < kPastRepetition || repeats();
+  }
+
+  bool repeats() const {
+    return !plausibles_.empty() &&
+           !rivalsOf(plausibles_.front().seen, std::span(plausibles_).subspan(1)).empty();
+  }
+
+  std::optional<Match> result() {
+    for (auto best = plausibles_.begin(); best != plausibles_.end(); ++best)
+      if (const Alignment exact = best->listening.exact(); believed(exact))
+        return withRivals(exact, {best + 1, plausibles_.end()});
+    return std::nullopt;
+  }
+
+ private:
+  // Whether there is nothing to gain from listening all over the overlap.
+  bool listenAt(double offset, std::vector<Stretch> lively) {
+    Listening listening(pair_, offset, sound_, std::move(lively));
+    const bool selective = listening.selective();
+    const Alignment seen = listening.glance();
+    if (plausible(seen)) plausibles_.push_back({std::move(listening), seen});
+    return believed(seen) || !selective;
+  }
+
+  void sort() {
+    std::ranges::stable_sort(plausibles_, [](const Listened& a, const Listened& b) {
+      return weightOf(a.seen) > weightOf(b.seen);
+    });
+  }
+
+  // A rival that fits as well leaves a chance of one half.
+  static Match withRivals(Alignment best, std::span<const Listened> others) {
+    Match match{best, rivalsOf(best, others)};
+    double rival = 0;
+    for (const Alignment& a : match.rivals) rival = std::max(rival, weightOf(a));
+    match.best.confidence *= 1 - 0.5 * std::min(1.0, rival / weightOf(best));
+    return match;
+  }
+
+  static std::vector<Alignment> rivalsOf(const Alignment& best, std::span<const Listened> others) {
+    std::vector<Alignment> rivals;
+    for (const Listened& other : others)
+      if (believed(other.seen) && other.seen.strength >= kRivalry * best.strength)
+        rivals.push_back(other.seen);
+    return rivals;
+  }
+
+  Pair pair_;
+  const SoundReader& sound_;
+  const Textures& textures_;
+  std::vector<double> tried_;
+  std::vector<Listened> plausibles_;
+};
+
+}  // namespace
+
+std::optional<Match> examine(const vote::Suspicion& suspicion,
+                             std::span<const Recording> recordings, const SoundReader& sound,
+                             const Textures& textures) {
+  Examination examination(suspicion, recordings, sound, textures);
+  examination.listenAt(textures.narrowed(suspicion).offsets);
+  if (examination.mayRepeat())
+    examination.listenAt(textures.repetitions(suspicion.first, suspicion.second));
+  if (examination.repeats()) examination.compareRivals();
+  return examination.result();
+}
+
+}  // namespace align

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <optional>
+#include <span>
+#include <vector>
+
+#include "align/alignment.h"
+#include "align/envelopes.h"
+#include "align/recording.h"
+#include "vote/suspicion.h"
+
+namespace align {
+
+/// A pair of recordings that hear the same thing, as the sound itself says.
+struct Match {
+  Alignment best;
+  std::vector<Alignment> rivals;  // other offsets at which the sound fits too: repeated music
+};
+
+/// Listens at every supposed offset, where those turn out to be repetitions at all others that may
+/// be, and keeps the best that can be believed. Callable from any thread; the textures of both
+/// files must be prepared.
+std::optional<Match> examine(const vote::Suspicion& suspicion,
+                             std::span<const Recording> recordings, const SoundReader& sound,
+                             const Textures& textures);
+
+}  // namespace align

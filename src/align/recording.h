@@ -1,0 +1,35 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <span>
+#include <string>
+#include <vector>
+
+namespace align {
+
+inline constexpr int kSampleRate = 8000;  // Hz
+
+/// One recording as the placement sees it. Index in the list = file index of the votes.
+struct Recording {
+  std::string name;      // for messages
+  std::int64_t samples;  // exact length at kSampleRate; 0 = no sound (the dummy, a marker)
+  int device = -1;       // recordings of one device (>= 0) never overlap; -1 = a device of its own
+};
+
+/// Reads `count` samples (mono, 8000 Hz, full scale 1.0) of recording `file` from sample `first`
+/// on; samples before the start or past the end are 0. Callable from any thread.
+using SoundReader =
+    std::function<std::vector<float>(int file, std::int64_t first, std::int64_t count)>;
+
+inline double secondsOf(const Recording& recording) {
+  return double(recording.samples) / kSampleRate;
+}
+
+/// Whether two recordings, by index, may hear the same at the same time.
+inline bool comparable(std::span<const Recording> recordings, int a, int b) {
+  const Recording &x = recordings[std::size_t(a)], &y = recordings[std::size_t(b)];
+  return a != b && x.samples > 0 && y.samples > 0 && (x.device < 0 || x.device != y.device);
+}
+
+}  // namespace align

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <span>
+#include <string>
+#include <vector>
+
+#include "align/matches.h"
+
+namespace place {
+
+/// A match that would join groups but was not used, and a sentence that says why.
+struct Unused {
+  int first, second;  // file indices
+  std::string why;
+};
+
+/// Groups that the matches form, and what did not fit.
+struct Grouping {
+  std::vector<std::vector<int>> members;  // file indices of each group, ascending
+  std::vector<double> position;           // per file, seconds on its group's clock; 0 if alone
+  std::vector<int> groupOf;               // per file; -1 if alone
+  std::vector<align::Match> kept;         // matches that agree with the positions
+  std::vector<Unused> undecided;          // those that would join groups
+  std::vector<std::string> doubts;        // a sentence for every match that was not used
+};
+
+/// Joins recordings by the matches that most others agree with first. One that contradicts them
+/// gives way to a rival offset of its pair that does not, or is dropped and named. Where a pair
+/// fits at several offsets alike, all its group's matches decide together or nothing is joined. Two
+/// recordings of one device are never laid over each other. The order of matches changes nothing.
+Grouping formGroups(std::span<const align::Recording> recordings,
+                    std::vector<align::Match> matches);
+
+}  // namespace place

@@ -1,0 +1,170 @@
+#include "place/pair_search.h"
+
+#include <algorithm>
+#include <cmath>
+#include <functional>
+#include <iterator>
+
+#include "place/search_plan.h"
+
+namespace place {
+namespace {
+
+constexpr std::size_t kBatch = 32;  // pairs examined at once; fixed, so that threads change nothing
+constexpr double kSuspicious = 4;   // significance of a vote's peak from which it is listened to
+constexpr std::size_t kPatience = 48;  // pairs in a row examined in vain, after which hope ends ...
+constexpr std::size_t kMorePatience = 4;  // ... or so many times fewer than there are recordings
+constexpr std::size_t kSearched =
+    256;  // pairs whose textures are searched before any is listened to
+constexpr std::size_t kSmallSet = 12;  // recordings; in smaller sets every pair is worth its time
+constexpr int kEnough = 2;             // sure matches of a recording, after which more add little
+constexpr double kSureIfUnique = 10;   // strength enough where the sound fits at one offset only
+constexpr double kConfirms = 0.3;      // seconds; a suspicion so near speaks for a known position
+constexpr double kImpliedOverlap = 6;  // seconds two members must share to be worth a look
+
+std::vector<int> filesOf(std::span<const std::pair<int, int>> pairs) {
+  std::vector<int> files;
+  for (const auto& [a, b] : pairs) files.insert(files.end(), {a, b});
+  return files;
+}
+
+// Other matches count too, but do not end the search for a better one.
+bool sure(const align::Match& match) {
+  const align::Alignment& a = match.best;
+  if (a.strength >= align::kPastRepetition) return true;
+  return match.rivals.empty() && a.strength >= kSureIfUnique && align::nearlyEverywhere(a);
+}
+
+}  // namespace
+
+Matchmaker::Matchmaker(std::span<const align::Recording> recordings,
+                       const align::SoundReader& sound, const PlacementProgress& progress)
+    : recordings_(recordings),
+      sound_(sound),
+      progress_(progress),
+      textures_(recordings, sound),
+      connected_(static_cast<int>(recordings.size())),
+      matchCount_(recordings.size(), 0) {}
+
+bool Matchmaker::small() const { return recordings_.size() <= kSmallSet; }
+
+bool Matchmaker::cancelled() const { return progress_.cancelled && progress_.cancelled(); }
+
+std::vector<int> Matchmaker::partners() const {
+  std::vector<int> count(recordings_.size(), 0);
+  for (const auto& [a, b] : heard_) ++count[std::size_t(a)], ++count[std::size_t(b)];
+  return count;
+}
+
+void Matchmaker::followVotes(std::span<const vote::Suspicion> suspicions) {
+  std::vector<vote::Suspicion> promising;
+  std::ranges::copy_if(suspicions, std::back_inserter(promising), [&](const vote::Suspicion& s) {
+    return s.significance >= kSuspicious && align::comparable(recordings_, s.first, s.second);
+  });
+  listen(promising);
+}
+
+// Listens to the suspicions that could bring anything, in their order, until too many in a row
+// brought nothing: the likeliest come first, so what is right stands close together.
+void Matchmaker::listen(std::span<const vote::Suspicion> suspicions) {
+  const std::size_t patience = std::max(kPatience, recordings_.size() / kMorePatience);
+  std::size_t next = 0, inVain = 0;
+  while (next < suspicions.size() && inVain < patience && !cancelled()) {
+    std::vector<const vote::Suspicion*> batch;
+    for (; next < suspicions.size() && batch.size() < kBatch; ++next)
+      if (wanted(suspicions[next])) batch.push_back(&suspicions[next]);
+    const std::size_t before = matches_.size();
+    examineAll(batch);
+    inVain = matches_.size() > before ? 0 : inVain + batch.size();
+    if (progress_.step) progress_.step(static_cast<int>(next), static_cast<int>(suspicions.size()));
+  }
+}
+
+// Recordings that are placed already need no more than some confirmation where they stand.
+bool Matchmaker::wanted(const vote::Suspicion& s) {
+  const auto known = connected_.between(s.first, s.second);
+  if (!known || small()) return true;
+  const bool enough =
+      matchCount_[std::size_t(s.first)] >= kEnough && matchCount_[std::size_t(s.second)] >= kEnough;
+  return !enough && std::ranges::any_of(s.offsets, [&](double offset) {
+    return std::abs(offset - *known) < kConfirms;
+  });
+}
+
+void Matchmaker::examineAll(std::span<const vote::Suspicion* const> batch) {
+  std::vector<int> files;
+  for (const vote::Suspicion* s : batch) files.insert(files.end(), {s->first, s->second});
+  textures_.prepare(files);
+  std::vector<std::optional<align::Match>> found(batch.size());
+#pragma omp parallel for schedule(dynamic)
+  for (std::size_t i = 0; i < batch.size(); ++i)
+    if (!cancelled()) found[i] = align::examine(*batch[i], recordings_, sound_, textures_);
+  for (const vote::Suspicion* s : batch) heard_.insert(std::minmax(s->first, s->second));
+  for (std::optional<align::Match>& match : found)
+    if (match) add(std::move(*match));
+}
+
+void Matchmaker::add(align::Match match) {
+  const int a = match.best.first, b = match.best.second;
+  if (sure(match)) {
+    if (connected_.group(a) != connected_.group(b)) connected_.join(a, b, match.best.offsetSeconds);
+    ++matchCount_[std::size_t(a)];
+    ++matchCount_[std::size_t(b)];
+  }
+  if (matched_.insert(std::minmax(a, b)).second)
+    matches_.push_back(std::move(match));
+  else
+    keepBetter(std::move(match));
+}
+
+// A pair that was listened to again: the better of both offsets leads, the other stays a rival.
+void Matchmaker::keepBetter(align::Match match) {
+  const auto known = std::ranges::find_if(matches_, [&](const align::Match& m) {
+    return std::minmax(m.best.first, m.best.second) ==
+           std::minmax(match.best.first, match.best.second);
+  });
+  if (align::weightOf(match.best) > align::weightOf(known->best)) std::swap(*known, match);
+  known->rivals.push_back(match.best);
+}
+
+void Matchmaker::search(std::span<const vote::Suspicion> suspicions) {
+  const auto pairs = searchPlan(recordings_, suspicions, connected_, matchCount_);
+  const std::size_t atOnce = std::max(kSearched, recordings_.size());
+  for (std::size_t at = 0; at < pairs.size() && !cancelled(); at += atOnce) {
+    const std::size_t before = matches_.size();
+    auto found = suspectAll(std::span(pairs).subspan(at, std::min(atOnce, pairs.size() - at)));
+    std::ranges::stable_sort(found, std::greater{}, &vote::Suspicion::significance);
+    listen(found);
+    if (matches_.size() == before) break;
+  }
+}
+
+std::vector<vote::Suspicion> Matchmaker::suspectAll(std::span<const std::pair<int, int>> pairs) {
+  textures_.prepare(filesOf(pairs));
+  std::vector<vote::Suspicion> suspicions(pairs.size());
+#pragma omp parallel for schedule(dynamic)
+  for (std::size_t i = 0; i < pairs.size(); ++i)
+    if (!cancelled()) suspicions[i] = textures_.suspect(pairs[i].first, pairs[i].second);
+  return suspicions;
+}
+
+void Matchmaker::confirm(const Grouping& grouping) {
+  const auto seconds = [&](int file) { return align::secondsOf(recordings_[std::size_t(file)]); };
+  std::vector<vote::Suspicion> implied;
+  std::vector<int> asked(recordings_.size(), 0);
+  for (const auto& members : grouping.members)
+    for (const int a : members)
+      for (const int b : members) {
+        const double offset = grouping.position[std::size_t(b)] - grouping.position[std::size_t(a)];
+        const double overlap = std::min(seconds(a), offset + seconds(b)) - std::max(0.0, offset);
+        if (a == b || !align::comparable(recordings_, a, b) ||
+            matched_.contains(std::minmax(a, b)) || overlap < kImpliedOverlap ||
+            matchCount_[std::size_t(a)] > 1 || asked[std::size_t(a)] >= kEnough)
+          continue;
+        ++asked[std::size_t(a)];
+        implied.push_back({a, b, {offset}, overlap});
+      }
+  listen(implied);
+}
+
+}  // namespace place

@@ -1,0 +1,59 @@
+#pragma once
+
+#include <set>
+#include <span>
+#include <utility>
+#include <vector>
+
+#include "align/envelopes.h"
+#include "align/matches.h"
+#include "place/group.h"
+#include "place/offset_forest.h"
+#include "place/placement.h"
+
+namespace place {
+
+/// Finds the pairs of recordings that hear the same thing. Listens no more than needed: what stands
+/// surely is left in peace. The order of threads changes nothing. One thread at a time; what it is
+/// given must outlive it.
+class Matchmaker {
+ public:
+  Matchmaker(std::span<const align::Recording> recordings, const align::SoundReader& sound,
+             const PlacementProgress& progress);
+
+  /// Listens where the votes suspect something, most significant first.
+  void followVotes(std::span<const vote::Suspicion> suspicions);
+
+  /// Looks in the sound itself for what the suspicions did not connect.
+  void search(std::span<const vote::Suspicion> suspicions);
+
+  /// Listens to members of a group that hang on one match and must hear by their places what others
+  /// hear that they were not compared with.
+  void confirm(const Grouping& grouping);
+
+  const std::vector<align::Match>& matches() const { return matches_; }
+
+  /// How many others each recording was held against.
+  std::vector<int> partners() const;
+
+ private:
+  bool small() const;
+  bool cancelled() const;
+  void listen(std::span<const vote::Suspicion> suspicions);
+  bool wanted(const vote::Suspicion& suspicion);
+  void examineAll(std::span<const vote::Suspicion* const> batch);
+  std::vector<vote::Suspicion> suspectAll(std::span<const std::pair<int, int>> pairs);
+  void add(align::Match match);
+  void keepBetter(align::Match match);
+
+  std::span<const align::Recording> recordings_;
+  const align::SoundReader& sound_;
+  const PlacementProgress& progress_;
+  align::Textures textures_;
+  OffsetForest connected_;                         // by matches past all doubt
+  std::vector<int> matchCount_;                    // per file
+  std::set<std::pair<int, int>> heard_, matched_;  // pairs: listened to, and with success
+  std::vector<align::Match> matches_;
+};
+
+}  // namespace place

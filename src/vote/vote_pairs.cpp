@@ -1,0 +1,130 @@
+#include "vote/vote_pairs.h"
+
+#include <algorithm>
+#include <atomic>
+#include <numeric>
+
+#include "vote/compare.h"
+#include "vote/evaluate.h"
+#include "vote/hash_index.h"
+#include "vote/hit_map.h"
+#include "vote/peaks.h"
+
+namespace vote {
+namespace {
+
+constexpr std::size_t kBlockPairs = 1 << 14;
+constexpr Eigen::Index kBlockRows = 200'000'000;  // about a second of work between two hand-overs
+
+constexpr int kPairsAtOnce = 8;  // of one thread; they share a file
+
+using Fingerprints = std::span<const analysis::MatrixXLI>;
+
+/// Votes on pairs one by one; callable from several threads at once.
+class Voter {
+ public:
+  Voter(Fingerprints fingerprints, const Eigen::VectorXf& durations, int mode)
+      : fingerprints_(fingerprints),
+        durations_(durations),
+        mode_(mode),
+        index_(fingerprints, durations) {}
+
+  PairVote vote(const FilePair& pair) const {
+    const IndexedFingerprint* x = index_.find(pair.first);
+    const IndexedFingerprint* y = index_.find(pair.second);
+    const bool mayMeetFiller = pair.first == 0 && pair.second < 10;  // packed, such hits look alike
+    return x && y && !mayMeetFiller ? indexedVote(pair, *x, *y) : packedVote(pair);
+  }
+
+ private:
+  PairVote indexedVote(const FilePair& pair, const IndexedFingerprint& x,
+                       const IndexedFingerprint& y) const {
+    thread_local HitMap hits;
+    hits.fill(x, y);
+    const bool enough = hits.hits() >= static_cast<int>(kFewestHits);  // and a sentinel
+    PairVote vote = voteWith(enough ? hits.estimate() : std::nullopt, pair.first, pair.second,
+                             durations_, mode_);
+    const int fillers = y.fillers > 0 ? x.fillers : 0;
+    vote.rawHits = hits.hits() - fillers;
+    vote.peaks = hits.peaks(fillers);
+    return vote;
+  }
+
+  /// The same by the packed hits, for fingerprints that cannot be indexed.
+  PairVote packedVote(const FilePair& pair) const {
+    const auto& x = fingerprints_[pair.first];
+    const auto& y = fingerprints_[pair.second];
+    const auto hits = compareFingerprints(x, y, pair.first, pair.second, durations_[pair.first] + 1,
+                                          durations_[pair.second] + 1);
+    PairVote vote = voteOn(hits, durations_, mode_)
+                        .value_or(voteWith({}, pair.first, pair.second, durations_, mode_));
+    if (hits.back() == 0) return vote;  // nothing in common
+    const int fillers = leadingFillers(y) > 0 ? leadingFillers(x) : 0;
+    vote.rawHits = static_cast<int>(hits.size()) - 1 - fillers;
+    vote.peaks = strongestPeaks(std::span(hits).subspan(1), fillers);
+    return vote;
+  }
+
+  Fingerprints fingerprints_;
+  const Eigen::VectorXf& durations_;
+  int mode_;
+  HashIndex index_;
+};
+
+/// The order in which a block's pairs are voted on: those that share the file listed later follow
+/// one another, so that it is read while it is in the processor's cache.
+std::vector<std::size_t> cacheOrder(std::span<const FilePair> block) {
+  std::vector<std::size_t> order(block.size());
+  std::iota(order.begin(), order.end(), 0);
+  std::ranges::stable_sort(
+      order, {}, [&](std::size_t i) { return std::max(block[i].first, block[i].second); });
+  return order;
+}
+
+/// The pairs from the front of `pairs` on that make one block of work, at least one.
+std::span<const FilePair> nextBlock(std::span<const FilePair> pairs, Fingerprints fingerprints) {
+  Eigen::Index rows = 0;
+  std::size_t count = 0;
+  while (count < std::min(pairs.size(), kBlockPairs) && rows < kBlockRows) {
+    rows += fingerprints[pairs[count].first].rows() + fingerprints[pairs[count].second].rows();
+    ++count;
+  }
+  return pairs.first(count);
+}
+
+}  // namespace
+
+bool votePairs(Fingerprints fingerprints, const Eigen::VectorXf& durations,
+               std::span<const FilePair> pairs, int mode, const std::function<void(PairVote)>& sink,
+               const std::function<bool()>& cancelled) {
+  const Voter voter(fingerprints, durations, mode);
+  std::vector<PairVote> votes;
+  std::atomic<bool> stop = false;
+  for (std::span<const FilePair> rest = pairs; !rest.empty();) {
+    const auto block = nextBlock(rest, fingerprints);
+    rest = rest.subspan(block.size());
+    votes.resize(block.size());
+    const std::vector<std::size_t> order = cacheOrder(block);
+#pragma omp parallel for schedule(dynamic, kPairsAtOnce)
+    for (std::ptrdiff_t i = 0; i < std::ssize(order); ++i) {
+      if (stop || (cancelled && cancelled())) {
+        stop = true;
+        continue;
+      }
+      votes[order[i]] = voter.vote(block[order[i]]);
+    }
+    if (stop) return false;
+    for (PairVote& vote : votes) sink(std::move(vote));
+  }
+  return true;
+}
+
+bool votePairs(Fingerprints fingerprints, const Eigen::VectorXf& durations,
+               const std::vector<std::vector<int>>& deviceGroups, int mode,
+               const std::function<void(PairVote)>& sink, const std::function<bool()>& cancelled) {
+  const Eigen::VectorXf raised = durations.array() + 1;  // as the comparison has them
+  return votePairs(fingerprints, durations, pairsToCompare(raised, deviceGroups), mode, sink,
+                   cancelled);
+}
+
+}  // namespace vote
