@@ -4,6 +4,7 @@
 #include <span>
 #include <string>
 
+#include "analysis/sound.h"
 #include "analysis/sound_file.h"
 
 namespace analysis {
