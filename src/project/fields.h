@@ -88,6 +88,7 @@ void fields(auto& visit, Like<Recording> auto& recording) {
   visit("files", recording.files);
   visit("length_seconds", recording.lengthSeconds);
   visit("sound_start_seconds", recording.soundStartSeconds);
+  visit("heard_stream", recording.heardStream);
   visit("usable", recording.usable);
   visit("left_out", recording.leftOut);
   visit.unknown(recording.unknown);

@@ -45,6 +45,7 @@ struct Recording {
   std::vector<MediaFile> files;
   double lengthSeconds = 0;  // from the picture's start to the sound's end, exact; 0: not heard yet
   double soundStartSeconds = 0;   // after the picture's start
+  int heardStream = 0;            // of the first file: the sound stream that was listened to
   bool usable = true;             // false: the file cannot be read or has no sound
   std::optional<Reason> leftOut;  // of one that a run did not place, or could not use
   Unknown unknown;
@@ -131,7 +132,7 @@ struct Settings {
 /// What the last run or export left behind.
 struct Written {
   std::string folder;                // of the results
-  std::string time;                  // when, "2024-05-18 14:05:09" by the local clock
+  std::string time;                  // of day by the local clock, "14:05:09"
   std::vector<std::string> files;    // whole paths
   std::vector<std::string> notices;  // sentences for people
   Unknown unknown;

@@ -41,6 +41,7 @@ struct Outcome {
   std::vector<std::string> outputs;  // files written, whole paths
   std::vector<std::string>
       notices;  // plain sentences: doubts, missing programs, unwritable folders
+  std::string project;  // the file that keeps all of it, whole path; empty: none was written
   bool cancelled = false;
 };
 

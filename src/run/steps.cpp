@@ -1,7 +1,10 @@
 #include "run/steps.h"
 
 #include "analysis/sound.h"
+#include "export/from_project.h"
+#include "project/project_file.h"
 #include "report/diagnostics.h"
+#include "run/clock.h"
 #include "run/convert.h"
 #include "run/desktop.h"
 #include "run/document_stage.h"
@@ -12,17 +15,19 @@
 #include "run/other_tracks.h"
 #include "run/place_stage.h"
 #include "run/probing.h"
+#include "run/project_stage.h"
 #include "run/result_list.h"
 #include "run/results_folder.h"
 
 namespace run {
 
 Steps::Steps(const Services& services, const Options& options, const Settings& settings,
-             Outcome& outcome, TemporaryFolder& spare)
+             Outcome& outcome, project::Project& project, TemporaryFolder& spare)
     : services_(services),
       options_(options),
       settings_(settings),
       outcome_(outcome),
+      project_(project),
       spare_(spare) {}
 
 std::vector<std::string> Steps::run(const std::vector<std::string>& videofiles) {
@@ -44,8 +49,13 @@ std::vector<std::string> Steps::run(const std::vector<std::string>& videofiles) 
     outcome_.unsynced.clear();
     return cancelledResult(result_);
   }
-  if (comparison_.table.size() <= 1 && placement_.groups.empty()) return noMatchResult(result_);
+  fill();
+  if (comparison_.table.size() <= 1 && placement_.groups.empty()) {
+    saveProject();
+    return noMatchResult(result_);
+  }
   write();
+  saveProject();
   show();
   for (const std::string& entry : result_) services_.console.line(entry);
   return finishedResult(result_);
@@ -56,6 +66,7 @@ void Steps::begin() {
   addNotice(noticeOfMovedDesktop(services_.desktop.movedTo()));
   startLog(settings_.mode);
   services_.progress.moveprogressslot(0);
+  project_.settings = projectSettings(settings_, options_, project_.settings);
 }
 
 void Steps::convert() {
@@ -66,6 +77,7 @@ void Steps::convert() {
   report::appendLogLine("posle ffmpeg..");  // after ffmpeg
   material_.entries = makeEntries(list_);
   for (std::size_t i = 0; i < results.size(); ++i) material_.entries[i].conversion = results[i];
+  addEntries(project_, material_.entries);
   report::appendLogLine("fahlovite se resemplirani vo 8000hz -------------------------");
   const std::vector<std::string> names = convertedNames(list_);
   for (const std::string& name : names) report::appendLogLine("resemplirani" + name);
@@ -116,13 +128,29 @@ void Steps::place() {
   for (const LeftOut& file : outcome_.unsynced) services_.console.line(file.path);
 }
 
+void Steps::fill() {
+  fillProject(project_, {material_, placement_, comparison_, outcome_}, options_.again);
+}
+
+/// Beside the documents, so that every result can be opened again.
+void Steps::saveProject() {
+  const std::string time = services_.clock.timeOfDay();
+  project_.written = {resultsFolder(), time, outcome_.outputs, outcome_.notices, {}};
+  const std::string path = projectPath(resultsFolder(), time);
+  const report::Status saved = project::saveProject(project_, path);
+  if (saved.ok())
+    outcome_.project = path;
+  else
+    addNotice("The project was not saved: " + saved.error + ".");
+}
+
 void Steps::write() {
   writeTables(comparison_.table, services_, outcome_);
   for (const Entry& entry : material_.entries)
     if (entry.isFile()) services_.console.line("fpss:" + entry.frameRate);
   (void)makeResultsFolders();
   if (options_.openFolders) services_.desktop.command(resultsFolder());
-  writeDocuments(projectOf(placement_, material_, settings_), options_, services_, outcome_);
+  writeDocuments(timeline::timelineOf(project_), resultsFolder(), options_, services_, outcome_);
 }
 
 void Steps::show() {

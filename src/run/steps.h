@@ -16,7 +16,7 @@ namespace run {
 class Steps {
  public:
   Steps(const Services& services, const Options& options, const Settings& settings,
-        Outcome& outcome, TemporaryFolder& spare);
+        Outcome& outcome, project::Project& project, TemporaryFolder& spare);
 
   /// The whole run; returns its result list.
   std::vector<std::string> run(const std::vector<std::string>& videofiles);
@@ -29,7 +29,9 @@ class Steps {
   void keep();
   void compare();
   void place();
+  void fill();
   void write();
+  void saveProject();
   void show();
   void addNotice(const std::string& notice);
 
@@ -37,6 +39,7 @@ class Steps {
   const Options& options_;
   const Settings& settings_;
   Outcome& outcome_;
+  project::Project& project_;
   TemporaryFolder& spare_;                    // for sounds that cannot be kept among the results
   std::vector<std::string> list_;             // the dummy entry and all that is used
   std::vector<std::string> result_{"first"};  // then the ignored files

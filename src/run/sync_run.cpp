@@ -10,6 +10,7 @@ struct SyncRun::State {
   Services services;
   Options options;
   Outcome outcome;
+  project::Project project;
   TemporaryFolder spare;
 };
 
@@ -28,21 +29,25 @@ void writePage(const Outcome& outcome, const Settings& settings, bool bySound) {
 }  // namespace
 
 SyncRun::SyncRun(Services services, Options options)
-    : state_(new State{services, std::move(options), {}, {}}) {}
+    : state_(new State{services, std::move(options), {}, {}, {}}) {}
 
 SyncRun::~SyncRun() = default;
 
 std::vector<std::string> SyncRun::synco(std::vector<std::string> videofiles, double a_d, int resx,
                                         int resy, float frps, int prem) {
   State& state = *state_;
+  state.project = state.options.project;
   const Settings settings{a_d, resx, resy, frps, prem};
   std::vector<std::string> result =
-      Steps(state.services, state.options, settings, state.outcome, state.spare).run(videofiles);
+      Steps(state.services, state.options, settings, state.outcome, state.project, state.spare)
+          .run(videofiles);
   state.outcome.status = result.front();
   writePage(state.outcome, settings, state.options.align);
   return result;
 }
 
 const Outcome& SyncRun::outcome() const { return state_->outcome; }
+
+const project::Project& SyncRun::project() const { return state_->project; }
 
 }  // namespace run

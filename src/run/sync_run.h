@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "project/project.h"
 #include "report/console.h"
 #include "run/outcome.h"
 
@@ -47,6 +48,8 @@ struct Options {
   bool openFolders = true;    // open the results at the end
   bool compactXmeml = false;  // the fixed fragments alone
   std::vector<std::string> formats;  // empty: all
+  project::Project project;          // what is known before the run: devices, places that stay
+  std::vector<project::Id> again;    // recordings of it to place; all others stay. Empty: all
 };
 
 /// One synchronisation from media files to documents. An object serves one run.
@@ -63,6 +66,10 @@ class SyncRun {
 
   /// What the last `synco` found, for showing.
   const Outcome& outcome() const;
+
+  /// The project that the run was given, with what it found. A cancelled run leaves all places as
+  /// they were.
+  const project::Project& project() const;
 
  private:
   struct State;

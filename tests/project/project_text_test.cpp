@@ -35,7 +35,8 @@ TEST(ProjectText, EveryFieldComesBack) {
   EXPECT_EQ(projectText(*read.project, "/media/card"), projectText(project, "/media/card"));
   // an empty one too, and each field in it counts: a sample that leaves one out would not show it
   EXPECT_EQ(readAgain(projectText({}, "/")).project, Project{});
-  const Json json = Json::parse(projectText(project, "/")), none = Json::parse(projectText({}, "/"));
+  const Json json = Json::parse(projectText(project, "/")),
+             none = Json::parse(projectText({}, "/"));
   for (const auto& [name, value] : none["settings"].items())
     EXPECT_NE(json["settings"][name], value) << name;
 }
@@ -115,9 +116,12 @@ TEST(PathText, PathsAreToldFromTheFolderAndBack) {
   struct Case {
     const char *path, *folder, *relative;
   };
-  const Case cases[] = {{"/a/b/c.wav", "/a/b", "c.wav"},     {"/a/b/c.wav", "/a/b/", "c.wav"},
-                        {"/a/b/c.wav", "/a/x/y", "../../b/c.wav"}, {"/a.wav", "/", "a.wav"},
-                        {"C:/v/c.wav", "C:/p", "../v/c.wav"}, {"//s/share/v/c.wav", "//s/share/p", "../v/c.wav"}};
+  const Case cases[] = {{"/a/b/c.wav", "/a/b", "c.wav"},
+                        {"/a/b/c.wav", "/a/b/", "c.wav"},
+                        {"/a/b/c.wav", "/a/x/y", "../../b/c.wav"},
+                        {"/a.wav", "/", "a.wav"},
+                        {"C:/v/c.wav", "C:/p", "../v/c.wav"},
+                        {"//s/share/v/c.wav", "//s/share/p", "../v/c.wav"}};
   for (const auto& [path, folder, relative] : cases) {
     EXPECT_EQ(relativePath(path, folder), relative);
     EXPECT_EQ(pathFrom(folder, relative), path);
