@@ -22,6 +22,9 @@ class Desktop {
   /// The folder that the user's desktop has been moved to (UTF-8); empty if it is, as usual, the
   /// folder Desktop in the profile folder. Windows can move it, onto a cloud drive for instance.
   virtual std::string movedTo() = 0;
+  /// Puts a shortcut named after the folder `target` into the folder `place` (both UTF-8), for the
+  /// one that may be there already. False if it cannot, which is so elsewhere than on Windows.
+  virtual bool putShortcut(const std::string& target, const std::string& place) = 0;
 };
 
 /// The desktop of the operating system; on a machine without one nothing is shown.
@@ -30,6 +33,7 @@ class SystemDesktop final : public Desktop {
   void command(const std::string& line) override;
   void show(const std::string& path) override;
   std::string movedTo() override;
+  bool putShortcut(const std::string& target, const std::string& place) override;
 };
 
 }  // namespace run

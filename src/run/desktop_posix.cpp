@@ -51,4 +51,6 @@ void SystemDesktop::show(const std::string& path) {
 
 std::string SystemDesktop::movedTo() { return {}; }
 
+bool SystemDesktop::putShortcut(const std::string&, const std::string&) { return false; }
+
 }  // namespace run

@@ -3,7 +3,7 @@
 #include <knownfolders.h>
 #include <shlobj.h>
 
-#include <cstdlib>
+#include <filesystem>
 
 #include "report/files.h"
 #include "report/profile.h"
@@ -13,22 +13,56 @@
 namespace run {
 namespace {
 
-/// Starts a program without a console window and without waiting: a window that is still being
-/// opened must not hold up the end of a run.
-void start(std::wstring commandLine) {
+namespace fs = std::filesystem;
+
+/// The system's objects can be used on this thread while it lives.
+class ComScope {
+ public:
+  ComScope() : begun_(SUCCEEDED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED))) {}
+  ~ComScope() {
+    if (begun_) CoUninitialize();
+  }
+  ComScope(const ComScope&) = delete;
+  ComScope& operator=(const ComScope&) = delete;
+
+ private:
+  bool begun_;
+};
+
+/// An object of the system, let go at the end.
+template <class Type>
+class Interface {
+ public:
+  Interface() = default;
+  ~Interface() {
+    if (object_) object_->Release();
+  }
+  Interface(const Interface&) = delete;
+  Interface& operator=(const Interface&) = delete;
+  Type* operator->() const { return object_; }
+  void** filled() { return reinterpret_cast<void**>(&object_); }
+
+ private:
+  Type* object_ = nullptr;
+};
+
+/// Starts the program of that file without a console window and without waiting: a window that is
+/// still being opened must not hold up the end of a run.
+void start(const std::wstring& program, std::wstring commandLine) {
   STARTUPINFOW startup{};
   startup.cb = sizeof startup;
   PROCESS_INFORMATION process{};
-  if (!CreateProcessW(nullptr, commandLine.data(), nullptr, nullptr, FALSE, CREATE_NO_WINDOW,
-                      nullptr, nullptr, &startup, &process))
+  if (!CreateProcessW(program.c_str(), commandLine.data(), nullptr, nullptr, FALSE,
+                      CREATE_NO_WINDOW, nullptr, nullptr, &startup, &process))
     return;
   CloseHandle(process.hProcess);
   CloseHandle(process.hThread);
 }
 
-std::wstring commandProcessor() {
-  const wchar_t* chosen = _wgetenv(L"COMSPEC");
-  return chosen ? L"\"" + std::wstring(chosen) + L"\"" : L"cmd.exe";
+/// A folder of the system's own, asked for by one of its two functions.
+std::wstring systemFolder(UINT(WINAPI* ask)(wchar_t*, UINT)) {
+  wchar_t folder[MAX_PATH];
+  return {folder, ask(folder, MAX_PATH)};
 }
 
 /// A folder that the user may have moved; empty if the system does not know it.
@@ -46,13 +80,13 @@ bool areSameName(const std::wstring& first, const std::wstring& second) {
 
 }  // namespace
 
-// As `system` does it, less the console window that it gives to a program without one. A name that
-// the command processor would act on goes to the explorer directly, where it is only a name.
+// As `system` does it, less the console window that it gives to a program without one. The explorer
+// is the system's own and is started directly, so that every name is only a name there.
 void SystemDesktop::command(const std::string& line) {
-  if (isOneCommand(line))
-    start(commandProcessor() + L" /c " + widened(line));
-  else if (line.starts_with("explorer "))
-    start(widened(line));
+  if (line.starts_with("explorer "))
+    start(systemFolder(GetWindowsDirectoryW) + L"\\explorer.exe", widened(line));
+  else if (isOneCommand(line))
+    start(systemFolder(GetSystemDirectoryW) + L"\\cmd.exe", L"cmd /c " + widened(line));
 }
 
 void SystemDesktop::show(const std::string&) {}
@@ -63,6 +97,19 @@ std::string SystemDesktop::movedTo() {
   const std::wstring desktop = knownFolder(FOLDERID_Desktop);
   if (desktop.empty() || !areSameName(profile, knownFolder(FOLDERID_Profile))) return {};
   return areSameName(desktop, profile + L"\\Desktop") ? "" : report::nativeUtf8(desktop);
+}
+
+bool SystemDesktop::putShortcut(const std::string& target, const std::string& place) {
+  const ComScope com;
+  const fs::path folder = report::fromUtf8(report::nativeSlashes(target));
+  const fs::path file = report::fromUtf8(place) / (folder.filename().wstring() + L".lnk");
+  Interface<IShellLinkW> link;
+  Interface<IPersistFile> saved;
+  return CoCreateInstance(CLSID_ShellLink, nullptr, CLSCTX_INPROC_SERVER, IID_IShellLinkW,
+                          link.filled()) == S_OK &&
+         link->SetPath(folder.c_str()) == S_OK &&
+         link->QueryInterface(IID_IPersistFile, saved.filled()) == S_OK &&
+         saved->Save(file.c_str(), TRUE) == S_OK;
 }
 
 }  // namespace run

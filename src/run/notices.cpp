@@ -32,10 +32,11 @@ std::vector<std::string> noticesOf(const MissingPrograms& missing,
   return notices;
 }
 
-std::string noticeOfMovedDesktop(const std::string& desktop) {
+std::string noticeOfMovedDesktop(const std::string& desktop, bool linked) {
   if (desktop.empty()) return {};
   return "Your desktop is the folder " + desktop + ", but the results go to " +
-         report::nativeSlashes(resultsFolder()) + ": look for them there.";
+         report::nativeSlashes(resultsFolder()) +
+         (linked ? ". The shortcut SYNCED on your desktop leads there." : ": look for them there.");
 }
 
 std::vector<std::string> noticesOfSounds(const Material& material) {

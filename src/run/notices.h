@@ -21,8 +21,9 @@ MissingPrograms missingPrograms(const std::vector<Entry>& entries, MediaProbe& p
 std::vector<std::string> noticesOf(const MissingPrograms& missing,
                                    const std::vector<Entry>& usable);
 
-/// Where the results are, if the desktop that the user sees has been moved to `desktop`.
-std::string noticeOfMovedDesktop(const std::string& desktop);
+/// Where the results are, if the desktop that the user sees has been moved to `desktop`; `linked` if
+/// a shortcut there leads to them.
+std::string noticeOfMovedDesktop(const std::string& desktop, bool linked);
 
 /// Sentences about files of whose sound a part is missing.
 std::vector<std::string> noticesOfSounds(const Material& material);

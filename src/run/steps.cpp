@@ -63,7 +63,10 @@ std::vector<std::string> Steps::run(const std::vector<std::string>& videofiles) 
 
 void Steps::begin() {
   addNotice(makeResultsFolders());
-  addNotice(noticeOfMovedDesktop(services_.desktop.movedTo()));
+  const std::string desktop = services_.desktop.movedTo();
+  const bool linked =
+      !desktop.empty() && services_.desktop.putShortcut(resultsFolder(), desktop);
+  addNotice(noticeOfMovedDesktop(desktop, linked));
   startLog(settings_.mode);
   services_.progress.moveprogressslot(0);
   project_.settings = projectSettings(settings_, options_, project_.settings);

@@ -25,8 +25,12 @@ class QuietDesktop final : public run::Desktop {
   void show(const std::string& path) override { shown.push_back(path); }
 
   std::string movedTo() override { return moved; }
+  bool putShortcut(const std::string& target, const std::string& place) override {
+    shortcuts.push_back(place + " -> " + target);
+    return moved.ends_with("Desktop");
+  }
 
-  std::vector<std::string> commands, shown;
+  std::vector<std::string> commands, shown, shortcuts;
   std::string moved;
 };
 
