@@ -13,14 +13,17 @@
 #include "app/working_directory.h"
 #include "report/console.h"
 #include "report/diagnostics.h"
+#include "run/own_folder.h"
+#include "run/safe_start.h"
 
 void qml_register_types_Kestrel();  // the types of this program that the document imports
 
 int main(int argc, char* argv[]) {
+  run::startSafely();
   QApplication application(argc, argv);
   const QStringList arguments = QApplication::arguments().mid(1);
   const QList<QUrl> named = app::localFiles(arguments);
-  app::startWhereTheDocumentIs();
+  run::workInOwnFolder();
   app::chooseRendering(arguments);
   app::logBanner();
   app::setIdentity();
@@ -38,10 +41,10 @@ int main(int argc, char* argv[]) {
   report::appendLogLine("view engine to quick connected");
 
   report::StandardOutput().line(app::workingDirectory() + "/abc/main.qml");
-  viewer.setSource(QUrl(app::kDocument));
+  viewer.setSource(QUrl::fromLocalFile(app::documentFile()));
   if (viewer.status() == QQuickView::Error) {
     std::fprintf(stderr, "The window's document %s could not be loaded from %s\n", app::kDocument,
-                 app::workingDirectory().c_str());
+                 QCoreApplication::applicationDirPath().toUtf8().constData());
   }
   viewer.show();
   app::MediaCollector collector;

@@ -1,6 +1,5 @@
 #include "app/start_up.h"
 
-#include <QDir>
 #include <QFileInfo>
 #include <QQmlEngine>
 #include <string>
@@ -41,10 +40,6 @@ QList<QUrl> localFiles(const QStringList& arguments) {
   return urls;
 }
 
-void startWhereTheDocumentIs() {
-  const QString own = QCoreApplication::applicationDirPath();
-  if (!QFileInfo::exists(kDocument) && QFileInfo::exists(own + '/' + kDocument))
-    QDir::setCurrent(own);
-}
+QString documentFile() { return QCoreApplication::applicationDirPath() + '/' + kDocument; }
 
 }  // namespace app

@@ -9,7 +9,7 @@
 
 namespace app {
 
-inline constexpr char kDocument[] = "qml/syncui1/main.qml";  // below the working directory
+inline constexpr char kDocument[] = "qml/syncui1/main.qml";  // below the own folder
 
 /// Begins a stretch of the run log: seventeen lines of asterisks and a headline.
 void logBanner();
@@ -23,8 +23,8 @@ void connectAll(QMLFile& bridge, QmlApplicationViewer& viewer, QGuiApplication& 
 /// The files and folders named on the command line; options are left out.
 QList<QUrl> localFiles(const QStringList& arguments);
 
-/// Makes the program's own folder the working directory if the window's document lies there and not
-/// in the present one: so it is after a double click or a drop on the program in some systems.
-void startWhereTheDocumentIs();
+/// The window's document. It lies in the program's own folder and is never taken from the working
+/// directory, where a document of that name could be anybody's.
+QString documentFile();
 
 }  // namespace app

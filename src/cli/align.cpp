@@ -15,6 +15,7 @@
 #include "report/summary.h"
 #include "report/text.h"
 #include "run/entries.h"
+#include "run/own_folder.h"
 #include "run/system_services.h"
 
 namespace cli {
@@ -73,7 +74,7 @@ void writeProblems(const Arguments& arguments, const std::vector<std::string>& r
 std::string outputsText(const report::Outcome& outcome) {
   if (outcome.outputs.empty()) return {};
   std::string text = "\nDocuments\n";
-  for (const std::string& path : outcome.outputs) text += "  " + report::printable(path) + '\n';
+  for (const std::string& path : outcome.outputs) text += "  " + report::printable(report::nativeSlashes(path)) + '\n';
   return text;
 }
 
@@ -114,7 +115,7 @@ int align(const Arguments& arguments) {
   const std::string json = arguments.json.empty() || arguments.json == "-"
                                ? arguments.json
                                : report::wholePath(arguments.json);
-  startBesideFfmpeg();
+  run::workInOwnFolder();
   watchForInterrupt();
   run::SystemServices system;
   ErrorConsole errors;

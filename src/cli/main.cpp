@@ -3,8 +3,10 @@
 
 #include "cli/align.h"
 #include "cli/terminal.h"
+#include "run/safe_start.h"
 
 int main(int argc, char** argv) {
+  run::startSafely();
   cli::useUtf8Output();
   try {
     const cli::Parsed parsed = cli::parseArguments(cli::utf8Arguments(argc, argv));

@@ -6,14 +6,11 @@
 
 namespace cli {
 
-/// The words after the program's name, as UTF-8.
+/// The words after the program's name, as UTF-8, and with the files that a pattern such as `*.MP4`
+/// stands for, which on Windows no shell puts in its place.
 std::vector<std::string> utf8Arguments(int argc, char** argv);
 
-/// On Windows ffmpeg.exe is looked for in the working directory alone: makes the program's own
-/// folder the working directory, unless ffmpeg.exe lies in the present one. Elsewhere does nothing.
-void startBesideFfmpeg();
-
-/// Makes standard output and error show UTF-8 where that must be asked for.
+/// Makes standard output and error show UTF-8 where that must be asked for, until the program ends.
 void useUtf8Output();
 
 /// Columns of the terminal that standard error is shown on; 0 where it is no terminal.

@@ -10,8 +10,6 @@ namespace cli {
 
 std::vector<std::string> utf8Arguments(int argc, char** argv) { return {argv + 1, argv + argc}; }
 
-void startBesideFfmpeg() {}
-
 void useUtf8Output() {}
 
 int errorTerminalColumns() {

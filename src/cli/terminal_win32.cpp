@@ -4,9 +4,11 @@
 
 #include <array>
 #include <csignal>
+#include <cstdlib>
 #include <string>
 
 #include "cli/terminal.h"
+#include "cli/wildcard.h"
 
 namespace cli {
 namespace {
@@ -25,19 +27,17 @@ std::vector<std::string> utf8Arguments(int, char**) {
   int count = 0;
   wchar_t** words = CommandLineToArgvW(GetCommandLineW(), &count);
   std::vector<std::string> result;
-  for (int i = 1; i < count; ++i) result.push_back(utf8(words[i]));
+  for (int i = 1; i < count; ++i)
+    for (std::string& word : expanded(utf8(words[i]))) result.push_back(std::move(word));
   LocalFree(words);
   return result;
 }
 
-void startBesideFfmpeg() {
-  if (GetFileAttributesW(L"ffmpeg.exe") != INVALID_FILE_ATTRIBUTES) return;
-  std::wstring program(32768, L'\0');  // the longest path that there is
-  program.resize(GetModuleFileNameW(nullptr, program.data(), static_cast<DWORD>(program.size())));
-  SetCurrentDirectoryW(program.substr(0, program.find_last_of(L'\\')).c_str());
+void useUtf8Output() {
+  static const UINT before = GetConsoleOutputCP();  // the console stays after the program
+  SetConsoleOutputCP(CP_UTF8);
+  std::atexit([] { SetConsoleOutputCP(before); });
 }
-
-void useUtf8Output() { SetConsoleOutputCP(CP_UTF8); }
 
 int errorTerminalColumns() {
   CONSOLE_SCREEN_BUFFER_INFO info;

@@ -2,6 +2,7 @@
 #include <map>
 #include <set>
 
+#include "report/profile.h"
 #include "report/text.h"
 
 namespace report {
@@ -14,7 +15,7 @@ std::string lastParts(const std::string& path, int parts) {
     start = path.find_last_of("/\\", start - 2) + 1;  // nothing found gives the beginning, 0
   std::string result = path.substr(std::min(start, path.size()));
   std::ranges::replace(result, '\\', '/');
-  return printable(result);
+  return printable(nativeSlashes(result));
 }
 
 constexpr int kMostParts = 64;  // two names may differ only in what cannot be shown

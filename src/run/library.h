@@ -12,7 +12,8 @@ class Library {
   Library(const Library&) = delete;
   Library& operator=(const Library&) = delete;
 
-  /// Loads `fileName` (UTF-8) from the program's folder or the system's search path.
+  /// Loads `fileName` (UTF-8): on Windows from the program's own folder alone, elsewhere from the
+  /// system's folders of libraries. A name with a folder is taken as it is.
   bool load(const std::string& fileName);
   void unload();
   bool loaded() const { return handle_ != nullptr; }

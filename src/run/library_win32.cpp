@@ -1,12 +1,14 @@
 #include <windows.h>
 
 #include "run/library.h"
+#include "run/own_folder.h"
 #include "run/wide_text.h"
 
 namespace run {
 
 bool Library::load(const std::string& fileName) {
-  handle_ = LoadLibraryW(widened(fileName).c_str());
+  const bool whole = fileName.find_first_of("/\\") != fileName.npos;
+  handle_ = LoadLibraryW(widened(whole ? fileName : ownFolder() + '\\' + fileName).c_str());
   return loaded();
 }
 

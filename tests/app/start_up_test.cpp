@@ -6,21 +6,25 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include "report/files.h"
 #include "tests/app/qt_printing.h"
+#include "tests/planted.h"
 
 namespace {
+
+namespace fs = std::filesystem;
 
 /// The real program in a folder and with a profile of its own.
 class Program : public testing::Test {
  protected:
-  void start() {
+  void start(const QString& file = PROGRAM) {
     QDir(folder_.path()).mkpath("Desktop/SYNCED/debugfiles");
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert("USERPROFILE", folder_.path());
     environment.insert("XDG_CONFIG_HOME", folder_.path());
     program_.setProcessEnvironment(environment);
     program_.setWorkingDirectory(folder_.path());
-    program_.start(PROGRAM, QStringList());
+    program_.start(file, QStringList());
     ASSERT_TRUE(program_.waitForStarted());
   }
   QStringList logLines() const {
@@ -38,7 +42,9 @@ class Program : public testing::Test {
 };
 
 TEST_F(Program, StartsInTheFixedOrderAndNamesAMissingDocument) {
-  start();
+  const QString alone = folder_.filePath(QFileInfo(PROGRAM).fileName());
+  ASSERT_TRUE(QFile::copy(PROGRAM, alone));
+  start(alone);
   QByteArray errors;
   ASSERT_TRUE(QTest::qWaitFor(
       [&] {
@@ -58,6 +64,23 @@ TEST_F(Program, StartsInTheFixedOrderAndNamesAMissingDocument) {
   EXPECT_EQ(lines[20], "send2gui2->quit connected");
   EXPECT_EQ(lines[21], "view engine to quick connected");
   EXPECT_EQ(program_.state(), QProcess::Running) << "it goes on into the event loop";
+}
+
+TEST_F(Program, StartedOnACardItLoadsNothingFromThere) {
+  const fs::path card = report::fromUtf8(folder_.path().toStdString());
+  plant(card);
+  start();
+  ASSERT_TRUE(QTest::qWaitFor([&] { return logLines().size() >= 22; }, 20000));
+  QByteArray shown;
+  (void)QTest::qWaitFor(  // the document comes after the last of these lines
+      [&] {
+        shown += program_.readAllStandardError() + program_.readAllStandardOutput();
+        return shown.contains("PLANTED") || shown.contains("DRAWN");
+      },
+      3000);
+  EXPECT_FALSE(shown.contains("PLANTED"));
+  EXPECT_FALSE(shown.contains("could not be loaded"));
+  EXPECT_EQ(whatRan(card), "");
 }
 
 }  // namespace
