@@ -7,6 +7,7 @@
 #include <thread>
 
 #include "run/desktop.h"
+#include "run/program_file.h"
 
 extern char** environ;
 
@@ -34,7 +35,7 @@ void start(std::string program, std::string argument) {
   posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETSID);
   char* words[] = {program.data(), argument.data(), nullptr};
   pid_t child = 0;
-  if (posix_spawnp(&child, program.c_str(), &actions, &attributes, words, environ) == 0)
+  if (posix_spawn(&child, program.c_str(), &actions, &attributes, words, environ) == 0)
     std::thread([child] { (void)waitpid(child, nullptr, 0); }).detach();  // no zombie stays
   posix_spawnattr_destroy(&attributes);
   posix_spawn_file_actions_destroy(&actions);
@@ -45,8 +46,8 @@ void start(std::string program, std::string argument) {
 void SystemDesktop::command(const std::string&) {}
 
 void SystemDesktop::show(const std::string& path) {
-  if (!desktopIsThere()) return;
-  start("xdg-open", path);  // a folder not shown harms nothing
+  const std::string program = programFile("xdg-open");
+  if (!program.empty() && desktopIsThere()) start(program, path);
 }
 
 std::string SystemDesktop::movedTo() { return {}; }

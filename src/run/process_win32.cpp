@@ -59,7 +59,7 @@ class Inherited {
   std::string memory_;
 };
 
-/// Starts `program` with `line` as its command line and `errors` as its error stream. Returns 0 or
+/// Makes a process of `program`, not running yet, with `line` as its command line and `errors` as its error stream. Returns 0 or
 /// the error number.
 DWORD start(const std::string& program, std::wstring line, HANDLE errors,
             PROCESS_INFORMATION& child) {
@@ -69,12 +69,29 @@ DWORD start(const std::string& program, std::wstring line, HANDLE errors,
   startup.StartupInfo.dwFlags = STARTF_USESTDHANDLES;
   startup.StartupInfo.hStdError = errors;
   startup.lpAttributeList = inherited.list();
-  const DWORD flags = CREATE_NO_WINDOW | EXTENDED_STARTUPINFO_PRESENT;
+  const DWORD flags = CREATE_NO_WINDOW | CREATE_SUSPENDED | EXTENDED_STARTUPINFO_PRESENT;
   const std::wstring file = report::fromUtf8(program).wstring();
   const bool started = CreateProcessW(file.c_str(), line.data(), nullptr, nullptr, TRUE, flags,
                                       nullptr, nullptr, &startup.StartupInfo, &child);
   return started ? 0 : GetLastError();
 }
+
+/// A program with all that it starts. They end with this object, and so with our own program, however
+/// that ends: the system then closes what it had open.
+class Job {
+ public:
+  Job() : job_(CreateJobObjectW(nullptr, nullptr)) {
+    JOBOBJECT_EXTENDED_LIMIT_INFORMATION limits{};
+    limits.BasicLimitInformation.LimitFlags = JOB_OBJECT_LIMIT_KILL_ON_JOB_CLOSE;
+    SetInformationJobObject(job_.get(), JobObjectExtendedLimitInformation, &limits, sizeof limits);
+  }
+  /// `process` must not run yet, lest it starts another one before.
+  void add(HANDLE process) { AssignProcessToJobObject(job_.get(), process); }
+  void end() { TerminateJobObject(job_.get(), 1); }
+
+ private:
+  Handle job_;
+};
 
 /// Takes up what has been written; false if there was nothing.
 bool takeMessages(HANDLE pipe, LastLines& messages) {
@@ -93,7 +110,7 @@ std::uint64_t bytesRead(HANDLE process) {
   return counts.ReadTransferCount;
 }
 
-ProcessResult waitFor(HANDLE process, HANDLE pipe, Patience patience,
+ProcessResult waitFor(HANDLE process, Job& job, HANDLE pipe, Patience patience,
                       const std::atomic<bool>& cancelled) {
   ProcessResult result;
   LastLines messages;
@@ -102,7 +119,8 @@ ProcessResult waitFor(HANDLE process, HANDLE pipe, Patience patience,
     }
     result.stalled = patience.isExhausted(bytesRead(process));
     if (!cancelled && !result.stalled) continue;
-    TerminateProcess(process, 1);
+    job.end();
+    TerminateProcess(process, 1);  // should it have been refused by the job
     WaitForSingleObject(process, kGrace);
     break;
   }
@@ -134,8 +152,11 @@ ProcessResult SystemProcesses::run(const Command& command, const std::atomic<boo
   const DWORD error = start(program, widened(command.windowsLine), writing.get(), child);
   if (error) return notStarted(name, error);
   const Handle process(child.hProcess), thread(child.hThread);
+  Job job;
+  job.add(process.get());
+  ResumeThread(thread.get());
   writing.close();  // so that the child's end is the only one
-  return waitFor(process.get(), reading.get(), Patience(patience_), cancelled);
+  return waitFor(process.get(), job, reading.get(), Patience(patience_), cancelled);
 }
 
 }  // namespace run

@@ -5,17 +5,13 @@
 #include <sstream>
 
 #include "report/files.h"
+#include "run/own_folder.h"
 #include "run/program_file.h"
 
 namespace run {
 namespace {
 
 namespace fs = std::filesystem;
-
-fs::path ownFolder() {
-  std::error_code unknown;  // then only PATH is left
-  return fs::read_symlink("/proc/self/exe", unknown).parent_path();
-}
 
 bool isProgram(const fs::path& file) {
   std::error_code unknown;
@@ -26,7 +22,7 @@ bool isProgram(const fs::path& file) {
 
 std::string programFile(const std::string& name) {
   if (name.find('/') != std::string::npos) return name;
-  if (const fs::path own = ownFolder() / name; own.is_absolute() && isProgram(own))
+  if (const fs::path own = report::fromUtf8(ownFolder()) / name; own.is_absolute() && isProgram(own))
     return report::toUtf8(own);
   const char* path = std::getenv("PATH");
   std::istringstream folders(path ? path : "/usr/local/bin:/usr/bin:/bin");

@@ -5,6 +5,7 @@
 #include <sstream>
 
 #include "report/files.h"
+#include "run/own_folder.h"
 #include "run/program_file.h"
 #include "run/wide_text.h"
 
@@ -12,12 +13,6 @@ namespace run {
 namespace {
 
 namespace fs = std::filesystem;
-
-fs::path ownFolder() {
-  std::wstring program(32768, L'\0');  // the longest path that there is
-  program.resize(GetModuleFileNameW(nullptr, program.data(), static_cast<DWORD>(program.size())));
-  return fs::path(program).parent_path();
-}
 
 bool isProgram(const fs::path& file) {
   const DWORD attributes = GetFileAttributesW(file.c_str());
@@ -29,7 +24,8 @@ bool isProgram(const fs::path& file) {
 std::string programFile(const std::string& name) {
   if (name.find_first_of("/\\") != std::string::npos) return name;
   const std::wstring file = widened(name) + L".exe";
-  if (const fs::path own = ownFolder() / file; isProgram(own)) return report::toUtf8(own);
+  const fs::path own = report::fromUtf8(ownFolder()) / file;
+  if (isProgram(own)) return report::toUtf8(own);
   const wchar_t* path = _wgetenv(L"PATH");
   std::wistringstream folders(path ? path : L"");
   for (std::wstring folder; std::getline(folders, folder, L';');) {
