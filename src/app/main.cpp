@@ -10,6 +10,7 @@
 #include "app/qml_file.h"
 #include "app/rendering.h"
 #include "app/start_up.h"
+#include "app/title_bar.h"
 #include "app/working_directory.h"
 #include "report/console.h"
 #include "report/diagnostics.h"
@@ -46,6 +47,7 @@ int main(int argc, char* argv[]) {
     std::fprintf(stderr, "The window's document %s could not be loaded from %s\n", app::kDocument,
                  QCoreApplication::applicationDirPath().toUtf8().constData());
   }
+  app::darkenTitleBar(viewer);
   viewer.show();
   app::MediaCollector collector;
   collector.add(named, false);

@@ -1,0 +1,20 @@
+#include <windows.h>
+// windows.h comes first: dwmapi.h needs it
+#include <dwmapi.h>
+
+#include "app/title_bar.h"
+
+namespace app {
+namespace {
+
+constexpr DWORD kUseImmersiveDarkMode = 20;  // of Windows 10 20H1 and later; older ones refuse it
+
+}  // namespace
+
+void darkenTitleBar(QWindow& window) {
+  const BOOL dark = TRUE;
+  DwmSetWindowAttribute(reinterpret_cast<HWND>(window.winId()), kUseImmersiveDarkMode, &dark,
+                        sizeof dark);
+}
+
+}  // namespace app
