@@ -13,6 +13,9 @@
 #include "run/process.h"
 #include "run/sync_run.h"
 #include "tests/fresh_path.h"
+#ifdef _WIN32
+#include "tests/windows/unix_program.h"
+#endif
 
 /// A folder for one test, removed at its end.
 class Folder {
@@ -82,7 +85,10 @@ inline std::vector<std::int16_t> cut(const std::vector<std::int16_t>& sound, dou
 
 /// Runs ffmpeg (quietly) with `arguments`.
 inline bool ffmpeg(std::vector<std::string> arguments) {
-  arguments.insert(arguments.begin(), {"ffmpeg", "-v", "error", "-y"});
+  arguments.insert(arguments.begin(), {"ffmpeg", "-nostdin", "-v", "error", "-y"});
+#ifdef _WIN32
+  return runUnixProgram(arguments);
+#endif
   const std::atomic<bool> never = false;
   const run::ProcessResult result = run::SystemProcesses().run({{}, arguments}, never);
   return result.started.ok() && result.exitCode == 0;

@@ -1,5 +1,4 @@
-// Outside programs and libraries as this system has them; elsewhere other ones are there.
-#ifndef _WIN32
+// Outside programs and libraries as this system has them.
 #include <gtest/gtest.h>
 
 #include <csignal>
@@ -12,6 +11,7 @@
 
 namespace fs = std::filesystem;
 
+#ifndef _WIN32  // where other programs are there to be started: see windows_test.cpp
 namespace {
 
 run::ProcessResult start(std::vector<std::string> arguments) {
@@ -124,6 +124,8 @@ TEST(Desktop, AFolderIsShownWithoutWaitingForTheProgramThatShowsIt) {
   EXPECT_TRUE(fs::exists(folder.path() / "shown"));
 }
 
+#endif
+
 TEST(MediaProbe, TellsPicturesFromSoundWhateverTheNameAndLocale) {
   const Folder folder;
   const std::string clip = folder.file("\xE5\xAD\x97 \xC3\xBC & 100% 'x' 001.mp4");
@@ -151,5 +153,3 @@ TEST(MediaProbe, WithoutTheLibraryEveryAnswerIsEmpty) {
   run::MediaInfoLibrary::shared().unload();
   run::MediaInfoLibrary::shared().unload();
 }
-
-#endif
