@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 #include <vector>
 
 namespace align {
@@ -55,7 +56,20 @@ void summarise(Alignment& alignment, const DelayLine& line,
   alignment.confidence = confidenceOf(alignment);
 }
 
+// The height that windows would need to say as much if rooms did not spread their sound.
+void summarise(Alignment& a, const Evidence& evidence, std::size_t windows) {
+  a.logOdds = evidence.logOdds;
+  a.windows = a.support = static_cast<int>(windows);
+  a.strength = std::sqrt(2 * std::max(0.0, a.logOdds) / double(windows));
+  a.evidence = a.logOdds;
+  a.distinct = 1.2;
+  a.spreadSeconds = a.overlapSeconds;
+  a.wanders = false;
+  a.confidence = 1 - std::exp(-std::max(0.0, a.logOdds - kBeyondChance / 2));
+}
+
 bool believed(const Alignment& a) {
+  if (a.logOdds >= kBeyondChance) return true;
   if (a.support < 3 || a.spreadSeconds < 1.5) return false;
   const bool clear = (a.strength >= 15 && a.distinct >= 1.8) ||  // few such windows are enough
                      (a.strength >= 25 && a.support * 2 >= a.windows);  // echoes beside the peak
@@ -65,6 +79,18 @@ bool believed(const Alignment& a) {
 }
 
 bool nearlyEverywhere(const Alignment& a) { return a.support * 4 >= a.windows * 3; }
+
+Alignment mirrored(Alignment a) {
+  std::swap(a.first, a.second);
+  a.offsetSeconds = -a.offsetSeconds;
+  a.driftPpm = -a.driftPpm;
+  return a;
+}
+
+bool sameOffset(const Alignment& a, const Alignment& b) {
+  return std::abs(a.offsetSeconds - b.offsetSeconds) <
+         offsetTolerance(std::max(a.overlapSeconds, b.overlapSeconds));
+}
 
 double weightOf(const Alignment& a) {
   const double fraction = double(a.support) / std::max(1, a.windows);

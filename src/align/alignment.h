@@ -2,9 +2,18 @@
 
 #include <span>
 
+#include "align/evidence.h"
 #include "align/line.h"
 
 namespace align {
+
+inline constexpr double kSameOffset = 0.05;  // seconds; echoes and interpolation stay below
+
+/// Seconds by which offsets may differ that mean the same, with what two clocks may add over the
+/// longest recording concerned.
+inline double offsetTolerance(double longestSeconds) {
+  return kSameOffset + 120e-6 * longestSeconds;
+}
 
 /// What the sound itself says about one supposed offset of a pair of recordings.
 struct Alignment {
@@ -21,6 +30,7 @@ struct Alignment {
   int windows = 0;           // ... of so many
   double spreadSeconds = 0;  // from the first supporting window to the last
   double confidence = 0;     // 0 to 1
+  double logOdds = 0;        // of all windows together, see Evidence; 0 = the line said enough
   bool wanders = false;      // a device was carried about: errorSeconds is how far the sound's way
                              // moves it to either side
 };
@@ -30,6 +40,12 @@ struct Alignment {
 void summarise(Alignment& alignment, const DelayLine& line,
                std::span<const WindowCorrelation> windows);
 
+/// Fills in the same for what is too faint, or too spread by its rooms, for single windows to show.
+void summarise(Alignment& alignment, const Evidence& evidence, std::size_t windows);
+
+/// Log odds past what chance gives: one false in a thousand runs of a hundred thousand offsets.
+inline constexpr double kBeyondChance = 18.4;
+
 /// Whether so much evidence, so spread over time, is past what chance gives.
 bool believed(const Alignment& alignment);
 
@@ -38,6 +54,13 @@ inline constexpr double kPastRepetition = 18;
 
 /// Whether three in four windows or more support it.
 bool nearlyEverywhere(const Alignment& alignment);
+
+/// The same with first and second exchanged.
+Alignment mirrored(Alignment alignment);
+
+/// Whether two alignments of one pair, in the same order, are one to within what echoes and drift
+/// move them.
+bool sameOffset(const Alignment& a, const Alignment& b);
 
 /// How much an alignment weighs against others: the longer it fits, and the better, the more.
 double weightOf(const Alignment& alignment);

@@ -132,6 +132,12 @@ std::vector<std::vector<float>> correlate(std::span<const Pieces> pieces, int ma
   return lags;
 }
 
+// The root of a Hann window's fourth power correlated with itself, over the mean of that.
+float chanceAt(int lag, int length) {
+  const double turn = 2 * std::numbers::pi * lag / length;
+  return float(std::sqrt(1 + std::cos(turn) * 16 / 18 + std::cos(2 * turn) / 18));
+}
+
 std::vector<std::vector<float>> correlateWithSelf(std::span<const std::vector<float>> pieces,
                                                   int maxLag) {
   std::vector<std::vector<float>> lags;

@@ -10,7 +10,6 @@ namespace {
 constexpr int kOffsets = 3, kMoreOffsets = 10, kRepetitions = 60;
 constexpr double kRelated = 6;       // from here on the pair is related, perhaps repeatedly
 constexpr double kStrong = 4.0;      // what chance rarely gives at the best of many offsets
-constexpr double kFaint = 2.5;       // ... and at one single offset
 constexpr double kOfTheBest = 0.4;   // offsets fainter than this share of the best are chance
 constexpr double kAlike = 0.5;       // of the best; what repeats is rarely fainter
 constexpr double kLeastOverlap = 4;  // seconds; two textures resemble each other in less anywhere
@@ -50,12 +49,16 @@ vote::Suspicion Textures::suspect(int first, int second) const {
   return s;
 }
 
-vote::Suspicion Textures::narrowed(vote::Suspicion suspicion) const {
+vote::Suspicion Textures::resembling(const vote::Suspicion& suspicion, double least) const {
   const Texture &a = textures_.at(suspicion.first), &b = textures_.at(suspicion.second);
-  std::erase_if(suspicion.offsets, [&](double offset) {
-    return resemblanceAt(a, b, offset).value_or(kFaint) < kFaint;
-  });
-  return suspicion;
+  vote::Suspicion left{suspicion.first, suspicion.second, {}, 0};
+  for (const double offset : suspicion.offsets) {
+    const double resemblance = resemblanceAt(a, b, offset).value_or(least);
+    if (resemblance < least) continue;
+    left.offsets.push_back(offset);
+    left.significance = std::max(left.significance, resemblance);
+  }
+  return left;
 }
 
 std::vector<Stretch> Textures::lively(int first, int second, double offsetSeconds) const {

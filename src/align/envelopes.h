@@ -22,8 +22,9 @@ class Textures {
   /// The offsets at which a pair's textures stand out.
   vote::Suspicion suspect(int first, int second) const;
 
-  /// The same without those offsets at which the textures show nothing.
-  vote::Suspicion narrowed(vote::Suspicion suspicion) const;
+  /// The same with those offsets alone at which the textures resemble each other at least so much;
+  /// its significance is how much they do at most.
+  vote::Suspicion resembling(const vote::Suspicion& suspicion, double least) const;
 
   /// Where both recordings of a pair hear more than steady noise at that offset.
   std::vector<Stretch> lively(int first, int second, double offsetSeconds) const;

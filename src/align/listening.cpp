@@ -15,6 +15,7 @@ constexpr double kPause = 0.5;            // seconds without anything lively tha
 constexpr double kReach = 0.1;            // seconds around the supposed offset
 constexpr double kReachPerSecond = 5e-5;  // drift may add this much for every second of overlap
 constexpr double kShortOverlap = 5, kLongOverlap = 240;  // seconds
+constexpr double kLongestFaint = 600;                    // seconds; slopes to try grow with it
 constexpr double kGlimmer = 4.6;  // evidence of the first 4 windows worth the others: one has 4.5
 constexpr double kHint = 11, kProof = 15;  // ... of the first 8, of the first 16
 constexpr double kPlenty = 20;             // evidence past which more windows add little
@@ -154,6 +155,33 @@ Alignment Listening::summary(const DirectSound& direct) const {
   return a;
 }
 
+// What the windows listened to say together, in units of chance.
+Evidence Listening::evidence() const {
+  std::vector<WindowCorrelation> windows = correlations_;
+  for (WindowCorrelation& window : windows)
+    for (int lag = -maxLag_; lag <= maxLag_; ++lag)
+      window.lags[std::size_t(lag + maxLag_)] /= chanceAt(lag, length_);
+  return evidenceOf(windows, overlap());
+}
+
+// Listens to all windows as long as those so far say more for the two hearing the same than
+// against it.
+Alignment Listening::faint() {
+  if (overlap() > kLongestFaint || middles_.size() < kFew) return summary();
+  Evidence found;
+  for (const std::size_t count : {kSome, kMany, kMost}) {
+    listenTo(count);
+    found = evidence();
+    if (found.logOdds < 0 || correlations_.size() == middles_.size()) break;
+  }
+  Alignment a{.first = pair_.first, .second = pair_.second};
+  a.overlapSeconds = overlap();
+  a.offsetSeconds = offset_ + found.delaySamples / kSampleRate;
+  a.errorSeconds = found.doubtSamples / kSampleRate;
+  summarise(a, found, correlations_.size());
+  return a;
+}
+
 Alignment Listening::glance() {
   const DelayLine& line = listenTo(kFew);
   if (line.evidence >= kGlimmer && !plain(line)) listenTo(kSome);
@@ -183,7 +211,8 @@ Alignment Listening::exact() {
   for (const std::size_t more : {kMany, kMost})
     if (middles_.size() > correlations_.size() && worthMore(summary())) listenTo(more);
   const Alignment heard = summary();
-  return believed(heard) ? summary(findDirect()) : heard;
+  if (believed(heard)) return summary(findDirect());
+  return heard;
 }
 
 Alignment Listening::thorough() {

@@ -30,6 +30,10 @@ class Listening {
   /// A few windows, fewer still where they show nothing: enough to go on or to give up.
   Alignment glance();
 
+  /// All windows laid over each other, for what is too faint, or too spread by its rooms, for any
+  /// of them to show. Ends early where nothing adds up.
+  Alignment faint();
+
   /// Windows enough to be believed or not, for the exact place and for the drift. Those of the
   /// glance are used again.
   Alignment exact();
@@ -50,6 +54,7 @@ class Listening {
   void comeNearer();
   std::vector<float> piece(int file, double middle) const;
   DirectSound findDirect() const;
+  Evidence evidence() const;
   Alignment summary(const DirectSound& direct = {}) const;
 
   Pair pair_;

@@ -9,8 +9,9 @@
 namespace align {
 namespace {
 
-constexpr double kApart = 0.3;    // seconds; nearer offsets are found from either
-constexpr double kRivalry = 0.5;  // of the best one's strength; weaker fits are partial echoes
+constexpr double kApart = 0.3;      // seconds; nearer offsets are found from either
+constexpr double kSomething = 2.5;  // resemblance of the envelopes that is worth a glance
+constexpr double kRivalry = 0.5;    // of the best one's strength; weaker fits are partial echoes
 
 struct Listened {
   Listening listening;
@@ -40,6 +41,16 @@ class Examination {
     sort();
   }
 
+  /// Lays all windows over each other at offsets where no few of them say anything.
+  void listenFaintly(std::span<const double> offsets) {
+    for (const double offset : offsets) {
+      Listening listening(pair_, offset, sound_);
+      if (const Alignment heard = listening.faint(); believed(heard))
+        plausibles_.push_back({std::move(listening), heard});
+    }
+    sort();
+  }
+
   /// Listens long where the sound fits at several offsets alike, to tell them apart.
   void compareRivals() {
     const double least = plausibles_.empty() ? 0 : kRivalry * plausibles_.front().seen.strength;
@@ -60,9 +71,10 @@ class Examination {
   }
 
   std::optional<Match> result() {
-    for (auto best = plausibles_.begin(); best != plausibles_.end(); ++best)
-      if (const Alignment exact = best->listening.exact(); believed(exact))
-        return withRivals(exact, {best + 1, plausibles_.end()});
+    for (auto best = plausibles_.begin(); best != plausibles_.end(); ++best) {
+      const Alignment exact = best->seen.logOdds > 0 ? best->seen : best->listening.exact();
+      if (believed(exact)) return withRivals(exact, {best + 1, plausibles_.end()});
+    }
     return std::nullopt;
   }
 
@@ -94,7 +106,8 @@ class Examination {
   static std::vector<Alignment> rivalsOf(const Alignment& best, std::span<const Listened> others) {
     std::vector<Alignment> rivals;
     for (const Listened& other : others)
-      if (believed(other.seen) && other.seen.strength >= kRivalry * best.strength)
+      if (believed(other.seen) && other.seen.strength >= kRivalry * best.strength &&
+          !sameOffset(other.seen, best))
         rivals.push_back(other.seen);
     return rivals;
   }
@@ -108,14 +121,28 @@ class Examination {
 
 }  // namespace
 
+Match mirrored(Match match) {
+  match.best = mirrored(match.best);
+  for (Alignment& rival : match.rivals) rival = mirrored(rival);
+  return match;
+}
+
 std::optional<Match> examine(const vote::Suspicion& suspicion,
                              std::span<const Recording> recordings, const SoundReader& sound,
                              const Textures& textures) {
   Examination examination(suspicion, recordings, sound, textures);
-  examination.listenAt(textures.narrowed(suspicion).offsets);
+  examination.listenAt(textures.resembling(suspicion, kSomething).offsets);
   if (examination.mayRepeat())
     examination.listenAt(textures.repetitions(suspicion.first, suspicion.second));
   if (examination.repeats()) examination.compareRivals();
+  return examination.result();
+}
+
+std::optional<Match> examineFaintly(const vote::Suspicion& suspicion,
+                                    std::span<const Recording> recordings, const SoundReader& sound,
+                                    const Textures& textures) {
+  Examination examination(suspicion, recordings, sound, textures);
+  examination.listenFaintly(suspicion.offsets);
   return examination.result();
 }
 

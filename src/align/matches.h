@@ -17,11 +17,20 @@ struct Match {
   std::vector<Alignment> rivals;  // other offsets at which the sound fits too: repeated music
 };
 
+/// The same match with first and second exchanged.
+Match mirrored(Match match);
+
 /// Listens at every supposed offset, where those turn out to be repetitions at all others that may
 /// be, and keeps the best that can be believed. Callable from any thread; the textures of both
 /// files must be prepared.
 std::optional<Match> examine(const vote::Suspicion& suspicion,
                              std::span<const Recording> recordings, const SoundReader& sound,
                              const Textures& textures);
+
+/// The same for a pair that examine() did not believe: all windows together, however little each
+/// says. Costs ten times as much where there is nothing to find.
+std::optional<Match> examineFaintly(const vote::Suspicion& suspicion,
+                                    std::span<const Recording> recordings, const SoundReader& sound,
+                                    const Textures& textures);
 
 }  // namespace align

@@ -52,6 +52,15 @@ std::map<int, Usual> usualOf(std::span<const align::Match> matches) {
   return usual;
 }
 
+// What a recording of the set typically reaches with another: the median of all.
+double typicalStrength(const std::map<int, Usual>& usual) {
+  std::vector<double> strengths;
+  for (const auto& [file, most] : usual) strengths.push_back(most.strength);
+  if (strengths.empty()) return 0;
+  std::ranges::nth_element(strengths, strengths.begin() + std::ssize(strengths) / 2);
+  return strengths[strengths.size() / 2];
+}
+
 // How much of what its recordings share with others a match has, and how much of its length: 1 is
 // all of it. Where only the music is the same, speech leaves windows in which nothing fits.
 double shareOf(const align::Alignment& a, const std::map<int, Usual>& usual) {
@@ -90,7 +99,9 @@ std::vector<align::Match> takeAmbiguous(std::vector<align::Match>& matches,
                                         std::span<const align::Recording> recordings) {
   const auto repetitions = repetitionsOf(matches);
   const auto usual = usualOf(matches);
+  const double typical = typicalStrength(usual);
   const auto ambiguous = [&](const align::Match& m) {
+    if (m.best.logOdds > 0 && m.best.strength < kMostOfIt * typical) return true;
     if (!fitsThroughout(m) && shareOf(m.best, usual) < kMostOfIt) return true;
     return std::ranges::any_of(std::array{m.best.first, m.best.second}, [&](int file) {
       const auto known = repetitions.find(file);

@@ -9,13 +9,8 @@
 
 namespace place {
 
-inline constexpr double kSameOffset = 0.05;  // seconds; echoes and interpolation stay below
-
-/// Seconds by which offsets may differ that mean the same, with what two clocks may add over the
-/// longest recording concerned.
-inline double offsetTolerance(double longestSeconds) {
-  return kSameOffset + 120e-6 * longestSeconds;
-}
+using align::kSameOffset;
+using align::offsetTolerance;
 
 /// Groups of recordings while they grow, and what may join them. At first every recording is a
 /// group of its own.

@@ -19,6 +19,7 @@ constexpr std::size_t kSearched =
 constexpr std::size_t kSmallSet = 12;  // recordings; in smaller sets every pair is worth its time
 constexpr int kEnough = 2;             // sure matches of a recording, after which more add little
 constexpr double kSureIfUnique = 10;   // strength enough where the sound fits at one offset only
+constexpr double kMuchAlike = 4.5;     // resemblance of envelopes that chance hardly ever gives
 constexpr double kConfirms = 0.3;      // seconds; a suspicion so near speaks for a known position
 constexpr double kImpliedOverlap = 6;  // seconds two members must share to be worth a look
 
@@ -61,12 +62,12 @@ void Matchmaker::followVotes(std::span<const vote::Suspicion> suspicions) {
   std::ranges::copy_if(suspicions, std::back_inserter(promising), [&](const vote::Suspicion& s) {
     return s.significance >= kSuspicious && align::comparable(recordings_, s.first, s.second);
   });
-  listen(promising);
+  listen(promising, align::examine);
 }
 
 // Listens to the suspicions that could bring anything, in their order, until too many in a row
 // brought nothing: the likeliest come first, so what is right stands close together.
-void Matchmaker::listen(std::span<const vote::Suspicion> suspicions) {
+void Matchmaker::listen(std::span<const vote::Suspicion> suspicions, Examine& examine) {
   const std::size_t patience = std::max(kPatience, recordings_.size() / kMorePatience);
   std::size_t next = 0, inVain = 0;
   while (next < suspicions.size() && inVain < patience && !cancelled()) {
@@ -74,7 +75,7 @@ void Matchmaker::listen(std::span<const vote::Suspicion> suspicions) {
     for (; next < suspicions.size() && batch.size() < kBatch; ++next)
       if (wanted(suspicions[next])) batch.push_back(&suspicions[next]);
     const std::size_t before = matches_.size();
-    examineAll(batch);
+    examineAll(batch, examine);
     inVain = matches_.size() > before ? 0 : inVain + batch.size();
     if (progress_.step) progress_.step(static_cast<int>(next), static_cast<int>(suspicions.size()));
   }
@@ -91,17 +92,21 @@ bool Matchmaker::wanted(const vote::Suspicion& s) {
   });
 }
 
-void Matchmaker::examineAll(std::span<const vote::Suspicion* const> batch) {
+void Matchmaker::examineAll(std::span<const vote::Suspicion* const> batch, Examine& examine) {
   std::vector<int> files;
   for (const vote::Suspicion* s : batch) files.insert(files.end(), {s->first, s->second});
   textures_.prepare(files);
   std::vector<std::optional<align::Match>> found(batch.size());
 #pragma omp parallel for schedule(dynamic)
   for (std::size_t i = 0; i < batch.size(); ++i)
-    if (!cancelled()) found[i] = align::examine(*batch[i], recordings_, sound_, textures_);
+    if (!cancelled()) found[i] = examine(*batch[i], recordings_, sound_, textures_);
   for (const vote::Suspicion* s : batch) heard_.insert(std::minmax(s->first, s->second));
-  for (std::optional<align::Match>& match : found)
-    if (match) add(std::move(*match));
+  for (std::size_t i = 0; i < batch.size(); ++i) {
+    if (found[i])
+      add(std::move(*found[i]));
+    else if (auto like = textures_.resembling(*batch[i], kMuchAlike); !like.offsets.empty())
+      silent_.push_back(std::move(like));
+  }
 }
 
 void Matchmaker::add(align::Match match) {
@@ -117,14 +122,16 @@ void Matchmaker::add(align::Match match) {
     keepBetter(std::move(match));
 }
 
-// A pair that was listened to again: the better of both offsets leads, the other stays a rival.
+// A pair that was listened to again, perhaps the other way round: the better of both offsets leads,
+// and the other, if it is another, stays a rival.
 void Matchmaker::keepBetter(align::Match match) {
   const auto known = std::ranges::find_if(matches_, [&](const align::Match& m) {
     return std::minmax(m.best.first, m.best.second) ==
            std::minmax(match.best.first, match.best.second);
   });
+  if (match.best.first != known->best.first) match = align::mirrored(std::move(match));
   if (align::weightOf(match.best) > align::weightOf(known->best)) std::swap(*known, match);
-  known->rivals.push_back(match.best);
+  if (!align::sameOffset(match.best, known->best)) known->rivals.push_back(match.best);
 }
 
 void Matchmaker::search(std::span<const vote::Suspicion> suspicions) {
@@ -134,9 +141,15 @@ void Matchmaker::search(std::span<const vote::Suspicion> suspicions) {
     const std::size_t before = matches_.size();
     auto found = suspectAll(std::span(pairs).subspan(at, std::min(atOnce, pairs.size() - at)));
     std::ranges::stable_sort(found, std::greater{}, &vote::Suspicion::significance);
-    listen(found);
+    listen(found, align::examine);
     if (matches_.size() == before) break;
   }
+}
+
+void Matchmaker::listenFaintly() {
+  std::vector<vote::Suspicion> silent = std::move(silent_);
+  std::ranges::stable_sort(silent, std::greater{}, &vote::Suspicion::significance);
+  listen(silent, align::examineFaintly);
 }
 
 std::vector<vote::Suspicion> Matchmaker::suspectAll(std::span<const std::pair<int, int>> pairs) {
@@ -164,7 +177,7 @@ void Matchmaker::confirm(const Grouping& grouping) {
         ++asked[std::size_t(a)];
         implied.push_back({a, b, {offset}, overlap});
       }
-  listen(implied);
+  listen(implied, align::examine);
 }
 
 }  // namespace place

@@ -27,6 +27,10 @@ class Matchmaker {
   /// Looks in the sound itself for what the suspicions did not connect.
   void search(std::span<const vote::Suspicion> suspicions);
 
+  /// Listens once more, all along the overlap, where the envelopes resemble each other but no
+  /// single window said anything: far microphones, big halls.
+  void listenFaintly();
+
   /// Listens to members of a group that hang on one match and must hear by their places what others
   /// hear that they were not compared with.
   void confirm(const Grouping& grouping);
@@ -39,9 +43,10 @@ class Matchmaker {
  private:
   bool small() const;
   bool cancelled() const;
-  void listen(std::span<const vote::Suspicion> suspicions);
   bool wanted(const vote::Suspicion& suspicion);
-  void examineAll(std::span<const vote::Suspicion* const> batch);
+  using Examine = decltype(align::examine);
+  void listen(std::span<const vote::Suspicion> suspicions, Examine& examine);
+  void examineAll(std::span<const vote::Suspicion* const> batch, Examine& examine);
   std::vector<vote::Suspicion> suspectAll(std::span<const std::pair<int, int>> pairs);
   void add(align::Match match);
   void keepBetter(align::Match match);
@@ -54,6 +59,7 @@ class Matchmaker {
   std::vector<int> matchCount_;                    // per file
   std::set<std::pair<int, int>> heard_, matched_;  // pairs: listened to, and with success
   std::vector<align::Match> matches_;
+  std::vector<vote::Suspicion> silent_;  // listened to without success
 };
 
 }  // namespace place

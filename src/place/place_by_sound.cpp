@@ -12,6 +12,7 @@ Placement placeBySound(std::span<const align::Recording> recordings,
   Matchmaker matchmaker(recordings, sound, progress);
   matchmaker.followVotes(suspicions);
   matchmaker.search(suspicions);
+  matchmaker.listenFaintly();
   matchmaker.confirm(formGroups(recordings, matchmaker.matches()));
   return placementOf(formGroups(recordings, matchmaker.matches()), recordings,
                      matchmaker.partners());
