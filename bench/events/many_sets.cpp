@@ -29,6 +29,17 @@ Set sparse(const std::string& name, Random& random, int clips) {
 Set clips(Random& random) { return sparse("clips", random, int(60 + random() % 90)); }
 Set manyClips(Random& random) { return sparse("manyclips", random, int(300 + random() % 700)); }
 
+// A night at a club: exact loops, people calling over them now and then, devices that are switched
+// on so seldom that some clips overlap nothing.
+Set loops(Random& random) {
+  Set set{"loops", {{Kind::music, uniform(random, 900, 2700)}}};
+  set.events[0].electronic = true;
+  set.events[0].voices = uniform(random, 0.2, 0.6);
+  const double gap = uniform(random, 40, 150);
+  for (int d = 0; d < 5; ++d) addClips(set, 0, d, 10, 60, gap, microphone(random, 5, 25), random);
+  return set;
+}
+
 // One clip of a long recording. It starts at a sample of it, so that its place is known exactly.
 void addCut(Set& set, int recording, int device, double start, double length) {
   const Take& whole = set.recordings[std::size_t(recording)];
@@ -66,9 +77,9 @@ Set cutOften(Random& random) { return cut("cutoften", random, int(2 + random() %
 }  // namespace
 
 std::span<const SetKind> manyKinds() {
-  static const std::vector<SetKind> kinds = {{"hundred", hundred},   {"clips", clips},
-                                             {"cut", cutOnce},       {"cutoften", cutOften},
-                                             {"thousand", thousand}, {"manyclips", manyClips}};
+  static const std::vector<SetKind> kinds = {
+      {"hundred", hundred},   {"clips", clips},       {"loops", loops},        {"cut", cutOnce},
+      {"cutoften", cutOften}, {"thousand", thousand}, {"manyclips", manyClips}};
   return kinds;
 }
 

@@ -113,6 +113,39 @@ Set lossy(Random& random) {
   return set;
 }
 
+// Telephones: what they take for noise is suppressed, the rest evened and sent at low bit rates.
+Set phones(Random& random) {
+  static const std::vector<std::pair<std::string, int>> codecs{
+      {"libopus", 8}, {"aac", 16}, {"libopus", 12}, {"libopus", 16}, {"aac", 24}};
+  Set set{"phones", {{random() % 2 ? Kind::both : Kind::speech, 300}}};
+  for (int d = 0; d < 4; ++d) {
+    Microphone mic = microphone(random, 3, 15);
+    mic.suppression = mic.automaticGain = true;
+    std::tie(mic.codec, mic.kilobits) = codecs[random() % codecs.size()];
+    addClips(set, 0, d, 12, 90, 20, mic, random);
+  }
+  return set;
+}
+
+// Every clip has one knock that is louder than the looped music.
+Set bumps(Random& random) {
+  Set set{"bumps", {{Kind::both, 300, uniform(random, 3, 10)}}};
+  for (int d = 0; d < 4; ++d) {
+    Microphone mic = microphone(random, 5, 20);
+    mic.thumps = 1;
+    addClips(set, 0, d, 10, 45, 30, mic, random);
+  }
+  return set;
+}
+
+// Two devices that are switched on for moments, and often a third one that runs through.
+Set snippets(Random& random) {
+  Set set{"snippets", {{static_cast<Kind>(random() % 3), 240}}};
+  for (int d = 0; d < 2; ++d) addClips(set, 0, d, 3, 8, 4, microphone(random, 5, 20), random);
+  if (random() % 4) addTake(set, 0, 2, 5, 230, microphone(random, 5, 20));
+  return set;
+}
+
 // What no editor should expect to be placed: there is hardly anything to hear.
 Set hopeless(Random& random) {
   Set set{"hopeless", {{static_cast<Kind>(random() % 3), 300}, {Kind::both, 200}}};
@@ -218,15 +251,16 @@ Set longOnes(Random& random) {
 }  // namespace
 
 std::span<const SetKind> ordinaryKinds() {
-  static const std::vector<SetKind> kinds = {{"cameras", cameras},      {"wedding", wedding},
-                                             {"concert", concert},      {"interview", interview},
-                                             {"strangers", strangers},  {"hard", hard},
-                                             {"playback", playback},    {"loop", loop},
-                                             {"short", shortClips},     {"lossy", lossy},
-                                             {"dance", dance},          {"takes", takes},
-                                             {"waits", waits},          {"handheld", handheld},
-                                             {"hopeless", hopeless},    {"long", longOnes},
-                                             {"conference", conference}};
+  static const std::vector<SetKind> kinds = {{"cameras", cameras},     {"wedding", wedding},
+                                             {"concert", concert},     {"interview", interview},
+                                             {"strangers", strangers}, {"hard", hard},
+                                             {"playback", playback},   {"loop", loop},
+                                             {"short", shortClips},    {"lossy", lossy},
+                                             {"dance", dance},         {"phones", phones},
+                                             {"bumps", bumps},         {"snippets", snippets},
+                                             {"takes", takes},         {"waits", waits},
+                                             {"handheld", handheld},   {"hopeless", hopeless},
+                                             {"long", longOnes},       {"conference", conference}};
   return kinds;
 }
 

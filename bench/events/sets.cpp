@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <stdexcept>
 
+#include "bench/events/electronic.h"
 #include "bench/events/shoots.h"
 
 namespace events {
@@ -19,18 +20,20 @@ const std::vector<SetKind>& kinds() {
 }
 
 // The music underneath repeats; what people say over it does not.
-std::vector<float> looped(SoundLibrary& library, const Set::Event& event, Random& random) {
-  std::vector<float> music = performance(library, Kind::music, event.loopSeconds, random);
+std::vector<float> repeating(SoundLibrary& library, const Set::Event& event, Random& random) {
+  const std::vector<float> music =
+      event.electronic ? electronicMusic(event.seconds, random)
+                       : performance(library, Kind::music, event.loopSeconds, random);
+  const auto period = event.electronic ? music.size() : std::size_t(event.loopSeconds * kStageRate);
   std::vector<float> out = performance(library, Kind::speech, event.seconds, random);
-  const auto period = static_cast<std::size_t>(event.loopSeconds * kStageRate);
   for (std::size_t i = 0; i < out.size(); ++i)
-    out[i] = 0.4f * out[i] + (i % period < music.size() ? music[i % period] : 0.0f);
+    out[i] = float(event.voices) * out[i] + (i % period < music.size() ? music[i % period] : 0.0f);
   return out;
 }
 
 std::vector<float> stageOf(SoundLibrary& library, const Set::Event& event, Random& random) {
-  std::vector<float> stage = event.loopSeconds > 0
-                                 ? looped(library, event, random)
+  std::vector<float> stage = event.loopSeconds > 0 || event.electronic
+                                 ? repeating(library, event, random)
                                  : performance(library, event.kind, event.seconds, random);
   const auto sampleAt = [&](double seconds) {
     return stage.begin() +

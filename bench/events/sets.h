@@ -13,6 +13,8 @@ struct Set {
     Kind kind;
     double seconds;
     double loopSeconds = 0;         // > 0: the music repeats after that time
+    bool electronic = false;        // the music is made of exact loops
+    double voices = 0.4;            // how loud somebody speaks over what repeats
     std::vector<Span> pauses = {};  // nothing is to be heard
   };
   std::string name;

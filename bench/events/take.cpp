@@ -3,9 +3,12 @@
 #include <Eigen/Core>
 #include <algorithm>
 #include <cmath>
+#include <complex>
+#include <cstdint>
 #include <numbers>
 
 #include "bench/events/codec.h"
+#include "bench/events/suppression.h"
 #include "bench/events/synthetic.h"
 
 namespace events {
@@ -73,6 +76,13 @@ double levelOf(const std::vector<float>& samples) {
   return std::sqrt(power / double(samples.size() + 1));
 }
 
+// Normal with variance 1, nearly: the sum of four even ones, at the cost of one draw.
+float gaussian(Random& random) {
+  const std::uint64_t bits = random();
+  const auto sum = (bits & 0xffff) + (bits >> 16 & 0xffff) + (bits >> 32 & 0xffff) + (bits >> 48);
+  return (float(sum) / 65536 - 2) * 1.7320508f;
+}
+
 std::vector<float> noise(std::size_t count, const Microphone& mic, Random& random) {
   const double seconds = double(count) / kRate;
   if (mic.babble) {
@@ -85,16 +95,16 @@ std::vector<float> noise(std::size_t count, const Microphone& mic, Random& rando
     return a;
   }
   std::vector<float> out(count);
-  std::normal_distribution<float> normal;
   float low = 0;
-  const double hum = uniform(random, 0, 0.3);
-  const auto hiss = static_cast<float>(uniform(random, 0.1, 1.5));
-  for (std::size_t i = 0; i < count; ++i) {
-    const float white = normal(random);
+  const auto hum = float(uniform(random, 0, 0.3));
+  const auto hiss = float(uniform(random, 0.1, 1.5));
+  const std::complex<float> turn = std::polar(1.0f, float(2 * kPi * 50 / kRate));
+  std::complex<float> mains(1, 0);
+  for (float& sample : out) {
+    const float white = gaussian(random);
     low = 0.97f * low + 0.3f * white;  // more rumble than hiss
-    out[i] = low + hiss * white +
-             static_cast<float>(hum * std::sin(2 * kPi * 50 * double(i) / kRate) +
-                                hum * 0.5 * std::sin(2 * kPi * 150 * double(i) / kRate));
+    mains *= turn * (1.5f - 0.5f * std::norm(mains));
+    sample = low + hiss * white + hum * (mains + 0.5f * mains * mains * mains).imag();
   }
   return out;
 }
@@ -112,14 +122,27 @@ void addBumps(std::vector<float>& samples, const Microphone& mic, Random& random
   }
 }
 
+// A device is set down hard: a knock of the same shape every time.
+void addThumps(std::vector<float>& samples, const Microphone& mic, Random& random) {
+  const double level = levelOf(samples);
+  for (int n = 0; n < mic.thumps; ++n) {
+    const auto at = std::size_t(uniform(random, 0, double(samples.size())));
+    const double strength = level * uniform(random, 20, 60);
+    for (std::size_t i = 0; i < 2000 && at + i < samples.size(); ++i) {
+      const double t = double(i) / kRate;
+      samples[at + i] += float(strength * (std::sin(2 * kPi * 180 * t) * std::exp(-25 * t) +
+                                           std::sin(2 * kPi * 1100 * t) * std::exp(-90 * t)));
+    }
+  }
+}
+
 // Gusts: deep rumble that comes and goes within seconds, up to 20 dB over the event.
 void addWind(std::vector<float>& samples, Random& random) {
-  std::normal_distribution<float> normal;
   const auto loud = static_cast<float>(levelOf(samples) * 10);
   float gust = 0, deep = 0, deeper = 0;
   for (float& s : samples) {
-    gust += 0.0002f * (6 * normal(random) - gust);
-    deep += 0.06f * (normal(random) - deep);
+    gust += 0.0002f * (6 * gaussian(random) - gust);
+    deep += 0.06f * (gaussian(random) - deep);
     deeper += 0.06f * (deep - deeper);
     s += loud * 8 * std::max(0.0f, gust * 8) * deeper;
   }
@@ -182,7 +205,9 @@ std::vector<float> render(const Take& take, const std::vector<float>& stage, Ran
       static_cast<float>(levelOf(samples) * std::pow(10, -mic.snrDb / 20) / levelOf(disturbance));
   for (std::size_t i = 0; i < samples.size(); ++i) samples[i] += gain * disturbance[i];
   addBumps(samples, mic, random);
+  if (mic.thumps) addThumps(samples, mic, random);
   if (mic.wind) addWind(samples, random);
+  if (mic.suppression) suppressNoise(samples);
   if (mic.automaticGain) automaticGain(samples);
   mute(samples, take);
   if (mic.inverted)

@@ -12,13 +12,15 @@ namespace events {
 struct Microphone {
   double snrDb = 30;  // level of the event over the device's own noise
   Room room;
-  std::uint64_t place = 0;  // same number, same place in the room: same reflections
-  double echoDb = -100;     // one strong reflection over the direct sound ...
-  double echoMs = 15;       // ... this much later
-  double driftPpm = 0;      // the device's clock against the event's; > 0 counts more samples
+  std::uint64_t place = 0;   // same number, same place in the room: same reflections
+  double echoDb = -100;      // one strong reflection over the direct sound ...
+  double echoMs = 15;        // ... this much later
+  double driftPpm = 0;       // the device's clock against the event's; > 0 counts more samples
+  bool suppression = false;  // of noise, by a phone
   bool automaticGain = false;
   bool babble = false;        // the noise is other people's speech, not hiss
   double bumpsPerMinute = 0;  // handling noise
+  int thumps = 0;             // single ones, louder than all else and alike on all devices
   double bandHz = 3700;       // upper edge of what it hears
   bool clips = false;         // overdriven
   bool inverted = false;      // two wires exchanged: every sample has the other sign
