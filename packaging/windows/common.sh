@@ -69,7 +69,7 @@ has_sum() { echo "$2  $1" | sha256sum --check --status 2>/dev/null; }
 download() { /usr/lib/apt/apt-helper download-file "$1" "$2" "SHA256:$3" || true; }
 
 # served_now SOURCE: "SHA-256 place" of each original archive that Debian's lists name for the source
-# package now, newest release last.
+# package now.
 served_now() {
   local archive release list=$work/downloads/Sources.xz
   while read -r archive release; do
@@ -99,13 +99,13 @@ unpack() {
     download "$archive$path" "$file" "$sum"
   done
   if ! has_sum "$file" "$sum"; then
-    local wanted=$path kept=$file
-    while read -r sum path; do
-      file=$work/downloads/$(basename "$path")
+    local wanted=$path kept=$file newer_sum newer
+    while read -r newer_sum newer; do
+      sum=$newer_sum path=$newer file=$work/downloads/$(basename "$newer")
       for archive in $(archives); do
         has_sum "$file" "$sum" || download "$archive$path" "$file" "$sum"
       done
-    done < <(served_now "$(basename "$(dirname "$wanted")")")
+    done < <(served_now "$(basename "$(dirname "$wanted")")" | sort -u)
     has_sum "$file" "$sum" ||
       die "the archive gives neither $wanted nor a newer one. Try again later, or put it at $kept."
     echo "note: Debian serves $(basename "$wanted") no more; $(basename "$path") took its place, with" \

@@ -6,9 +6,9 @@ root_packages=(g++-mingw-w64-x86-64-posix cmake ninja-build make perl python3 na
   libz-mingw-w64-dev zip nsis libeigen3-dev libcli11-dev nlohmann-json3-dev libmediainfo-dev
   libsndfile1-dev googletest qt6-base-dev qt6-base-dev-tools qt6-base-private-dev
   qt6-declarative-dev qt6-declarative-dev-tools qt6-declarative-private-dev
-  qt6-shadertools-dev qt6-shader-baker)
+  qt6-shadertools-dev qt6-shader-baker qt6-l10n-tools)
 
-in_root() { nice "$here/in-root" "$work" "$@"; }
+in_root() { "$here/in-root" "$work" "$@"; }
 
 bootstrap() {
   local archive

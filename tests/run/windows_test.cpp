@@ -4,7 +4,8 @@
 #include <windows.h>
 
 // windows.h comes first
-#include <shlobj.h>
+#include <shlguid.h>
+#include <shobjidl.h>
 
 #include <algorithm>
 #include <thread>
