@@ -13,7 +13,7 @@ Panel {
 
     readonly property var speedHelp: [qsTr("Quickest; enough for clear sound."),
         qsTr("Right for most recordings."), qsTr("Takes longer; for quiet or noisy sound.")]
-    readonly property string automatic: qsTr("Follows the first video on the list.")
+    readonly property string automatic: qsTr("As most of the picture time is.")
     readonly property var modeHelp: [qsTr("Accepts fainter matches, also in music."),
         qsTr("Keeps matches beyond doubt only.")]
 

@@ -84,8 +84,6 @@ Rectangle {
     SyncSettings {
         id: settings
 
-        videoRate: recordings.firstFrameRate
-        videoSize: recordings.firstFrameSize
     }
 
     MediaCollector {

@@ -17,18 +17,11 @@ constexpr std::array kModeFlags = {1, 0};
 constexpr std::array<QSize, 9> kFrameSizes = {
     QSize{3840, 2160}, QSize{4096, 2160}, QSize{2560, 1440}, QSize{1920, 1080}, QSize{1280, 720},
     QSize{1080, 1920}, QSize{1440, 1080}, QSize{720, 576},   QSize{720, 480}};
-constexpr double kSameRate = 0.005;  // 23.98 is 23.976, 24 is not
 
 QString rateText(double rate) { return QLocale::c().toString(rate, 'g', 5); }
 
 QString sizeText(QSize size) {
   return QString::fromUtf8("%1 × %2").arg(size.width()).arg(size.height());
-}
-
-double nearestRate(double rate) {
-  const auto nearest = std::ranges::min_element(
-      run::kFrameRates, {}, [rate](double known) { return std::abs(known - rate); });
-  return std::abs(*nearest - rate) <= kSameRate ? *nearest : rate;
 }
 
 int indexIn(const auto& values, auto value) {
@@ -46,7 +39,6 @@ int remembered(const QSettings& settings, const QString& key, int fallback, std:
 SyncSettings::SyncSettings(QObject* parent) : QObject(parent) {
   load();
   connect(this, &SyncSettings::changed, this, &SyncSettings::save);
-  connect(this, &SyncSettings::videoChanged, this, &SyncSettings::changed);
 }
 
 void SyncSettings::load() {
@@ -71,17 +63,14 @@ QStringList SyncSettings::speedNames() { return {tr("Fast"), tr("Default"), tr("
 
 QStringList SyncSettings::modeNames() { return {tr("Find more"), tr("Only the surest")}; }
 
-QStringList SyncSettings::rateNames() const {
-  const double rate = videoRate_ > 0 ? nearestRate(videoRate_) : run::kDefaultFrameRate;
-  QStringList names = {tr("Automatic (%1 fps)").arg(rateText(rate))};
+QStringList SyncSettings::rateNames() {
+  QStringList names = {tr("Automatic")};
   for (const double known : run::kFrameRates) names << tr("%1 fps").arg(rateText(known));
   return names;
 }
 
-QStringList SyncSettings::sizeNames() const {
-  const QSize size =
-      videoSize_.isEmpty() ? QSize{run::kDefaultWidth, run::kDefaultHeight} : videoSize_;
-  QStringList names = {tr("Automatic (%1)").arg(sizeText(size))};
+QStringList SyncSettings::sizeNames() {
+  QStringList names = {tr("Automatic")};
   for (const QSize known : kFrameSizes) names << sizeText(known);
   return names;
 }
@@ -89,13 +78,11 @@ QStringList SyncSettings::sizeNames() const {
 double SyncSettings::tolerance() const { return kTolerances[static_cast<std::size_t>(speed_)]; }
 
 double SyncSettings::frameRate() const {
-  if (rate_ > 0) return run::kFrameRates[static_cast<std::size_t>(rate_ - 1)];
-  return videoRate_ > 0 ? nearestRate(videoRate_) : run::kDefaultFrameRate;
+  return rate_ > 0 ? run::kFrameRates[static_cast<std::size_t>(rate_ - 1)] : 0;
 }
 
 QSize SyncSettings::frameSize() const {
-  if (size_ > 0) return kFrameSizes[static_cast<std::size_t>(size_ - 1)];
-  return videoSize_.isEmpty() ? QSize{run::kDefaultWidth, run::kDefaultHeight} : videoSize_;
+  return size_ > 0 ? kFrameSizes[static_cast<std::size_t>(size_ - 1)] : QSize{0, 0};
 }
 
 int SyncSettings::modeFlag() const { return kModeFlags[static_cast<std::size_t>(mode_)]; }

@@ -92,10 +92,10 @@ void Reader::addSettings() {
 }
 
 void Reader::addDocuments() {
-  app_.add_option("--fps", rate_, "Frame rate: " + frameRates())
+  app_.add_option("--fps", rate_, "Frame rate: auto (usual) or " + frameRates())
       ->option_text("RATE")
       ->check(checkFrameRate);
-  app_.add_option("--size", size_, "Frame size in pixels, such as 1920x1080")
+  app_.add_option("--size", size_, "Frame size: auto (usual), 1080p or such as 1920x1080")
       ->option_text("WxH")
       ->check(checkFrameSize);
   app_.add_option("--formats", formats_, "Documents to write: " + formatNames())
@@ -124,7 +124,7 @@ void Reader::addOutput() {
 void Reader::takeOverWords() {
   if (!speed_.empty()) given_.tolerance = toleranceOf(speed_);
   if (!tolerance_.empty()) given_.tolerance = *numberOf(tolerance_);
-  if (!rate_.empty()) given_.framesPerSecond = *numberOf(rate_);
+  if (!rate_.empty()) given_.framesPerSecond = *frameRate(rate_);
   if (!size_.empty()) std::tie(given_.width, given_.height) = *frameSize(size_);
   if (!formats_.empty()) given_.formats = wordsOf(formats_);
   given_.compactXmeml = form_ == "compact";

@@ -15,8 +15,8 @@ struct Arguments {
   std::vector<std::string> lists;                 // file lists to read
   double tolerance = run::kDefaultTolerance;
   int mode = run::kDefaultMode;
-  double framesPerSecond = run::kDefaultFrameRate;
-  int width = run::kDefaultWidth, height = run::kDefaultHeight;  // pixels
+  double framesPerSecond = 0;  // 0: as the pictures are
+  int width = 0, height = 0;   // pixels; 0: as the pictures are
   bool align = true;
   std::vector<std::string> formats;  // empty: all
   bool compactXmeml = false;

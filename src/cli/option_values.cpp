@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cmath>
 #include <filesystem>
 #include <ranges>
 
@@ -21,6 +22,13 @@ struct Speed {
 constexpr Speed kSpeeds[] = {{"fast", run::kFastTolerance},
                              {"default", run::kDefaultTolerance},
                              {"slow", run::kSlowTolerance}};
+struct Size {
+  std::string_view name;
+  int width, height;
+};
+constexpr Size kSizes[] = {{"auto", 0, 0},        {"720p", 1280, 720},   {"1080p", 1920, 1080},
+                           {"1080i", 1920, 1080}, {"1440p", 2560, 1440}, {"2160p", 3840, 2160},
+                           {"UHD", 3840, 2160},   {"4K", 4096, 2160}};
 constexpr int kLargestSide = 32768;  // pixels
 
 std::string unusable(std::string_view value, const std::string& wanted) {
@@ -52,13 +60,11 @@ std::string checkMode(const std::string& value) {
 }
 
 std::string checkFrameRate(const std::string& value) {
-  const std::optional<double> rate = numberOf(value);
-  const bool known = rate && std::ranges::find(run::kFrameRates, *rate) != run::kFrameRates.end();
-  return known ? "" : unusable(value, "one of " + frameRates());
+  return frameRate(value) ? "" : unusable(value, "auto or one of " + frameRates());
 }
 
 std::string checkFrameSize(const std::string& value) {
-  return frameSize(value) ? "" : unusable(value, "width x height in pixels, such as 1920x1080");
+  return frameSize(value) ? "" : unusable(value, "auto, 1080p or width x height in pixels");
 }
 
 std::string checkFormats(const std::string& value) {
@@ -102,7 +108,21 @@ double toleranceOf(const std::string& speed) {
   return std::ranges::find_if(kSpeeds, [&](Speed s) { return s.name == speed; })->tolerance;
 }
 
+std::optional<double> frameRate(const std::string& text) {
+  if (text == "auto") return kAutomatic;
+  const std::size_t slash = text.find('/');
+  const auto rate = numberOf(text.substr(0, slash));
+  const auto parts = slash == text.npos ? 1 : numberOf(text.substr(slash + 1));
+  if (!rate || !parts || *parts <= 0) return {};
+  const double wanted = *rate / *parts;
+  for (const double usual : run::kFrameRates)
+    if (std::abs(usual - wanted) < 5e-3) return usual;
+  return {};
+}
+
 std::optional<std::pair<int, int>> frameSize(const std::string& text) {
+  for (const auto& [name, width, height] : kSizes)
+    if (text == name) return std::pair(width, height);
   const std::size_t cross = text.find_first_of("xX");
   if (cross == std::string::npos) return {};
   const auto width = wholeText<int>(std::string_view(text).substr(0, cross));

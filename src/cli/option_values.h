@@ -26,7 +26,15 @@ std::string formatNames();
 /// The tolerance that stands for a speed that passed its check.
 double toleranceOf(const std::string& speed);
 
-/// Width and height of "1920x1080"; none where `text` is anything else.
+/// What stands for a rate that follows the pictures.
+inline constexpr double kAutomatic = 0;
+
+/// The rate that is meant by "29.97", "30000/1001", "23.98" or "auto"; none where `text` is no rate
+/// of sequences.
+std::optional<double> frameRate(const std::string& text);
+
+/// Width and height of "1920x1080" or "1080p", 0 and 0 of "auto"; none where `text` is anything
+/// else.
 std::optional<std::pair<int, int>> frameSize(const std::string& text);
 
 /// The words of a list such as "fcp7,vegas".

@@ -4,15 +4,19 @@
 #include <array>
 
 #include "export/fcpxml.h"
+#include "export/lanes.h"
+#include "export/mlt.h"
 #include "export/otio.h"
+#include "export/reaper.h"
 #include "export/text.h"
 #include "export/vegas.h"
 
 namespace timeline {
 namespace {
 
-constexpr std::array<std::string_view, 6> kFormats{"fcp",     "premiere", "fcpx",
-                                                   "fcpx110", "vegas",    "otio"};
+constexpr std::array<std::string_view, 8> kFormats{"fcp",   "premiere", "fcpx", "fcpx110",
+                                                   "vegas", "otio",     "mlt",  "rpp"};
+constexpr std::string_view kOnlyIfAsked = "rpp";
 
 /// Everything that the writers of one run share.
 struct Job {
@@ -48,6 +52,19 @@ void addVegas(Job& job) {
                                 vegasEditList(job.project, group, job.console)});
 }
 
+/// For formats of one timeline a file: each group its own, and one for what stands in none.
+void addTimelines(Job& job, std::string_view suffix,
+                  std::string (*write)(const Project&, const Group&)) {
+  const bool several = job.project.groups.size() > 1;
+  int number = 0;
+  for (const Group& group : job.project.groups)
+    job.add(several ? "SYNCED_" + numberText(++number) + "--" : "SYNCED--", suffix,
+            write(job.project, group));
+  if (job.project.unsynced.empty()) return;
+  const Group row = unsyncedInARow(job.project, exactRate(job.project.fps));
+  job.add("UNSYNCED--", suffix, write(job.project, row));
+}
+
 void addFormat(Job& job, std::string_view format) {
   if (format == "fcp") addXmeml(job, XmemlTarget::finalCut, "SYNCED_fcp--", "UNSYNCED_fcp--");
   if (format == "premiere")
@@ -56,7 +73,9 @@ void addFormat(Job& job, std::string_view format) {
   if (format == "fcpx110")
     addFcpxml(job, FcpxmlVersion::v1_10, "SYNCED_FCP_X_1.10--", "UNSYNCED_FCP_X_1.10--");
   if (format == "vegas") addVegas(job);
-  if (format == "otio") job.add("SYNCED--", "--.otio", otioDocument(job.project));
+  if (format == "otio") addTimelines(job, "--.otio", otioDocument);
+  if (format == "mlt") addTimelines(job, "--.mlt", mltDocument);
+  if (format == "rpp") addTimelines(job, "--.rpp", reaperProject);
 }
 
 /// The established log lines of sound files (a sound file gets no picture track).
@@ -85,10 +104,15 @@ report::Status checkFormats(std::span<const std::string> formats) {
 Documents documents(const Project& project, const DocumentOptions& options,
                     report::Console& console) {
   Job job{project, options.xmemlForm, options.time, console, {}};
+  if (!isUsual(project.fps)) {
+    job.result.error = "No editor has sequences of " + numberText(project.fps) +
+                       " frames per second, so no documents were written";
+    return std::move(job.result);
+  }
   std::ranges::replace(job.time, ':', '-');
   job.result.log = changedNames(project);
   for (const std::string_view format : kFormats)
-    if (options.formats.empty() ||
+    if ((options.formats.empty() && format != kOnlyIfAsked) ||
         std::ranges::find(options.formats, format) != options.formats.end())
       addFormat(job, format);
   logSoundFiles(job);

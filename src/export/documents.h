@@ -19,23 +19,26 @@ struct Document {
 };
 
 struct Documents {
+  std::string error;  // why there are none at all; mostly empty
   std::vector<Document> files;
   std::vector<std::string> log;  // sentences for the run log, such as names that had to be changed
 };
 
 struct DocumentOptions {
   std::string time;                  // time of day, "14:05:09"; part of the names, ":" as "-"
-  std::vector<std::string> formats;  // of `formatNames`; empty: all
+  std::vector<std::string> formats;  // of `formatNames`; empty: all but rpp
   XmemlForm xmemlForm = XmemlForm::complete;
 };
 
-/// What `DocumentOptions::formats` may hold: fcp, premiere, fcpx, fcpx110, vegas, otio.
+/// What `DocumentOptions::formats` may hold: fcp, premiere, fcpx, fcpx110, vegas, otio,
+/// mlt, rpp.
 std::span<const std::string_view> formatNames();
 
 /// Fails on the first name that is no format, with a sentence that lists those that are.
 report::Status checkFormats(std::span<const std::string> formats);
 
-/// Every document of the wanted formats; unknown names are passed over. The rows of the edit lists
+/// Every document of the wanted formats; unknown names are passed over. A rate that is none of the
+/// eight gives an error alone. The rows of the edit lists
 /// also go to `console`. Touches no disk.
 Documents documents(const Project& project, const DocumentOptions& options,
                     report::Console& console);

@@ -12,7 +12,7 @@ Element sequence(const std::vector<Multicam>& multicams, FrameRate rate, FcpxmlV
   Element spine("spine");
   std::int64_t end = 0;
   for (const Multicam& multicam : multicams) {
-    spine.add(multicamClip(multicam, end, rate, version));
+    for (Element& clip : multicamClips(multicam, end, rate, version)) spine.add(std::move(clip));
     end += multicam.length;
   }
   Element result("sequence");
@@ -47,10 +47,17 @@ Element modern(const Element& resources, std::string_view name,
     event.add(Element("project")
                   .attribute("name", multicam.name)
                   .add(sequence({multicam}, exactRate(project.fps), FcpxmlVersion::v1_10)));
-  for (const Element& clip : clips) event.add(clip);
-  return Element("fcpxml")
-      .attribute("version", "1.10")
-      .add(resources, Element("library").add(event));
+  Element library("library"), left("event");
+  if (multicams.empty()) {
+    for (const Element& clip : clips) event.add(clip);
+    library.add(std::move(event));
+  } else {  // what found no place is at hand beside the groups
+    left.attribute("name", "Unsynced");
+    for (const Element& clip : clips) left.add(clip);
+    library.add(std::move(event));
+    if (!clips.empty()) library.add(std::move(left));
+  }
+  return Element("fcpxml").attribute("version", "1.10").add(resources, std::move(library));
 }
 
 std::vector<Multicam> multicamsOf(const Project& project, FcpxmlVersion version) {
@@ -73,12 +80,13 @@ std::vector<Element> looseClips(const Project& project, FcpxmlVersion version) {
 std::string fcpxmlDocument(const Project& project, FcpxmlVersion version, Part part) {
   const bool synced = part == Part::synced;
   const auto multicams = synced ? multicamsOf(project, version) : std::vector<Multicam>{};
-  const auto clips = synced ? std::vector<Element>{} : looseClips(project, version);
+  const bool both = synced && version == FcpxmlVersion::v1_10 && !multicams.empty();
+  const auto clips = synced && !both ? std::vector<Element>{} : looseClips(project, version);
   Element resources("resources");
   resources.add(sequenceFormat(project, version));
-  for (const Element& asset :
-       assets(project, synced ? groupedMedia(project) : project.unsynced, version))
-    resources.add(asset);
+  std::vector<int> used = synced ? groupedMedia(project) : project.unsynced;
+  if (both) used.insert(used.end(), project.unsynced.begin(), project.unsynced.end());
+  for (const Element& asset : assets(project, used, version)) resources.add(asset);
   for (const Multicam& multicam : multicams) resources.add(multicam.media);
   const auto layOut = version == FcpxmlVersion::v1_1 ? established : modern;
   return layOut(resources, synced ? "SYNCED" : "UNSYNCED", multicams, clips, project)

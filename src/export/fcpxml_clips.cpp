@@ -3,27 +3,12 @@
 #include <algorithm>
 
 #include "export/fcpxml_resources.h"
+#include "export/media.h"
+#include "export/remarks.h"
 #include "export/text.h"
-#include "export/xmeml_parts.h"
 
 namespace timeline {
 namespace {
-
-std::string sourceChannels(int count) {
-  std::string list = "1";
-  for (int channel = 2; channel <= count; ++channel) list += ", " + std::to_string(channel);
-  return list;
-}
-
-Element soundOf(const Media& media, int index) {
-  Element audio("audio");
-  audio.attribute("ref", assetId(index)).attribute("role", "dialogue");
-  const int channels = soundChannels(media);
-  audio.attribute("srcCh", sourceChannels(channels));
-  if (channels == 2) audio.attribute("outCh", "L, R");
-  if (channels == 6) audio.attribute("outCh", "L, R, C, LFE, Ls, Rs");
-  return audio;
-}
 
 /// Where sound alone stands inside its clip, which begins on a frame: its head `late` seconds after
 /// the clip's, or cut by as much if negative. The clip is `length` frames long.
@@ -32,73 +17,163 @@ struct SoundPlace {
   std::int64_t length;
 };
 
+double shownSound(const Media& media, const Clip& clip) {
+  return std::min(clip.lengthSeconds, media.soundSeconds - clip.sourceSeconds);
+}
+
 SoundPlace soundPlace(const Media& media, const Item& item, FrameRate rate) {
   const double late = item.startSeconds - toSeconds(item.start, rate);
-  const std::int64_t length = wholeUnits(media.durationSeconds + std::min(late, 0.0), rate);
-  if (length == 0) return {0, item.length};  // a single frame of sound has nothing to spare
+  const std::int64_t length = wholeUnits(shownSound(media, item.clip) + std::min(late, 0.0), rate);
+  if (length <= 0) return {0, item.soundLength};  // a single frame of sound has nothing to spare
   return {late, length};
 }
 
-Element shiftedSound(const Media& media, int index, double late) {
-  const double cut = std::max(-late, 0.0);
-  Element audio = soundOf(media, index);
-  return audio.attribute("offset", sampleTime(std::max(late, 0.0), media))
-      .attribute("start", sampleTime(cut, media))
-      .attribute("duration", sampleTime(media.durationSeconds - cut, media));
+/// The channels of one stream, as they count through the file.
+std::string sourceChannels(const Media& media, int stream) {
+  std::string list;
+  int number = 0;
+  for (const Channel& channel : channelsOf(media)) {
+    ++number;
+    if (channel.stream == stream) list += (list.empty() ? "" : ", ") + std::to_string(number);
+  }
+  return list;
 }
 
-Element picture(const Media& media, int index, const std::string& duration) {
-  Element video("video");
-  video.attribute("ref", assetId(index)).attribute("offset", "0s").attribute("duration", duration);
-  if (media.hasAudio) {
-    Element audio = soundOf(media, index);
-    video.add(
-        audio.attribute("lane", -1).attribute("offset", "0s").attribute("duration", duration));
-  }
-  return video;
+/// A pair is left and right, and six channels of a picture that name themselves are surround; the
+/// tracks of a recorder are no speakers.
+std::string_view outputs(const Media& media, int stream) {
+  if (media.facts.sounds.empty()) return "L, R";
+  const project::Sound& sound = media.facts.sounds[stream];
+  if (sound.channels == 2) return "L, R";
+  const bool surround = hasPicture(media) && sound.channels == 6 &&
+                        std::ranges::find(sound.layout, "LFE") != sound.layout.end();
+  return surround ? "L, R, C, LFE, Ls, Rs" : "";
+}
+
+int streamCount(const Media& media) {
+  return std::max<int>(1, static_cast<int>(media.facts.sounds.size()));
+}
+
+Element marker(const Item& item, const std::string& start, FrameRate rate) {
+  return Element("marker")
+      .attribute("start", start)
+      .attribute("duration", timeText(1, rate))
+      .attribute("value", confidenceText(item.clip))
+      .attribute("note", placeText(item.clip));
+}
+
+/// Names that a role may have: what parts roles and lists would be taken for more than a name.
+std::string roleName(std::string name) {
+  for (char& c : name)
+    if (c == '.' || c == ',' || c == '?' || c == ';') c = ' ';
+  return name;
 }
 
 }  // namespace
 
 ClipWriter::ClipWriter(const Project& project, FcpxmlVersion version)
-    : project_(project), rate_(exactRate(project.fps)), version_(version) {}
+    : project_(project),
+      rate_(exactRate(project.fps)),
+      version_(version),
+      names_(deviceNames(project)) {}
 
-Element ClipWriter::start(std::string_view tag, const Item& item, bool onTimeline) const {
+Element ClipWriter::begin(std::string_view tag, const Item& item, const std::string& start,
+                          bool onTimeline) const {
   Element result(tag);
   result.attribute("name", fileName(mediaOf(item).path));
   if (onTimeline) result.attribute("offset", timeText(item.start, rate_));
-  return result.attribute("start", "0s");
+  return result.attribute("start", start);
+}
+
+std::string ClipWriter::role(const Item& item) const {
+  return "dialogue." + roleName(names_[item.media()]);
 }
 
 Element ClipWriter::clip(const Item& item, bool onTimeline) const {
-  return mediaOf(item).hasVideo ? pictureClip(item, onTimeline) : soundClip(item, onTimeline);
+  if (item.pictureLength == 0) return soundClip(item, onTimeline);
+  return version_ == FcpxmlVersion::v1_1 ? establishedClip(item, onTimeline)
+                                         : modernClip(item, onTimeline);
 }
 
-Element ClipWriter::pictureClip(const Item& item, bool onTimeline) const {
-  const std::string duration = timeText(item.length, rate_);
+/// One element for each stream; those that are not meant to sound are switched off.
+void ClipWriter::addSounds(Element& parent, const Item& item, const std::string& start) const {
   const Media& media = mediaOf(item);
-  if (version_ == FcpxmlVersion::v1_1) {
-    Element result = start("clip", item, onTimeline);
-    result.attribute("duration", duration).add(picture(media, item.media, duration));
-    return result;
+  const std::int64_t samples = wholeUnits(shownSound(media, item.clip), {soundRate(media), 1});
+  for (int stream = 0; stream < streamCount(media); ++stream) {
+    Element audio("audio");
+    audio.attribute("ref", assetId(item.media())).attribute("lane", -1 - stream);
+    if (stream > 0) audio.attribute("srcID", stream + 1);
+    audio.attribute("role", role(item)).attribute("srcCh", sourceChannels(media, stream));
+    if (!outputs(media, stream).empty()) audio.attribute("outCh", outputs(media, stream));
+    audio.attribute("offset", start)
+        .attribute("start", start)
+        .attribute("duration", timeText(samples, {soundRate(media), 1}));
+    if (!isHeard(media, {stream, 0, ""})) audio.attribute("enabled", 0);
+    parent.add(std::move(audio));
   }
-  Element result = start("asset-clip", item, onTimeline);
-  result.attribute("duration", duration).attribute("ref", assetId(item.media));
-  if (media.hasAudio) result.attribute("audioRole", "dialogue");
-  return result.attribute("format", pictureFormatId(project_, media)).attribute("tcFormat", "NDF");
+}
+
+Element ClipWriter::establishedClip(const Item& item, bool onTimeline) const {
+  const Media& media = mediaOf(item);
+  const std::string start = mediaTime(media, item.in, rate_);
+  Element video("video");
+  video.attribute("ref", assetId(item.media()))
+      .attribute("offset", start)
+      .attribute("start", start)
+      .attribute("duration", timeText(item.pictureLength, rate_));
+  if (item.soundLength > 0) addSounds(video, item, start);
+  Element result = begin("clip", item, start, onTimeline);
+  result.attribute("duration", timeText(item.length(), rate_))
+      .attribute("tcFormat", timecodeFormat(media));
+  return result.add(std::move(video), marker(item, start, rate_));
+}
+
+Element ClipWriter::modernClip(const Item& item, bool onTimeline) const {
+  const Media& media = mediaOf(item);
+  const std::string start = mediaTime(media, item.in, rate_);
+  Element result = begin("asset-clip", item, start, onTimeline);
+  result.attribute("duration", timeText(item.length(), rate_))
+      .attribute("ref", assetId(item.media()));
+  if (item.soundLength > 0) result.attribute("audioRole", role(item));
+  result.attribute("format", pictureFormatId(project_, media))
+      .attribute("tcFormat", timecodeFormat(media))
+      .add(marker(item, start, rate_));
+  if (item.soundLength > 0 && streamCount(media) > 1)
+    for (int stream = 0; stream < streamCount(media); ++stream) {
+      Element source("audio-channel-source");
+      source.attribute("srcCh", sourceChannels(media, stream)).attribute("role", role(item));
+      if (!isHeard(media, {stream, 0, ""})) source.attribute("active", 0);
+      result.add(std::move(source));
+    }
+  return result;
 }
 
 Element ClipWriter::soundClip(const Item& item, bool onTimeline) const {
   const Media& media = mediaOf(item);
+  const FrameRate samples{soundRate(media), 1};
   const auto [late, length] = soundPlace(media, item, rate_);
-  Element result = start("clip", item, onTimeline);
-  result.attribute("duration", timeText(length, rate_)).add(shiftedSound(media, item.media, late));
-  return result;
+  const double cut = std::max(-late, 0.0);
+  const std::int64_t first = nearestUnit(item.clip.sourceSeconds + cut, samples);
+  const std::int64_t end =
+      wholeUnits(item.clip.sourceSeconds + shownSound(media, item.clip), samples);
+  Element audio("audio");
+  audio.attribute("ref", assetId(item.media()))
+      .attribute("role", role(item))
+      .attribute("srcCh", sourceChannels(media, media.heardStream));
+  if (media.heardStream > 0) audio.attribute("srcID", media.heardStream + 1);
+  if (!outputs(media, media.heardStream).empty())
+    audio.attribute("outCh", outputs(media, media.heardStream));
+  audio.attribute("offset", timeText(nearestUnit(std::max(late, 0.0), samples), samples))
+      .attribute("start", mediaTime(media, first, samples))
+      .attribute("duration", timeText(end - first, samples));
+  Element result = begin("clip", item, "0s", onTimeline);
+  return result.attribute("duration", timeText(length, rate_))
+      .add(std::move(audio), marker(item, "0s", rate_));
 }
 
 Element ClipWriter::angle(const Lane& lane, const std::string& id) const {
   Element result("mc-angle");
-  result.attribute("name", fileName(mediaOf(lane.front()).path)).attribute("angleID", id);
+  result.attribute("name", names_[lane.front().media()]).attribute("angleID", id);
   std::int64_t end = 0;
   for (const Item& item : lane) {
     if (item.start > end) {
@@ -117,13 +192,12 @@ Element ClipWriter::angle(const Lane& lane, const std::string& id) const {
 std::vector<Item> ClipWriter::items(const Group& group) const {
   std::vector<Item> items = onGrid(project_, group, {rate_});
   for (Item& item : items)
-    if (const Media& media = mediaOf(item); !media.hasVideo)
-      item.length = soundPlace(media, item, rate_).length;
+    if (item.pictureLength == 0) item.soundLength = soundPlace(mediaOf(item), item, rate_).length;
   return items;
 }
 
 std::optional<Element> ClipWriter::looseClip(int media) const {
-  const std::vector<Item> alone = items({"", {{media, 0, 0}}});
+  const std::vector<Item> alone = items({"", {{media, 0}}});
   if (alone.empty()) return std::nullopt;
   return clip(alone.front(), false);
 }

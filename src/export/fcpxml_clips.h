@@ -19,22 +19,27 @@ class ClipWriter {
   /// clip; where that cuts its head, the clip may be a frame shorter than the media.
   std::vector<Item> items(const Group& group) const;
 
-  /// The clips of `lane` one after the other, gaps between them.
+  /// The clips of `lane` one after the other, gaps between them, under the device's name.
   Element angle(const Lane& lane, const std::string& id) const;
 
   /// File `media` as a clip of its own, outside any timeline; nothing if it is not a frame long.
   std::optional<Element> looseClip(int media) const;
 
  private:
-  const Media& mediaOf(const Item& item) const { return project_.media[item.media]; }
+  const Media& mediaOf(const Item& item) const { return project_.media[item.media()]; }
   Element clip(const Item& item, bool onTimeline) const;
-  Element pictureClip(const Item& item, bool onTimeline) const;
+  Element establishedClip(const Item& item, bool onTimeline) const;
+  Element modernClip(const Item& item, bool onTimeline) const;
   Element soundClip(const Item& item, bool onTimeline) const;
-  Element start(std::string_view tag, const Item& item, bool onTimeline) const;
+  Element begin(std::string_view tag, const Item& item, const std::string& start,
+                bool onTimeline) const;
+  void addSounds(Element& parent, const Item& item, const std::string& start) const;
+  std::string role(const Item& item) const;
 
   const Project& project_;
   FrameRate rate_;
   FcpxmlVersion version_;
+  std::vector<std::string> names_;  // of the devices, by media
 };
 
 }  // namespace timeline

@@ -5,31 +5,23 @@
 #include "export/fcpxml_clips.h"
 #include "export/fcpxml_resources.h"
 #include "export/lanes.h"
+#include "export/media.h"
 
 namespace timeline {
 namespace {
 
-/// The best angle offered so far, the first of equals.
-struct BestAngle {
-  std::optional<std::string> id;
-  std::int64_t covered = 0;  // frames
+constexpr double kShortestCut = 2;  // seconds; anything shorter flickers
 
-  void offer(const std::string& angle, std::int64_t frames) {
-    if (id && frames <= covered) return;
-    id = angle;
-    covered = frames;
+Angle coverOf(const Project& project, const Lane& lane) {
+  Angle angle;
+  angle.recorder = std::ranges::none_of(
+      lane, [&](const Item& item) { return hasPicture(project.media[item.media()]); });
+  for (const Item& item : lane) {
+    if (item.pictureLength > 0)
+      angle.picture.push_back({item.start, item.start + item.pictureLength});
+    if (item.soundLength > 0) angle.sound.push_back({item.start, item.start + item.soundLength});
   }
-};
-
-std::int64_t framesOf(const Lane& lane) {
-  std::int64_t frames = 0;
-  for (const Item& item : lane) frames += item.length;
-  return frames;
-}
-
-bool hasPicture(const Project& project, const Lane& lane) {
-  return std::ranges::any_of(lane,
-                             [&](const Item& item) { return project.media[item.media].hasVideo; });
+  return angle;
 }
 
 Element emptyMulticam(FcpxmlVersion version) {
@@ -45,6 +37,15 @@ Element source(const std::string& angle, std::string_view what) {
   return Element("mc-source").attribute("angleID", angle).attribute("srcEnable", what);
 }
 
+void addSources(Element& clip, const std::string* video, const std::string* audio) {
+  if (video && video == audio) {
+    clip.add(source(*video, "all"));
+    return;
+  }
+  if (video) clip.add(source(*video, "video"));
+  if (audio) clip.add(source(*audio, "audio"));
+}
+
 }  // namespace
 
 std::optional<Multicam> multicam(const Project& project, const Group& group, int number,
@@ -52,41 +53,42 @@ std::optional<Multicam> multicam(const Project& project, const Group& group, int
   const ClipWriter writer(project, version);
   const std::vector<Item> items = writer.items(group);
   if (items.empty()) return std::nullopt;
-  const std::int64_t end = endOf(items);
-  Element angles = emptyMulticam(version);
-  BestAngle picture, sound;
-  int count = 0;
-  for (const Lane& lane : lanes(items, deviceKeys(project))) {
-    const std::string id = "angle" + std::to_string(number) + "-" + std::to_string(++count);
-    (hasPicture(project, lane) ? picture : sound).offer(id, framesOf(lane));
-    angles.add(writer.angle(lane, id));
-  }
   const std::string id = "media" + std::to_string(number);
-  Element media("media");
-  media.attribute("id", id).attribute("name", group.name).add(angles);
-  const bool soundFits = !picture.id || 2 * sound.covered >= end;
-  return Multicam{media, id, group.name, end, picture.id, soundFits ? sound.id : picture.id};
+  Multicam result{Element("media"), id, group.name, endOf(items), {}, {}};
+  Element angles = emptyMulticam(version);
+  std::vector<Angle> covers;
+  for (const Lane& lane : lanes(items, deviceKeys(project))) {
+    result.angles.push_back("angle" + std::to_string(number) + "-" +
+                            std::to_string(result.angles.size() + 1));
+    covers.push_back(coverOf(project, lane));
+    angles.add(writer.angle(lane, result.angles.back()));
+  }
+  result.media.attribute("id", id).attribute("name", group.name).add(std::move(angles));
+  result.cuts = edit(covers, result.length, nearestUnit(kShortestCut, exactRate(project.fps)));
+  return result;
 }
 
-Element multicamClip(const Multicam& multicam, std::int64_t offset, FrameRate rate,
-                     FcpxmlVersion version) {
-  Element result("mc-clip");
-  result.attribute("ref", multicam.id)
-      .attribute("name", multicam.name)
-      .attribute("offset", timeText(offset, rate))
-      .attribute("start", "0s")
-      .attribute("duration", timeText(multicam.length, rate));
-  const auto& video = multicam.videoAngle;
-  const auto& audio = multicam.audioAngle;
-  if (version == FcpxmlVersion::v1_1) {
-    if (video) result.attribute("videoAngleID", *video);
-    if (audio) result.attribute("audioAngleID", *audio);
-    return result;
+std::vector<Element> multicamClips(const Multicam& multicam, std::int64_t offset, FrameRate rate,
+                                   FcpxmlVersion version) {
+  std::vector<Element> clips;
+  for (const auto& [span, picture, sound] : multicam.cuts) {
+    Element clip("mc-clip");
+    clip.attribute("ref", multicam.id)
+        .attribute("name", multicam.name)
+        .attribute("offset", timeText(offset + span.start, rate))
+        .attribute("start", timeText(span.start, rate))
+        .attribute("duration", timeText(span.length(), rate));
+    const std::string* video = picture < 0 ? nullptr : &multicam.angles[picture];
+    const std::string* audio = sound < 0 ? nullptr : &multicam.angles[sound];
+    if (version != FcpxmlVersion::v1_1) {
+      addSources(clip, video, audio);
+    } else {
+      if (video) clip.attribute("videoAngleID", *video);
+      if (audio) clip.attribute("audioAngleID", *audio);
+    }
+    clips.push_back(std::move(clip));
   }
-  if (video && video == audio) return result.add(source(*video, "all"));
-  if (video) result.add(source(*video, "video"));
-  if (audio) result.add(source(*audio, "audio"));
-  return result;
+  return clips;
 }
 
 }  // namespace timeline

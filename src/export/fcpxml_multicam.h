@@ -2,20 +2,22 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
+#include "export/edit.h"
 #include "export/element.h"
 #include "export/fcpxml.h"
 #include "export/frame_rate.h"
 
 namespace timeline {
 
-/// One group as a multicam.
+/// One group as a multicam, and how it is cut.
 struct Multicam {
-  Element media;                          // the resource
-  std::string id, name;                   // of the resource
-  std::int64_t length;                    // frames, to the end of the longest angle
-  std::optional<std::string> videoAngle;  // the angle with the most picture
-  std::optional<std::string> audioAngle;  // sound alone that covers half the group, else that one
+  Element media;         // the resource
+  std::string id, name;  // of the resource
+  std::int64_t length;   // frames, to the end of the longest angle
+  std::vector<std::string> angles;
+  std::vector<Cut> cuts;  // by angle; they cover the whole length
 };
 
 /// Group `number` (from 1) as a multicam, its edges on the frames of the run's rate; nothing if no
@@ -23,8 +25,8 @@ struct Multicam {
 std::optional<Multicam> multicam(const Project& project, const Group& group, int number,
                                  FcpxmlVersion version);
 
-/// The whole multicam as one clip of a sequence, from frame `offset` on.
-Element multicamClip(const Multicam& multicam, std::int64_t offset, FrameRate rate,
-                     FcpxmlVersion version);
+/// The multicam in a sequence, from frame `offset` on: a clip for each cut.
+std::vector<Element> multicamClips(const Multicam& multicam, std::int64_t offset, FrameRate rate,
+                                   FcpxmlVersion version);
 
 }  // namespace timeline

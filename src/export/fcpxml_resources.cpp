@@ -2,11 +2,12 @@
 
 #include <array>
 #include <cmath>
+#include <numeric>
 #include <set>
 
+#include "export/media.h"
 #include "export/text.h"
 #include "export/url.h"
-#include "export/xmeml_parts.h"
 
 namespace timeline {
 namespace {
@@ -53,22 +54,29 @@ Element format(const std::string& id, int width, int height, FrameRate rate,
       .attribute("height", height);
 }
 
-bool hasOwnFormat(const Media& media) {
-  return media.width > 0 && media.height > 0 && media.frameRate > 0;
+bool hasOwnFormat(const Media& media) { return shownSize(media).width > 0; }
+
+std::string fractionText(std::int64_t numerator, std::int64_t denominator) {
+  if (numerator % denominator == 0) return std::to_string(numerator / denominator) + "s";
+  return std::to_string(numerator) + "/" + std::to_string(denominator) + "s";
 }
 
 void addSoundAttributes(Element& asset, const Media& media) {
-  if (!media.hasAudio) return;
+  if (!hasSound(media)) return;
+  const std::size_t streams = std::max<std::size_t>(1, media.facts.sounds.size());
+  int channels = 0;  // of the stream that has most
+  for (const project::Sound& sound : media.facts.sounds)
+    channels = std::max(channels, sound.channels);
   asset.attribute("hasAudio", 1)
-      .attribute("audioSources", 1)
-      .attribute("audioChannels", soundChannels(media))
+      .attribute("audioSources", static_cast<std::int64_t>(streams))
+      .attribute("audioChannels", channels > 0 ? channels : 2)
       .attribute("audioRate", soundRate(media));
 }
 
 /// Rounded up to a sample: a clip that is longer than its asset is refused.
 std::string assetDuration(const Media& media) {
   const int rate = soundRate(media);
-  const double samples = std::ceil(media.durationSeconds * rate - 1e-3);
+  const double samples = std::ceil(lengthSeconds(media) * rate - 1e-3);
   return timeText(static_cast<std::int64_t>(samples), {rate, 1});
 }
 
@@ -79,9 +87,10 @@ Element asset(const Project& project, int index, FcpxmlVersion version) {
   Element result("asset");
   result.attribute("id", assetId(index)).attribute("name", fileName(media.path));
   if (!modern) result.attribute("src", url);
-  result.attribute("start", "0s").attribute("duration", assetDuration(media));
-  if (media.hasVideo) result.attribute("hasVideo", 1);
-  if (media.hasVideo && modern)
+  result.attribute("start", mediaTime(media, 0, {1, 1}))
+      .attribute("duration", assetDuration(media));
+  if (hasPicture(media)) result.attribute("hasVideo", 1);
+  if (hasPicture(media) && modern)
     result.attribute("format", pictureFormatId(project, media)).attribute("videoSources", 1);
   addSoundAttributes(result, media);
   if (modern)
@@ -92,14 +101,21 @@ Element asset(const Project& project, int index, FcpxmlVersion version) {
 }  // namespace
 
 std::string timeText(std::int64_t units, FrameRate rate) {
-  const std::int64_t numerator = units * rate.seconds;
-  if (numerator % rate.units == 0) return std::to_string(numerator / rate.units) + "s";
-  return std::to_string(numerator) + "/" + std::to_string(rate.units) + "s";
+  return fractionText(units * rate.seconds, rate.units);
 }
 
-std::string sampleTime(double seconds, const Media& media) {
-  const FrameRate samples{soundRate(media), 1};
-  return timeText(nearestUnit(seconds, samples), samples);
+std::string mediaTime(const Media& media, std::int64_t units, FrameRate rate) {
+  const project::Timecode start = timecodeOf(media, rate);
+  if (units == 0) return timeText(start.units, rateOf(start));
+  const FrameRate clock = rateOf(start);
+  const std::int64_t denominator = std::lcm(clock.units, rate.units);
+  return fractionText(start.units * clock.seconds * (denominator / clock.units) +
+                          units * rate.seconds * (denominator / rate.units),
+                      denominator);
+}
+
+std::string_view timecodeFormat(const Media& media) {
+  return timecodeOf(media, {1, 1}).dropFrame ? "DF" : "NDF";
 }
 
 std::string formatName(int width, int height, FrameRate rate) {
@@ -117,11 +133,11 @@ Element sequenceFormat(const Project& project, FcpxmlVersion version) {
 std::string assetId(int media) { return "asset" + std::to_string(media + 1); }
 
 std::string pictureFormatId(const Project& project, const Media& media) {
-  const FrameRate rate = exactRate(media.frameRate);
-  const bool asSequence = media.width == project.width && media.height == project.height &&
-                          rate == exactRate(project.fps);
+  const FrameRate sequence = exactRate(project.fps), rate = pictureRate(media, sequence);
+  const PictureSize size = shownSize(media);
+  const bool asSequence = size == PictureSize{project.width, project.height} && rate == sequence;
   if (asSequence || !hasOwnFormat(media)) return kDefaultFormat;
-  return "format" + std::to_string(media.width) + "x" + std::to_string(media.height) + "-" +
+  return "format" + std::to_string(size.width) + "x" + std::to_string(size.height) + "-" +
          std::to_string(rate.units) + "-" + std::to_string(rate.seconds);
 }
 
@@ -132,9 +148,10 @@ std::vector<Element> assets(const Project& project, const std::vector<int>& used
   for (const int index : used) {
     const Media& media = project.media[index];
     const std::string id = pictureFormatId(project, media);
-    const bool wanted = version == FcpxmlVersion::v1_10 && media.hasVideo;
+    const bool wanted = version == FcpxmlVersion::v1_10 && hasPicture(media);
     if (wanted && formats.insert(id).second)
-      result.push_back(format(id, media.width, media.height, exactRate(media.frameRate), version));
+      result.push_back(format(id, shownSize(media).width, shownSize(media).height,
+                              pictureRate(media, exactRate(project.fps)), version));
     result.push_back(asset(project, index, version));
   }
   return result;

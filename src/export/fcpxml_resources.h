@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "export/element.h"
@@ -12,8 +13,11 @@ namespace timeline {
 /// `units` of `rate` as the exact seconds that the format writes: "0s", "5s", "44044/30000s".
 std::string timeText(std::int64_t units, FrameRate rate);
 
-/// The part of `seconds` that sound of `media` is cut by: its samples.
-std::string sampleTime(double seconds, const Media& media);
+/// `units` of `rate` after the file's start, by the file's own clock.
+std::string mediaTime(const Media& media, std::int64_t units, FrameRate rate);
+
+/// How the file's timecode is shown: "DF" or "NDF".
+std::string_view timecodeFormat(const Media& media);
 
 inline constexpr const char* kDefaultFormat = "DEFAULTFORMAT";
 

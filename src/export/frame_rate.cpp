@@ -1,5 +1,6 @@
 #include "export/frame_rate.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace timeline {
@@ -15,7 +16,33 @@ double exactUnits(double seconds, FrameRate rate) {
 
 bool near(double a, double b) { return std::abs(a - b) < 0.006; }  // 23.98 means 23.976...
 
+double exactPerSecond(double usual) {
+  const FrameRate rate = exactRate(usual);
+  return static_cast<double>(rate.units) / static_cast<double>(rate.seconds);
+}
+
+double nearestUsual(double fps) {
+  return *std::ranges::min_element(
+      kUsualRates, {}, [&](double usual) { return std::abs(exactPerSecond(usual) - fps); });
+}
+
 }  // namespace
+
+bool isUsual(double fps) {
+  return std::ranges::any_of(kUsualRates,
+                             [&](double usual) { return std::abs(fps - usual) < 5e-3; });
+}
+
+double usualRate(double fps) {
+  constexpr double kSame = 3e-4;  // a third of what parts 29.97 from 30
+  constexpr int kMostParts = 16;
+  for (int parts = 1; parts <= kMostParts; ++parts)
+    for (const double candidate : {fps / parts, fps * parts}) {
+      const double usual = nearestUsual(candidate);
+      if (std::abs(exactPerSecond(usual) / candidate - 1) < kSame) return usual;
+    }
+  return nearestUsual(fps);
+}
 
 FrameRate exactRate(double fps) {
   if (!(fps > 0)) return {25, 1};

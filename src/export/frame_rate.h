@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 
 namespace timeline {
@@ -10,6 +11,16 @@ struct FrameRate {
   std::int64_t units, seconds;
   bool operator==(const FrameRate&) const = default;
 };
+
+/// The rates that sequences can have, as people write them.
+inline constexpr std::array kUsualRates = {23.976, 24.0, 25.0, 29.97, 30.0, 50.0, 59.94, 60.0};
+
+/// Whether `fps` is one of them.
+bool isUsual(double fps);
+
+/// The one nearest to `fps`. Of a slow or fast rate that is a whole part or multiple of one, that
+/// one: 119.88 gives 59.94 and 15 gives 30.
+double usualRate(double fps);
 
 /// The exact rate that `fps` stands for: 29.97 means 30000/1001, 25 means 25/1. A number that is
 /// near neither kind is taken to the thousandth; 0 and less give 25/1.

@@ -3,29 +3,24 @@
 #include <algorithm>
 #include <map>
 
+#include "export/sequence.h"
 #include "project/look_up.h"
 
 namespace timeline {
 namespace {
 
-constexpr double kUsualRate = 25;  // frames per second, where the project chooses none
-
-Media mediaOf(const project::Recording& recording, const project::MediaFile& file) {
+/// Further tracks of a recording are as long as they say themselves.
+Media mediaOf(const project::Device& device, const project::Recording& recording,
+              const project::MediaFile& file) {
+  const bool main = &file == &recording.files.front();
   Media media;
   media.path = file.path;
-  media.durationSeconds =
-      &file == &recording.files.front() ? recording.lengthSeconds : file.facts.lengthSeconds;
-  const auto& picture = file.facts.picture;
-  media.hasVideo = picture.has_value();
-  if (picture) {
-    media.frameRate = picture->rate.perSecond();
-    media.width = picture->width;
-    media.height = picture->height;
-  }
-  if (!file.facts.sounds.empty()) {
-    media.audioChannels = file.facts.sounds.front().channels;
-    media.audioRate = file.facts.sounds.front().rate;
-  }
+  media.facts = file.facts;
+  media.soundSeconds = main ? recording.lengthSeconds : file.facts.lengthSeconds;
+  if (const auto& picture = file.facts.picture)
+    media.pictureSeconds = picture->lengthSeconds > 0 ? picture->lengthSeconds : media.soundSeconds;
+  if (main) media.heardStream = recording.heardStream;
+  media.deviceName = device.name;
   return media;
 }
 
@@ -46,7 +41,7 @@ MediaOf addMedia(const project::Project& project, Project& timeline) {
       if (!isShown(project, recording)) continue;
       for (const project::MediaFile& file : recording.files) {
         indices[recording.id].push_back(static_cast<int>(timeline.media.size()));
-        timeline.media.push_back(mediaOf(recording, file));
+        timeline.media.push_back(mediaOf(device, recording, file));
         // further tracks stand over the first, which files of one device may not
         if (several && &file == &recording.files.front()) timeline.media.back().device = number;
       }
@@ -68,7 +63,11 @@ Group groupOf(const project::Project& project, const project::Group& placed, Med
   }
   for (const project::Clip* clip : clips) {
     for (const int media : indices[clip->recording])
-      group.clips.push_back({media, clip->startSeconds - origin, clip->confidence});
+      group.clips.push_back({.media = media,
+                             .startSeconds = clip->startSeconds - origin,
+                             .confidence = clip->confidence,
+                             .errorSeconds = clip->errorSeconds,
+                             .driftPpm = clip->driftPpm});
     indices.erase(clip->recording);  // what is left at the end stands nowhere
   }
   return group;
@@ -78,11 +77,10 @@ Group groupOf(const project::Project& project, const project::Group& placed, Med
 
 Project timelineOf(const project::Project& project) {
   Project timeline;
-  timeline.fps = project.settings.framesPerSecond.value_or(kUsualRate);
-  if (project.settings.frameSize) {
-    timeline.width = project.settings.frameSize->width;
-    timeline.height = project.settings.frameSize->height;
-  }
+  const Sequence sequence = sequenceOf(project);
+  timeline.fps = sequence.fps;
+  timeline.width = sequence.width;
+  timeline.height = sequence.height;
   MediaOf indices = addMedia(project, timeline);
   for (const project::Group& placed : project.groups) {
     Group group = groupOf(project, placed, indices);

@@ -1,9 +1,10 @@
 #include "export/otio.h"
 
-#include <cmath>
 #include <nlohmann/json.hpp>
 
 #include "export/lanes.h"
+#include "export/media.h"
+#include "export/remarks.h"
 #include "export/text.h"
 #include "export/url.h"
 
@@ -16,124 +17,152 @@ enum class Kind { video, audio };
 
 std::string nameOf(const Media& media) { return cleanText(fileName(media.path)); }
 
-std::string percent(double confidence) { return numberText(std::round(confidence * 100)) + " %"; }
-
 const char* colour(double confidence) {
   return confidence >= 0.9 ? "GREEN" : confidence >= 0.5 ? "YELLOW" : "RED";
 }
 
+Json time(std::int64_t units, FrameRate rate) {
+  return {{"OTIO_SCHEMA", "RationalTime.1"},
+          {"rate", static_cast<double>(rate.units) / static_cast<double>(rate.seconds)},
+          {"value", static_cast<double>(units)}};
+}
+
+Json range(const Json& start, std::int64_t units, FrameRate rate) {
+  return {{"OTIO_SCHEMA", "TimeRange.1"}, {"start_time", start}, {"duration", time(units, rate)}};
+}
+
+Json composition(const char* schema, const std::string& name, Json children) {
+  return {{"OTIO_SCHEMA", schema},          {"name", cleanText(name)},
+          {"metadata", Json::object()},     {"source_range", nullptr},
+          {"effects", Json::array()},       {"markers", Json::array()},
+          {"children", std::move(children)}};
+}
+
+Json gap(std::int64_t units, FrameRate rate) {
+  return {{"OTIO_SCHEMA", "Gap.1"},     {"name", ""},
+          {"metadata", Json::object()}, {"source_range", range(time(0, rate), units, rate)},
+          {"effects", Json::array()},   {"markers", Json::array()}};
+}
+
+/// A clip's place on one track, in units of the track.
+struct Place {
+  std::int64_t start, in, length;
+};
+
+/// The moment `units` after the file's start, by its own clock and in that clock's units.
+Json mediaTime(const Media& media, std::int64_t units, FrameRate rate) {
+  const project::Timecode start = timecodeOf(media, rate);
+  const FrameRate clock = rateOf(start);
+  const std::int64_t in = clock == rate ? units : nearestUnit(toSeconds(units, rate), clock);
+  return time(start.units + in, clock);
+}
+
 class TimelineWriter {
  public:
-  explicit TimelineWriter(const Project& project)
+  TimelineWriter(const Project& project, const Group& group)
       : project_(project),
+        group_(group),
         rate_(exactRate(project.fps)),
-        framesPerSecond_(static_cast<double>(rate_.units) / static_cast<double>(rate_.seconds)) {}
+        names_(deviceNames(project)) {}
 
-  Json timeline(const Group& group) const {
+  Json timeline() const {
     Json tracks = Json::array();
-    const std::vector<Lane> all = lanes(onGrid(project_, group, {rate_}), deviceKeys(project_));
+    const std::vector<Lane> all = lanes(onGrid(project_, group_, {rate_}), deviceKeys(project_));
     for (const Kind kind : {Kind::video, Kind::audio})
       for (const Lane& lane : all)
-        if (Lane heard = only(lane, kind); !heard.empty()) tracks.push_back(track(heard, kind));
+        if (Json made = track(lane, kind); !made["children"].empty())
+          tracks.push_back(std::move(made));
     return {{"OTIO_SCHEMA", "Timeline.1"},
-            {"name", cleanText(group.name)},
+            {"name", cleanText(group_.name)},
             {"metadata", Json::object()},
             {"global_start_time", nullptr},
             {"tracks", composition("Stack.1", "tracks", std::move(tracks))}};
   }
 
  private:
-  const Media& mediaOf(const Item& item) const { return project_.media[item.media]; }
+  const Media& mediaOf(const Item& item) const { return project_.media[item.media()]; }
 
-  Lane only(const Lane& lane, Kind kind) const {
-    Lane result;
-    for (const Item& item : lane)
-      if (kind == Kind::video ? mediaOf(item).hasVideo : mediaOf(item).hasAudio)
-        result.push_back(item);
-    return result;
+  /// Sound alone counts in samples, everything else in frames.
+  FrameRate unitOf(const Lane& lane, Kind kind) const {
+    const bool pictures =
+        std::ranges::any_of(lane, [](const Item& item) { return item.pictureLength > 0; });
+    if (kind == Kind::video || pictures) return rate_;
+    return {soundRate(mediaOf(lane.front())), 1};
   }
 
-  static Json composition(const char* schema, const std::string& name, Json children) {
-    return {{"OTIO_SCHEMA", schema},          {"name", name},
-            {"metadata", Json::object()},     {"source_range", nullptr},
-            {"effects", Json::array()},       {"markers", Json::array()},
-            {"children", std::move(children)}};
+  Place placeOf(const Item& item, Kind kind, FrameRate unit) const {
+    if (unit == rate_)
+      return {item.start, item.in, kind == Kind::video ? item.pictureLength : item.soundLength};
+    const double cut = std::max(0.0, -item.startSeconds);  // before the timeline's beginning
+    const double in = item.clip.sourceSeconds + cut;
+    const double left = std::min(mediaOf(item).soundSeconds - in, item.clip.lengthSeconds - cut);
+    return {nearestUnit(item.startSeconds + cut, unit), nearestUnit(in, unit),
+            wholeUnits(left - toSeconds(1, unit) / 2, unit)};  // the in point may round up
   }
 
   Json track(const Lane& lane, Kind kind) const {
+    const FrameRate unit = unitOf(lane, kind);
     Json children = Json::array();
     std::int64_t end = 0;
     for (const Item& item : lane) {
-      if (item.start > end) children.push_back(gap(item.start - end));
-      children.push_back(clip(item));
-      end = item.end();
+      const Place place = placeOf(item, kind, unit);
+      if ((kind == Kind::video ? item.pictureLength : item.soundLength) == 0) continue;
+      if (place.start > end) children.push_back(gap(place.start - end, unit));
+      children.push_back(clip(item, kind, place, unit));
+      end = std::max(end, place.start) + place.length;
     }
-    Json result = composition("Track.1", nameOf(mediaOf(lane.front())), std::move(children));
+    Json result = composition("Track.1", names_[lane.front().media()], std::move(children));
     result["kind"] = kind == Kind::video ? "Video" : "Audio";
     return result;
   }
 
-  Json time(std::int64_t frames) const {
-    return {{"OTIO_SCHEMA", "RationalTime.1"},
-            {"rate", framesPerSecond_},
-            {"value", static_cast<double>(frames)}};
-  }
-
-  Json range(std::int64_t frames) const {
-    return {{"OTIO_SCHEMA", "TimeRange.1"}, {"start_time", time(0)}, {"duration", time(frames)}};
-  }
-
-  Json gap(std::int64_t frames) const {
-    return {{"OTIO_SCHEMA", "Gap.1"},     {"name", ""},
-            {"metadata", Json::object()}, {"source_range", range(frames)},
-            {"effects", Json::array()},   {"markers", Json::array()}};
-  }
-
-  Json marker(const Item& item) const {
+  Json marker(const Item& item, const Json& start, FrameRate unit) const {
     return {{"OTIO_SCHEMA", "Marker.2"},
-            {"name", "Confidence " + percent(item.confidence)},
-            {"metadata", {{"kestrel", {{"confidence", item.confidence}}}}},
-            {"color", colour(item.confidence)},
-            {"marked_range", range(0)}};
+            {"name", confidenceText(item.clip)},
+            {"comment", placeText(item.clip)},
+            {"metadata", {{"kestrel", {{"confidence", item.clip.confidence}}}}},
+            {"color", colour(item.clip.confidence)},
+            {"marked_range", range(start, 0, unit)}};
   }
 
-  Json clip(const Item& item) const {
+  Json reference(const Media& media, FrameRate unit) const {
+    return {{"OTIO_SCHEMA", "ExternalReference.1"},
+            {"name", nameOf(media)},
+            {"metadata", Json::object()},
+            {"available_range",
+             range(mediaTime(media, 0, unit), wholeUnits(lengthSeconds(media), unit), unit)},
+            {"target_url", fileUrl(media.path, UrlStyle::standard)}};
+  }
+
+  Json clip(const Item& item, Kind kind, const Place& place, FrameRate unit) const {
     const Media& media = mediaOf(item);
+    const Json start = mediaTime(media, place.in, unit);
+    const bool silenced = kind == Kind::audio && !project_.cameraSound &&
+                          coveredByRecorders(project_, group_, item.clip);
     return {{"OTIO_SCHEMA", "Clip.1"},
             {"name", nameOf(media)},
             {"metadata",
              {{"kestrel",
                {{"start_seconds", item.startSeconds},
-                {"duration_seconds", media.durationSeconds},
-                {"confidence", item.confidence}}}}},
-            {"source_range", range(item.length)},
+                {"duration_seconds", lengthSeconds(media)},
+                {"confidence", item.clip.confidence}}}}},
+            {"source_range", range(start, place.length, unit)},
+            {"enabled", !silenced},
             {"effects", Json::array()},
-            {"markers", Json::array({marker(item)})},
-            {"media_reference",
-             {{"OTIO_SCHEMA", "ExternalReference.1"},
-              {"name", nameOf(media)},
-              {"metadata", Json::object()},
-              {"available_range", range(item.length)},
-              {"target_url", fileUrl(media.path, UrlStyle::standard)}}}};
+            {"markers", Json::array({marker(item, start, unit)})},
+            {"media_reference", reference(media, unit)}};
   }
 
   const Project& project_;
+  const Group& group_;
   FrameRate rate_;
-  double framesPerSecond_;
+  std::vector<std::string> names_;  // of the devices, by media
 };
 
 }  // namespace
 
-std::string otioDocument(const Project& project) {
-  Json timelines = Json::array();
-  for (const Group& group : project.groups)
-    timelines.push_back(TimelineWriter(project).timeline(group));
-  if (timelines.size() == 1) return timelines[0].dump(2) + "\n";  // what most editors open
-  const Json collection{{"OTIO_SCHEMA", "SerializableCollection.1"},
-                        {"name", "SYNCED"},
-                        {"metadata", Json::object()},
-                        {"children", std::move(timelines)}};
-  return collection.dump(2) + "\n";
+std::string otioDocument(const Project& project, const Group& group) {
+  return TimelineWriter(project, group).timeline().dump(2) + "\n";
 }
 
 }  // namespace timeline

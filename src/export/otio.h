@@ -6,9 +6,9 @@
 
 namespace timeline {
 
-/// An OpenTimelineIO document: a timeline for each group, inside a collection unless there is just
-/// one. Times are whole frames at the exact rate; the exact seconds stand in the metadata. Every
-/// clip has a marker with its confidence. Pure: callable from any thread.
-std::string otioDocument(const Project& project);
+/// One group as an OpenTimelineIO timeline. Pictures stand on whole frames at the exact rate, the
+/// sound of recorders on its samples; media begin at their own timecode. Every clip has a marker
+/// with its confidence. Pure: callable from any thread.
+std::string otioDocument(const Project& project, const Group& group);
 
 }  // namespace timeline

@@ -1,28 +1,43 @@
 #pragma once
 
+#include <limits>
+#include <optional>
 #include <string>
 #include <vector>
 
+#include "project/media_facts.h"
+
 namespace timeline {
 
-/// One media file as the documents describe it. What was not reported is 0.
+/// One media file as the documents describe it.
 struct Media {
-  std::string path;            // UTF-8, as the user gave it
-  double durationSeconds = 0;  // exact
-  bool hasVideo = false;
-  double frameRate = 0;       // frames per second, as reported
-  int width = 0, height = 0;  // pixels
-  bool hasAudio = true;
-  int audioChannels = 0;
-  int audioRate = 0;  // Hz
-  int device = -1;    // files of one device (>= 0) never overlap; -1 = its own
+  std::string path;  // UTF-8, as the user gave it
+  project::MediaFacts facts;
+  double pictureSeconds = 0;  // exact; 0: no picture
+  double soundSeconds = 0;    // where the sound ends, from the file's start; exact; 0: no sound
+  int device = -1;            // files of one device (>= 0) never overlap; -1 = its own
+  std::string deviceName;     // as people call it; empty: its first file's name
+  int heardStream = 0;        // the sound stream that was listened to
 };
 
-/// A media file standing on a group's timeline.
+inline constexpr double kToItsEnd = std::numeric_limits<double>::infinity();
+
+/// Where a clip would begin, and how much faster it would have to be played, if its clock were to
+/// run as the group's: for editors that can stretch sound.
+struct Steady {
+  double startSeconds, playRate;
+};
+
+/// A media file, or a piece of one, standing on a group's timeline.
 struct Clip {
-  int media;              // index into Project::media
-  double startSeconds;    // exact, >= 0, from the group's earliest clip
-  double confidence = 0;  // 0 to 1
+  int media;                                // index into Project::media
+  double startSeconds;                      // exact, >= 0, from the group's earliest clip
+  double confidence = 0;                    // 0 to 1
+  std::optional<double> errorSeconds = {};  // of the place, estimated
+  double sourceSeconds = 0;                 // the moment of the file that stands at the start
+  double lengthSeconds = kToItsEnd;         // of the piece
+  std::optional<double> driftPpm = {};      // what is left of the clock's drift against the group's
+  std::optional<Steady> steady = {};
 };
 
 struct Group {
@@ -37,6 +52,7 @@ struct Project {
   std::vector<Media> media;
   std::vector<Group> groups;
   std::vector<int> unsynced;  // indices into media
+  bool cameraSound = false;   // cameras sound although a recorder covers them
 };
 
 }  // namespace timeline

@@ -20,8 +20,9 @@ constexpr std::string_view kHeader =
 
 struct Event {
   std::string path;
-  std::uint64_t start, length;  // ms
+  std::uint64_t start, pictureLength, soundLength;  // ms
   std::uint32_t index, videoTrack, audioTrack;
+  std::uint64_t in = 0;  // ms into the file; only a piece of a clip has one
 };
 
 /// By the last three characters, and as no other spelling: Wav or m4a count as video.
@@ -31,10 +32,12 @@ bool hasPictureRow(std::string_view path) {
 }
 
 std::string row(const Event& event, std::uint32_t id, std::uint32_t track, std::string_view type) {
+  const bool picture = type == "VIDEO";
   return numberText(id) + ";" + numberText(track) + ";" + std::to_string(event.start) + ";" +
-         std::to_string(event.length) + "; 1.000000; FALSE; FALSE; 0; TRUE; FALSE; " +
-         std::string(type) + "; \"" + event.path +
-         "\"; 0; 0.0000; 0.0000; 0.0000; 0.0000; 1.000000; 4; 0.000000; 4; 0.000000; 0; -1; 4; 4; "
+         std::to_string(picture ? event.pictureLength : event.soundLength) +
+         "; 1.000000; FALSE; FALSE; 0; TRUE; FALSE; " + std::string(type) + "; \"" + event.path +
+         "\"; 0; " + std::to_string(event.in) +
+         ".0000; 0.0000; 0.0000; 0.0000; 1.000000; 4; 0.000000; 4; 0.000000; 0; -1; 4; 4; "
          "0.000000; FALSE; 0; 0\n";
 }
 
@@ -64,7 +67,7 @@ std::vector<TrackedItem> onTracks(const Project& project, const Group& group) {
   std::uint32_t next = 1;
   for (const Lane& lane : lanes(items, deviceKeys(project))) {
     const bool pictures = std::ranges::any_of(
-        lane, [&](const Item& item) { return hasPictureRow(project.media[item.media].path); });
+        lane, [&](const Item& item) { return hasPictureRow(project.media[item.media()].path); });
     const std::uint32_t video = next, audio = pictures ? next + 1 : next;
     for (const Item& item : lane) tracked.push_back({item, video, audio});
     next = audio + 1;
@@ -87,8 +90,8 @@ std::uint64_t milliseconds(float seconds) {
 std::string vegasEventRows(const std::string& path, float lengthSeconds, std::uint32_t index,
                            float startSeconds, std::uint32_t videoTrack, std::uint32_t audioTrack,
                            report::Console& console) {
-  return rows({path, milliseconds(startSeconds), milliseconds(lengthSeconds), index, videoTrack,
-               audioTrack},
+  const std::uint64_t length = milliseconds(lengthSeconds);
+  return rows({path, milliseconds(startSeconds), length, length, index, videoTrack, audioTrack},
               console);
 }
 
@@ -103,10 +106,14 @@ std::string vegasEditList(const Project& project, const Group& group, report::Co
   std::uint32_t index = 0;
   for (const TrackedItem& tracked : onTracks(project, group)) {
     const Item& item = tracked.item;
-    text += rows(
-        {pathText(project.media[item.media].path), static_cast<std::uint64_t>(item.start),
-         static_cast<std::uint64_t>(item.length), index, tracked.videoTrack, tracked.audioTrack},
-        console);
+    const auto some = [&](std::int64_t length) {  // a row is never empty
+      return static_cast<std::uint64_t>(length > 0 ? length : item.length());
+    };
+    text +=
+        rows({pathText(project.media[item.media()].path), static_cast<std::uint64_t>(item.start),
+              some(item.pictureLength), some(item.soundLength), index, tracked.videoTrack,
+              tracked.audioTrack, static_cast<std::uint64_t>(item.in)},
+             console);
     index += 2;
   }
   return text;

@@ -7,8 +7,9 @@ namespace timeline {
 namespace {
 
 XmemlContents contentsOf(const Project& project, Part part) {
-  if (part == Part::synced) return {"SYNCED", project.groups, groupedMedia(project), false};
-  XmemlContents contents{"UNSYNCED", {}, project.unsynced, true};
+  if (part == Part::synced)
+    return {"SYNCED", project.groups, groupedMedia(project), project.unsynced, false};
+  XmemlContents contents{"UNSYNCED", {}, project.unsynced, {}, true};
   if (!project.unsynced.empty())
     contents.groups.push_back(unsyncedInARow(project, exactRate(project.fps)));
   return contents;

@@ -1,5 +1,6 @@
 #include "export/frame_rate.h"
 #include "export/lanes.h"
+#include "export/media.h"
 #include "export/text.h"
 #include "export/xmeml_forms.h"
 #include "export/xmeml_fragments.h"
@@ -31,11 +32,11 @@ std::string pictureMedia(int id, bool hasAudio) {
 std::string masterClip(const Project& project, int index) {
   const Media& media = project.media[index];
   const auto fps = static_cast<float>(project.fps);
-  const std::int64_t frames = wholeUnits(media.durationSeconds, exactRate(project.fps));
+  const std::int64_t frames = wholeUnits(lengthSeconds(media), exactRate(project.fps));
   const int id = fileId(index);
   const std::string url = pathUrl(media);
   const std::string mediaElement =
-      media.hasVideo ? pictureMedia(id, media.hasAudio) : xmemlWavMedia(id, url) + "</media>";
+      hasPicture(media) ? pictureMedia(id, hasSound(media)) : xmemlWavMedia(id, url) + "</media>";
   return xmemlClip(escaped(fileName(media.path)), fps, xmemlFile(id, url), mediaElement,
                    fragmentSeconds(frames, fps));
 }
@@ -46,10 +47,10 @@ std::string sequence(const Project& project, const Group& group, const std::stri
   std::string video, audio;
   for (const Item& item : onGrid(project, group, {exactRate(project.fps)})) {
     const float offset = fragmentSeconds(item.start, fps);
-    const float duration = fragmentSeconds(item.length, fps);
-    const Media& media = project.media[item.media];
-    if (media.hasVideo) video += xmemlVideoTrack(fileId(item.media), offset, duration, fps);
-    if (media.hasAudio) audio += xmemlAudioTracks(fileId(item.media), offset, duration, fps);
+    const float duration = fragmentSeconds(item.length(), fps);
+    const Media& media = project.media[item.media()];
+    if (hasPicture(media)) video += xmemlVideoTrack(fileId(item.media()), offset, duration, fps);
+    if (hasSound(media)) audio += xmemlAudioTracks(fileId(item.media()), offset, duration, fps);
   }
   const bool premiere = target == XmemlTarget::premiere;
   return xmemlSequence(premiere ? id + "\"" : id, escaped(group.name), fps, video, audio, premiere);

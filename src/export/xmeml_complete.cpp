@@ -1,9 +1,11 @@
 #include <algorithm>
+#include <map>
 #include <set>
 #include <utility>
 
 #include "export/element.h"
 #include "export/lanes.h"
+#include "export/media.h"
 #include "export/text.h"
 #include "export/xmeml_forms.h"
 #include "export/xmeml_fragments.h"
@@ -22,7 +24,11 @@ Element reference(std::string_view tag, const std::string& id) {
 class CompleteDocument {
  public:
   CompleteDocument(const Project& project, XmemlTarget target)
-      : project_(project), target_(target), rate_(exactRate(project.fps)) {}
+      : project_(project),
+        target_(target),
+        rate_(exactRate(project.fps)),
+        devices_(deviceKeys(project)),
+        names_(deviceNames(project)) {}
 
   std::string text(const XmemlContents& contents);
 
@@ -32,13 +38,18 @@ class CompleteDocument {
   Element audioTrack(const TrackSet& set, int channel);
   Element clipItem(const PlacedClip& clip, int channel);
   Element file(int media);
-  Element bin(const std::vector<int>& media);
+  Element masterClip(int media);
+  Element bin(std::string_view name, const std::vector<int>& media);
+  void addBins(Element& children, const XmemlContents& contents);
 
-  const Media& mediaOf(const PlacedClip& clip) const { return project_.media[clip.item.media]; }
+  const Media& mediaOf(const PlacedClip& clip) const { return project_.media[clip.item.media()]; }
+  bool premiere() const { return target_ == XmemlTarget::premiere; }
 
   const Project& project_;
   XmemlTarget target_;
   FrameRate rate_;
+  std::vector<int> devices_;
+  std::vector<std::string> names_;  // of the devices, by media
   std::set<int> definedFiles_;
   int sequences_ = 0, clips_ = 0;
 };
@@ -46,7 +57,12 @@ class CompleteDocument {
 std::string masterClipId(int media) { return "masterclip-" + std::to_string(media + 1); }
 std::string fileId(int media) { return "file-" + std::to_string(media + 1); }
 
-Element timecode(FrameRate rate) {
+/// What one part of a clip shows of the file.
+std::int64_t partLength(const PlacedClip& clip, int channel) {
+  return channel == 0 ? clip.item.pictureLength : clip.item.soundLength;
+}
+
+Element sequenceTimecode(FrameRate rate) {
   Element result("timecode");
   result.add(xmemlRate(rate), Element("string", "00:00:00:00"), Element("frame", 0),
              Element("displayformat", "NDF"));
@@ -56,7 +72,7 @@ Element timecode(FrameRate rate) {
 std::string CompleteDocument::text(const XmemlContents& contents) {
   Element children("children");
   for (const Group& group : contents.groups) children.add(sequence(group, contents.shareTracks));
-  children.add(bin(contents.media));  // last: files are defined in the sequences
+  addBins(children, contents);  // last: files are defined in the sequences
   Element project("project");
   project.add(Element("name", contents.name), std::move(children));
   Element root("xmeml");
@@ -81,14 +97,15 @@ Element CompleteDocument::sequence(const Group& group, bool shareTracks) {
   Element media("media");
   media.add(std::move(video), std::move(audio));
   Element result = reference("sequence", "sequence-" + std::to_string(++sequences_));
-  if (target_ == XmemlTarget::premiere) result.rawAttributes(std::string(kPremiereBlock) + '"');
+  if (premiere()) result.rawAttributes(std::string(kPremiereBlock) + '"');
   result.add(Element("name", group.name), Element("duration", end), xmemlRate(rate_),
-             timecode(rate_), std::move(media));
+             sequenceTimecode(rate_), std::move(media));
   return result;
 }
 
 Element CompleteDocument::videoTrack(const TrackSet& set) {
   Element track("track");
+  if (premiere()) track.attribute("MZ.TrackName", set.name);
   for (const PlacedClip& clip : set.clips)
     if (clip.videoTrack > 0) track.add(clipItem(clip, 0));
   track.add(Element("enabled", "TRUE"), Element("locked", "FALSE"));
@@ -97,7 +114,8 @@ Element CompleteDocument::videoTrack(const TrackSet& set) {
 
 Element CompleteDocument::audioTrack(const TrackSet& set, int channel) {
   Element track("track");
-  if (target_ == XmemlTarget::premiere && set.channels <= 2)
+  if (premiere()) track.attribute("MZ.TrackName", set.name);
+  if (premiere() && set.channels <= 2)
     track.attribute("currentExplodedTrackIndex", channel - 1)
         .attribute("totalExplodedTrackCount", set.channels)
         .attribute("premiereTrackType", set.channels == 1 ? "Mono" : "Stereo");
@@ -111,14 +129,19 @@ Element CompleteDocument::audioTrack(const TrackSet& set, int channel) {
 Element CompleteDocument::clipItem(const PlacedClip& clip, int channel) {
   const Media& media = mediaOf(clip);
   const Item& item = clip.item;
+  const std::int64_t length = partLength(clip, channel);
+  const bool sounds =
+      channel == 0 || (!clip.silenced && isHeard(media, channelsOf(media)[channel - 1]));
   Element result = reference("clipitem", partId(clip, channel));
-  if (target_ == XmemlTarget::premiere && channel > 0 && clip.channels <= 2)
+  if (premiere() && channel > 0 && clip.channels <= 2)
     result.attribute("premiereChannelType", clip.channels == 1 ? "mono" : "stereo");
-  result.add(Element("name", fileName(media.path)), Element("duration", item.length),
-             xmemlRate(rate_), Element("start", item.start), Element("end", item.end()),
-             Element("in", 0), Element("out", item.length), Element("enabled", "TRUE"),
-             Element("masterclipid", masterClipId(item.media)), file(item.media),
-             sourceTrack(channel));
+  result.add(Element("name", fileName(media.path)), Element("duration", item.in + length),
+             xmemlRate(rate_), Element("start", item.start), Element("end", item.start + length),
+             Element("in", item.in), Element("out", item.in + length),
+             Element("enabled", sounds ? "TRUE" : "FALSE"),
+             Element("masterclipid", masterClipId(item.media())), file(item.media()),
+             sourceTrack(channel), xmemlLabel(devices_[item.media()], premiere()));
+  if (channel == (clip.videoTrack > 0 ? 0 : 1)) result.add(xmemlMarker(clip.clip()));
   addLinks(result, clip);
   return result;
 }
@@ -130,20 +153,30 @@ Element CompleteDocument::file(int media) {
   return reference("file", fileId(media));
 }
 
-Element CompleteDocument::bin(const std::vector<int>& media) {
+Element CompleteDocument::masterClip(int index) {
+  const Media& source = project_.media[index];
+  Element clip = reference("clip", masterClipId(index));
+  clip.add(Element("name", fileName(source.path)),
+           Element("duration", wholeUnits(lengthSeconds(source), rate_)), xmemlRate(rate_),
+           Element("masterclipid", masterClipId(index)), Element("ismasterclip", "TRUE"),
+           file(index), xmemlLabel(devices_[index], premiere()));
+  return clip;
+}
+
+Element CompleteDocument::bin(std::string_view name, const std::vector<int>& media) {
   Element children("children");
-  for (const int index : media) {
-    const Media& source = project_.media[index];
-    Element clip = reference("clip", masterClipId(index));
-    clip.add(Element("name", fileName(source.path)),
-             Element("duration", wholeUnits(source.durationSeconds, rate_)), xmemlRate(rate_),
-             Element("masterclipid", masterClipId(index)), Element("ismasterclip", "TRUE"),
-             file(index));
-    children.add(std::move(clip));
-  }
+  for (const int index : media) children.add(masterClip(index));
   Element result("bin");
-  result.add(Element("name", "Clips"), std::move(children));
+  result.add(Element("name", name), std::move(children));
   return result;
+}
+
+/// One bin for each device, in the order of the devices, then one for what found no place.
+void CompleteDocument::addBins(Element& children, const XmemlContents& contents) {
+  std::map<int, std::vector<int>> ofDevice;
+  for (const int index : contents.media) ofDevice[devices_[index]].push_back(index);
+  for (const auto& [device, media] : ofDevice) children.add(bin(names_[media.front()], media));
+  if (!contents.unsynced.empty()) children.add(bin("Unsynced", contents.unsynced));
 }
 
 }  // namespace

@@ -12,6 +12,7 @@ struct XmemlContents {
   std::string name;           // of the project
   std::vector<Group> groups;  // a sequence each
   std::vector<int> media;     // a clip each, indices into Project::media
+  std::vector<int> unsynced;  // in the groups' document: the media that stand in none
   bool shareTracks = false;   // the clips of all devices share the tracks
 };
 

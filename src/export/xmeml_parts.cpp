@@ -1,14 +1,14 @@
 #include "export/xmeml_parts.h"
 
-#include <algorithm>
+#include <array>
 
+#include "export/media.h"
+#include "export/remarks.h"
 #include "export/text.h"
 #include "export/url.h"
 
 namespace timeline {
 namespace {
-
-constexpr int kMostChannels = 32;  // a damaged header may claim any number
 
 Element group(std::string_view tag, std::initializer_list<Element> children) {
   Element result(tag);
@@ -33,18 +33,28 @@ Element codec() {
   return group("codec", {{"name", name}, application});
 }
 
+std::string_view fieldsOf(project::Scan scan) {
+  if (scan == project::Scan::progressive) return "none";
+  return scan == project::Scan::topFieldFirst ? "upper" : "lower";
+}
+
 Element pictureOf(const Media& media, FrameRate rate) {
   Element video("video");
-  if (media.width > 0 && media.height > 0)
-    video.add(group("samplecharacteristics",
-                    {xmemlRate(rate), {"width", media.width}, {"height", media.height}}));
+  const auto [width, height] = shownSize(media);
+  if (width > 0 && height > 0)
+    video.add(
+        group("samplecharacteristics", {xmemlRate(rate),
+                                        {"width", width},
+                                        {"height", height},
+                                        {"pixelaspectratio", "square"},
+                                        {"fielddominance", fieldsOf(media.facts.picture->scan)}}));
   return video;
 }
 
 Element soundOf(const Media& media) {
-  return group("audio",
-               {group("samplecharacteristics", {{"depth", 16}, {"samplerate", soundRate(media)}}),
-                {"channelcount", soundChannels(media)}});
+  return group("audio", {group("samplecharacteristics",
+                               {{"depth", soundBits(media)}, {"samplerate", soundRate(media)}}),
+                         {"channelcount", soundChannels(media)}});
 }
 
 }  // namespace
@@ -75,27 +85,44 @@ void addXmemlAudioFormat(Element& audio) {
                    {{"index", 1}, {"numchannels", 2}, {"downmix", 0}, channel(1), channel(2)})}));
 }
 
+Element xmemlTimecode(const project::Timecode& timecode, FrameRate rate) {
+  const bool counted = timebaseOf(rateOf(timecode)).framesPerSecond <= 120;  // frames, not samples
+  const FrameRate shown = counted ? rateOf(timecode) : rate;
+  return group("timecode", {xmemlRate(shown),
+                            {"string", timecodeText(timecode, shown)},
+                            {"frame", nearestUnit(timecode.seconds(), shown)},
+                            {"displayformat", timecode.dropFrame ? "DF" : "NDF"},
+                            {"source", "source"}});
+}
+
+Element xmemlLabel(int device, bool premiere) {
+  constexpr std::array<std::string_view, 8> colours{"Iris",      "Mango",  "Forest",   "Rose",
+                                                    "Caribbean", "Yellow", "Lavender", "Tan"};
+  constexpr std::array<std::string_view, 5> takes{"Good Take", "Best Take", "Alternate Shots",
+                                                  "Interviews", "B Roll"};
+  const auto index = static_cast<std::size_t>(device);
+  return group("labels", {{"label2", premiere ? colours[index % colours.size()]
+                                              : takes[index % takes.size()]}});
+}
+
+Element xmemlMarker(const Clip& clip) {
+  return group(
+      "marker",
+      {{"name", confidenceText(clip)}, {"comment", placeText(clip)}, {"in", 0}, {"out", -1}});
+}
+
 Element xmemlFileDefinition(const Media& media, const std::string& id, FrameRate sequenceRate) {
-  const bool ownRate = media.hasVideo && media.frameRate > 0;
-  // The format knows whole timebases only; an odd rate is counted in the nearest one.
-  const auto [base, ntsc] = timebaseOf(ownRate ? exactRate(media.frameRate) : sequenceRate);
-  const FrameRate rate = ntsc ? FrameRate{base * 1000, 1001} : FrameRate{base, 1};
+  const FrameRate rate = pictureRate(media, sequenceRate);
   Element content("media");
-  if (media.hasVideo) content.add(pictureOf(media, rate));
-  if (media.hasAudio) content.add(soundOf(media));
+  if (hasPicture(media)) content.add(pictureOf(media, rate));
+  if (hasSound(media)) content.add(soundOf(media));
   Element file("file");
   file.attribute("id", id);
   file.add(Element("name", fileName(media.path)),
            Element("pathurl", fileUrl(media.path, UrlStyle::editor)), xmemlRate(rate),
-           Element("duration", wholeUnits(media.durationSeconds, rate)), content);
-  return file;
+           Element("duration", wholeUnits(lengthSeconds(media), rate)));
+  if (media.facts.timecode) file.add(xmemlTimecode(*media.facts.timecode, rate));
+  return file.add(content);
 }
-
-int soundChannels(const Media& media) {
-  if (!media.hasAudio) return 0;
-  return media.audioChannels > 0 ? std::min(media.audioChannels, kMostChannels) : 2;
-}
-
-int soundRate(const Media& media) { return media.audioRate > 0 ? media.audioRate : 48000; }
 
 }  // namespace timeline

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <string>
+#include <string_view>
+
 #include "export/element.h"
 #include "export/frame_rate.h"
 #include "export/project.h"
@@ -16,13 +19,16 @@ Element xmemlVideoFormat(const Project& project);
 /// Adds what a sequence's sound needs before its tracks: outputs and sample format.
 void addXmemlAudioFormat(Element& audio);
 
+/// A timecode as the format shows it, counted in `rate`.
+Element xmemlTimecode(const project::Timecode& timecode, FrameRate rate);
+
+/// The colour of a device's clips, which differs from its neighbours'; each editor has its names.
+Element xmemlLabel(int device, bool premiere);
+
+/// How sure and exact a clip's place is.
+Element xmemlMarker(const Clip& clip);
+
 /// The whole definition of a file. Its duration counts in its own rate.
 Element xmemlFileDefinition(const Media& media, const std::string& id, FrameRate sequenceRate);
-
-/// Sound channels to write for `media`: as reported, two when there is sound but no report.
-int soundChannels(const Media& media);
-
-/// Samples in a second, as reported or 48000.
-int soundRate(const Media& media);
 
 }  // namespace timeline

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <map>
 
-#include "export/xmeml_parts.h"
+#include "export/media.h"
 
 namespace timeline {
 namespace {
@@ -13,17 +13,20 @@ struct TrackCount {
   int video = 0, audio = 0;
 };
 
-TrackSet trackSet(const Project& project, const Lane& lane, TrackCount& tracks, int& clipCount) {
+TrackSet trackSet(const Project& project, const Group& group, const Lane& lane, TrackCount& tracks,
+                  int& clipCount) {
   TrackSet set;
   int pictures = 0, sounds = 0;
   for (const Item& item : lane) {
-    const Media& media = project.media[item.media];
-    const int channels = soundChannels(media);
+    const Media& media = project.media[item.media()];
+    const int channels = item.soundLength > 0 ? soundChannels(media) : 0;
+    const bool picture = item.pictureLength > 0;
     set.channels = std::max(set.channels, channels);
-    if (media.hasVideo && set.videoTrack == 0) set.videoTrack = ++tracks.video;
+    if (picture && set.videoTrack == 0) set.videoTrack = ++tracks.video;
     set.clips.push_back({item, "clipitem-" + std::to_string(++clipCount), channels,
-                         media.hasVideo ? set.videoTrack : 0, media.hasVideo ? ++pictures : 0,
-                         tracks.audio + 1, channels > 0 ? ++sounds : 0});
+                         picture ? set.videoTrack : 0, picture ? ++pictures : 0, tracks.audio + 1,
+                         channels > 0 ? ++sounds : 0,
+                         !project.cameraSound && coveredByRecorders(project, group, item.clip)});
   }
   tracks.audio += set.channels;
   return set;
@@ -64,10 +67,13 @@ Element link(const PlacedClip& clip, int channel) {
 std::vector<TrackSet> trackSets(const Project& project, const Group& group, bool shareTracks,
                                 int& clipCount) {
   const std::vector<int> keys = trackKeys(project, shareTracks);
+  const std::vector<std::string> names = deviceNames(project);
   std::vector<TrackSet> sets;
   TrackCount tracks;
-  for (const Lane& lane : lanes(onGrid(project, group, {exactRate(project.fps)}), keys))
-    sets.push_back(trackSet(project, lane, tracks, clipCount));
+  for (const Lane& lane : lanes(onGrid(project, group, {exactRate(project.fps)}), keys)) {
+    sets.push_back(trackSet(project, group, lane, tracks, clipCount));
+    sets.back().name = shareTracks ? group.name : names[lane.front().media()];
+  }
   return sets;
 }
 

@@ -16,12 +16,16 @@ struct PlacedClip {
   int channels;  // 0: no sound
   int videoTrack, videoPosition;
   int audioTrack, audioPosition;
+  bool silenced;  // a recorder sounds in its place
+
+  const Clip& clip() const { return item.clip; }
 };
 
 /// The clips of one device that do not overlap and have the same number of sound channels (or no
 /// sound), so that a track is mono or stereo throughout.
 struct TrackSet {
   std::vector<PlacedClip> clips;  // by start
+  std::string name;               // of the device
   int videoTrack = 0;             // 0: no clip has a picture
   int channels = 0;               // of the sound; as many audio tracks
 };

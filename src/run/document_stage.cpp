@@ -37,6 +37,7 @@ void writeDocuments(const timeline::Project& project, const std::string& folder,
       services.clock.timeOfDay(), options.formats,
       options.compactXmeml ? timeline::XmemlForm::compact : timeline::XmemlForm::complete};
   const timeline::Documents written = timeline::documents(project, wanted, services.console);
+  if (!written.error.empty()) outcome.notices.push_back(written.error + ".");
   for (const std::string& line : written.log) report::appendLogLine(line);
   const int count = static_cast<int>(written.files.size());
   for (int i = 0; i < count; ++i) {

@@ -15,8 +15,8 @@ namespace run {
 /// What a run's settings are, as `synco` takes them.
 struct Settings {
   double tolerance = 0;
-  int width = 0, height = 0;  // pixels
-  float framesPerSecond = 0;
+  int width = 0, height = 0;  // pixels; 0: as the pictures are
+  float framesPerSecond = 0;  // 0: as the pictures are
   int mode = 0;  // the mode flag
 };
 

@@ -20,7 +20,8 @@ constexpr int kMostTracks = 16;
 std::vector<TrackChoice> otherChoices(const MediaProperties& media) {
   std::vector<TrackChoice> choices;
   if (media.firstSound().channels > 1) choices.push_back({0, true});
-  for (int track = 1; track < std::min(static_cast<int>(media.facts.sounds.size()), kMostTracks); ++track) {
+  for (int track = 1; track < std::min(static_cast<int>(media.facts.sounds.size()), kMostTracks);
+       ++track) {
     choices.push_back({track, false});
     choices.push_back({track, true});
   }
@@ -37,7 +38,7 @@ std::string sentence(const std::string& path, const TrackChoice& choice) {
 }
 
 /// Tries the choices one after the other; returns what to say if one took the place of the sound.
-std::string tryOthers(const Entry& entry, const fs::path& trial, const Services& services) {
+std::string tryOthers(Entry& entry, const fs::path& trial, const Services& services) {
   const double level = levelOf(entry.converted);
   for (const TrackChoice& choice : otherChoices(entry.media)) {
     if (services.cancelled) break;
@@ -51,23 +52,25 @@ std::string tryOthers(const Entry& entry, const fs::path& trial, const Services&
     std::error_code error;
     fs::copy_file(trial, report::fromUtf8(entry.converted), fs::copy_options::overwrite_existing,
                   error);
-    return error ? std::string() : sentence(entry.listed, choice);
+    if (error) return {};
+    entry.heardStream = choice.track;
+    return sentence(entry.listed, choice);
   }
   return {};
 }
 
 }  // namespace
 
-std::vector<std::string> useOtherTracks(const std::vector<Entry>& entries, TemporaryFolder& spare,
+std::vector<std::string> useOtherTracks(std::vector<Entry>& entries, TemporaryFolder& spare,
                                         const Services& services) {
-  std::vector<const Entry*> quiet(entries.size(), nullptr);
+  std::vector<Entry*> quiet(entries.size(), nullptr);
 #pragma omp parallel for schedule(dynamic)
   for (std::size_t i = 0; i < entries.size(); ++i)
     if (entries[i].isFile() && !otherChoices(entries[i].media).empty() &&
         isQuieterThan(entries[i].converted, kNearlySilent))
       quiet[i] = &entries[i];
   std::vector<std::string> told;
-  for (const Entry* entry : quiet) {
+  for (Entry* entry : quiet) {
     if (!entry || spare.path().empty()) continue;
     const fs::path trial = spare.path() / "other-track.wav";
     if (std::string said = tryOthers(*entry, trial, services); !said.empty())

@@ -265,8 +265,12 @@ project::Settings projectSettings(const Settings& settings, const Options& optio
   before.mode = settings.mode;
   before.bySound = options.align;
   // as it is written: the nearest double to the float would show as 29.969999313354492
-  before.framesPerSecond = std::round(settings.framesPerSecond * 1000.0) / 1000;
-  before.frameSize = project::FrameSize{settings.width, settings.height};
+  before.framesPerSecond.reset();
+  if (settings.framesPerSecond > 0)
+    before.framesPerSecond = std::round(settings.framesPerSecond * 1000.0) / 1000;
+  before.frameSize.reset();
+  if (settings.width > 0 && settings.height > 0)
+    before.frameSize = project::FrameSize{settings.width, settings.height};
   before.formats = options.formats;
   before.compactXmeml = options.compactXmeml;
   return before;

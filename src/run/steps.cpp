@@ -2,6 +2,7 @@
 
 #include "analysis/sound.h"
 #include "export/from_project.h"
+#include "export/sequence.h"
 #include "project/project_file.h"
 #include "report/diagnostics.h"
 #include "run/clock.h"
@@ -151,6 +152,9 @@ void Steps::write() {
   writeTables(comparison_.table, services_, outcome_);
   for (const Entry& entry : material_.entries)
     if (entry.isFile()) services_.console.line("fpss:" + entry.frameRate);
+  const timeline::Sequence sequence = timeline::sequenceOf(project_);
+  addNotice(sequence.why);
+  for (const std::string& notice : sequence.notices) addNotice(notice);
   (void)makeResultsFolders();
   if (options_.openFolders) services_.desktop.command(resultsFolder());
   writeDocuments(timeline::timelineOf(project_), resultsFolder(), options_, services_, outcome_);

@@ -1,5 +1,6 @@
 #include "run/sync_run.h"
 
+#include "export/sequence.h"
 #include "report/diagnostics.h"
 #include "report/read2sync.h"
 #include "run/steps.h"
@@ -17,10 +18,11 @@ struct SyncRun::State {
 namespace {
 
 /// The page for people; in place of the one of an earlier run.
-void writePage(const Outcome& outcome, const Settings& settings, bool bySound) {
-  std::string page =
-      report::read2syncPage(outcome, {settings.tolerance, settings.mode, settings.framesPerSecond,
-                                      settings.width, settings.height, bySound});
+void writePage(const Outcome& outcome, const Settings& settings, const timeline::Sequence& sequence,
+               bool bySound) {
+  std::string page = report::read2syncPage(
+      outcome, {settings.tolerance, settings.mode, static_cast<float>(sequence.fps), sequence.width,
+                sequence.height, bySound});
   if (page.ends_with('\n')) page.pop_back();
   report::removeRead2SyncFile();
   report::appendRead2SyncLine(page);
@@ -42,7 +44,7 @@ std::vector<std::string> SyncRun::synco(std::vector<std::string> videofiles, dou
       Steps(state.services, state.options, settings, state.outcome, state.project, state.spare)
           .run(videofiles);
   state.outcome.status = result.front();
-  writePage(state.outcome, settings, state.options.align);
+  writePage(state.outcome, settings, timeline::sequenceOf(state.project), state.options.align);
   return result;
 }
 

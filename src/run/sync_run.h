@@ -60,7 +60,7 @@ class SyncRun {
 
   /// The whole run, in the calling thread. `videofiles` holds paths and device group markers;
   /// `a_d` is the tolerance, `resx` x `resy` pixels and `frps` frames per second the sequence,
-  /// `prem` the mode flag. Returns a status text, then the files that were ignored.
+  /// `prem` the mode flag; rate and size are 0 to follow the pictures. Returns a status text, then the files that were ignored.
   std::vector<std::string> synco(std::vector<std::string> videofiles, double a_d, int resx,
                                  int resy, float frps, int prem);
 

@@ -26,6 +26,11 @@ TEST(Arguments, SettingsTakeTheirValues) {
                 "--formats", "fcpx,vegas", "--xmeml-form", "compact", "--no-align"});
   EXPECT_EQ(given.tolerance, run::kSlowTolerance);
   EXPECT_EQ(given.framesPerSecond, 29.97);
+  EXPECT_EQ(accepted({"a"}).framesPerSecond, 0);  // automatic
+  EXPECT_EQ(accepted({"a", "--fps", "auto", "--size", "auto"}).width, 0);
+  EXPECT_EQ(accepted({"a", "--fps", "30000/1001"}).framesPerSecond, 29.97);
+  EXPECT_EQ(accepted({"a", "--fps", "23.98"}).framesPerSecond, 23.976);
+  EXPECT_EQ(accepted({"a", "--size", "1080p"}).height, 1080);
   EXPECT_EQ(std::pair(given.width, given.height), std::pair(1280, 720));
   EXPECT_EQ(given.mode, 0);
   EXPECT_EQ(given.formats, (Strings{"fcpx", "vegas"}));
@@ -41,8 +46,8 @@ TEST(Arguments, WrongUsageNamesTheOptionAndTheRemedy) {
   };
   const Case cases[] = {{{}, "recording", "folder"},
                         {{"a", "--fps", "26"}, "--fps", "23.976 24 25"},
-                        {{"a", "--size", "1920"}, "--size", "1920x1080"},
-                        {{"a", "--size", "0x99999"}, "--size", "1920x1080"},
+                        {{"a", "--size", "1920"}, "--size", "1080p"},
+                        {{"a", "--size", "0x99999"}, "--size", "1080p"},
                         {{"a", "--speed", "quick"}, "--speed", "fast, default or slow"},
                         {{"a", "--tolerance", "1"}, "--tolerance", "between 0 and 1"},
                         {{"a", "--tolerance", "0,9"}, "--tolerance", "between 0 and 1"},

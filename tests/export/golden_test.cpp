@@ -66,6 +66,6 @@ INSTANTIATE_TEST_SUITE_P(
                XmemlForm::complete,
                {"fcp", "premiere", "fcpx", "fcpx110", "vegas"}},
         Sample{"29.97-compact", 29.97, 1280, 720, XmemlForm::compact, {"fcp", "premiere"}},
-        Sample{"59.94", 59.94, 1000, 500, XmemlForm::complete, {"fcp", "fcpx", "otio"}}));
+        Sample{"59.94", 59.94, 1000, 500, XmemlForm::complete, {"fcp", "fcpx", "otio", "rpp"}}));
 
 }  // namespace

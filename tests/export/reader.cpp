@@ -3,6 +3,7 @@
 #include <cmath>
 #include <map>
 #include <nlohmann/json.hpp>
+#include <numeric>
 #include <pugixml.hpp>
 #include <set>
 #include <sstream>
@@ -158,18 +159,33 @@ class Fcpxml {
 
   std::vector<Placed> clips() {
     std::vector<Placed> result;
+    std::map<std::string, std::int64_t> shown;  // of each multicam, by its cuts
     for (const auto& found : document_.select_nodes("//mc-clip")) {
-      const xml_node media = byId_.at(found.node().attribute("ref").value());
+      std::int64_t& end = shown[found.node().attribute("ref").value()];
+      require(frames(found.node(), "start", rate_) == end, "the cuts do not follow one another");
+      end += frames(found.node(), "duration", rate_);
+      checkSources(found.node());
+    }
+    for (const auto& [id, length] : shown) {
+      const xml_node media = byId_.at(id);
       std::int64_t end = 0;
       int number = 0;
       for (const xml_node angle : media.child("multicam").children())
         end = std::max(end, readAngle(angle, media.attribute("name").value(), ++number, result));
-      require(end == frames(found.node(), "duration", rate_), "the multicam has another length");
+      require(end == length, "the multicam has another length");
     }
     return result;
   }
 
  private:
+  /// The angles of a cut are those of its multicam.
+  void checkSources(const xml_node& cut) {
+    const xml_node angles = byId_.at(cut.attribute("ref").value()).child("multicam");
+    for (const auto& name : cut.select_nodes("@videoAngleID | @audioAngleID | mc-source/@angleID"))
+      require(angles.find_child_by_attribute("angleID", name.attribute().value()),
+              "a cut to no angle");
+  }
+
   std::int64_t readAngle(const xml_node& angle, const std::string& group, int number,
                          std::vector<Placed>& result) {
     std::int64_t end = 0;
@@ -188,20 +204,34 @@ class Fcpxml {
     const xml_node inner = item.attribute("ref") ? item : item.first_child();
     const xml_node asset = byId_.at(inner.attribute("ref").value());
     const xml_node source = asset.child("media-rep") ? asset.child("media-rep") : asset;
-    const double length =
-        seconds(inner, "duration") + (inner.attribute("start") ? seconds(inner, "start") : 0);
-    require(length < seconds(asset, "duration") + 1e-9, "longer than the media");
+    requireInside(inner, asset);
+    for (const auto& found : inner.select_nodes("audio")) requireInside(found.node(), asset);
     require(seconds(item, "duration") < seconds(asset, "duration") + 1e-9, "longer than the media");
-    Placed clip{group, decoded(source.attribute("src").value()),
-                0,     start,
-                end,   frames(item, "start", rate_),
-                number};
+    const double in = seconds(inner, "start") - seconds(asset, "start");
+    Placed clip{group, decoded(source.attribute("src").value()), 0, start, end, 0, number};
     if (!asset.attribute("hasVideo")) {
       clip.channel = 1;
-      clip.soundAt =
-          timeline::toSeconds(start, rate_) + seconds(inner, "offset") - seconds(inner, "start");
+      clip.soundAt = timeline::toSeconds(start, rate_) + seconds(inner, "offset") - in;
+    } else {
+      clip.in = std::llround(in * double(rate_.units) / double(rate_.seconds));
     }
     result.push_back(clip);
+  }
+
+  /// What is shown lies between the media's own start and end, to the last unit.
+  static void requireInside(const xml_node& part, const xml_node& asset) {
+    const auto [start, startUnit] = fraction(part, "start");
+    const auto [length, lengthUnit] = fraction(part, "duration");
+    const auto [first, firstUnit] = fraction(asset, "start");
+    const auto [whole, wholeUnit] = fraction(asset, "duration");
+    using Exact = __int128;
+    const auto common =
+        Exact(std::lcm(std::lcm(startUnit, lengthUnit), std::lcm(firstUnit, wholeUnit)));
+    const auto at = [&](std::int64_t n, std::int64_t unit) { return Exact(n) * (common / unit); };
+    require(at(start, startUnit) >= at(first, firstUnit), "before the media");
+    require(at(start, startUnit) + at(length, lengthUnit) <=
+                at(first, firstUnit) + at(whole, wholeUnit),
+            "past the media");
   }
 
   pugi::xml_document document_;
@@ -209,23 +239,41 @@ class Fcpxml {
   std::map<std::string, xml_node> byId_;
 };
 
-std::int64_t frames(const Json& time, timeline::FrameRate rate) {
-  require(time.at("rate") == static_cast<double>(rate.units) / static_cast<double>(rate.seconds),
-          "another rate");
-  return time.at("value").get<std::int64_t>();
+double secondsOf(const Json& time) {
+  return time.at("value").get<double>() / time.at("rate").get<double>();
+}
+
+/// The frame that a moment of a track of pictures is; of a track of samples the nearest.
+std::int64_t frameAt(double seconds, timeline::FrameRate rate, bool samples) {
+  const double frames = seconds * double(rate.units) / double(rate.seconds);
+  require(samples || std::abs(frames - std::round(frames)) < 1e-3, "off the frames");
+  return std::llround(frames);
+}
+
+void requireInside(const Json& clip) {
+  const Json& used = clip.at("source_range");
+  const Json& there = clip.at("media_reference").at("available_range");
+  const double first = secondsOf(there.at("start_time")), start = secondsOf(used.at("start_time"));
+  require(start >= first - 1e-6, "before the media");
+  require(start + secondsOf(used.at("duration")) <= first + secondsOf(there.at("duration")) + 1e-6,
+          "past the media");
+  require(!clip.at("markers").at(0).at("comment").get<std::string>().empty(), "no comment");
 }
 
 void readTrack(const Json& track, const std::string& group, int number, timeline::FrameRate rate,
                std::vector<Placed>& result) {
-  std::int64_t at = 0;
+  double at = 0;
   for (const Json& item : track.at("children")) {
-    const Json& range = item.at("source_range");
-    const std::int64_t length = frames(range.at("duration"), rate);
-    if (item.at("OTIO_SCHEMA") == "Clip.1")
+    const Json& length = item.at("source_range").at("duration");
+    const bool samples = length.at("rate").get<double>() > 1000;
+    const double end = at + secondsOf(length);
+    if (item.at("OTIO_SCHEMA") == "Clip.1") {
+      requireInside(item);
       result.push_back({group, decoded(item.at("media_reference").at("target_url")),
-                        track.at("kind") == "Video" ? 0 : 1, at, at + length,
-                        frames(range.at("start_time"), rate), number});
-    at += length;
+                        track.at("kind") == "Video" ? 0 : 1, frameAt(at, rate, samples),
+                        frameAt(end, rate, samples), 0, number, samples ? at : 0});
+    }
+    at = end;
   }
 }
 
@@ -247,12 +295,10 @@ std::vector<Placed> fcpxml(const std::string& text, timeline::FrameRate rate) {
 std::vector<Placed> otio(const std::string& text, timeline::FrameRate rate) {
   const Json root = Json::parse(text);
   std::vector<Placed> result;
-  const Json timelines = root.at("OTIO_SCHEMA") == "Timeline.1" ? Json{root} : root.at("children");
-  for (const Json& timeline : timelines) {
-    std::map<std::string, int> numbers;
-    for (const Json& track : timeline.at("tracks").at("children"))
-      readTrack(track, timeline.at("name"), ++numbers[track.at("kind")], rate, result);
-  }
+  require(root.at("OTIO_SCHEMA") == "Timeline.1", "no timeline");
+  std::map<std::string, int> numbers;
+  for (const Json& track : root.at("tracks").at("children"))
+    readTrack(track, root.at("name"), ++numbers[track.at("kind")], rate, result);
   return result;
 }
 

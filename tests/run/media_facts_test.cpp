@@ -56,7 +56,7 @@ TEST(MediaFacts, TellHowAPictureIsShown) {
       factsOf(folder, "tape.m2t",
               {picture("25", "scale=1440:1080,setsar=4/3,setfield=tff"),
                kSound,
-               {"-flags", "+ilme+ildct", "-c:v", "mpeg2video", "-f", "mpegts"}});
+               {"-flags", "+ilme+ildct", "-top", "1", "-c:v", "mpeg2video", "-f", "mpegts"}});
   EXPECT_NEAR(tape.picture->pixelAspect, 4.0 / 3, 0.01);
   EXPECT_EQ(tape.picture->scan, project::Scan::topFieldFirst);
   EXPECT_FALSE(tape.timecode);  // what stands in the picture's stream is no camera's track
