@@ -83,7 +83,6 @@ Rectangle {
 
     SyncSettings {
         id: settings
-
     }
 
     MediaCollector {
