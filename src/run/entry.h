@@ -18,8 +18,8 @@ struct Entry {
   std::string frameRate;     // as reported; "999" where there is no picture
   ProcessResult conversion;  // how ffmpeg ended
   MediaProperties media;
-  int heardStream = 0;  // the sound stream that was listened to
   int device = -1;      // files of one device share it; -1: a device of its own
+  int heardStream = 0;  // the sound stream that was listened to
 
   bool isFile() const;
   /// Frames per second; none for sound.

@@ -115,6 +115,7 @@ void Filling::takeFacts() {
     project::MediaFile& main = recording->files.front();
     project::stamp(main);
     if (entry.media.opened) main.facts = entry.media.facts;
+    recording->heardStream = entry.heardStream;
     recording->soundStartSeconds = entry.media.firstSound().startSeconds;
     recording->lengthSeconds = clipSeconds(material, file);
     recording->usable = true;
