@@ -1,7 +1,11 @@
-// What a whole run costs: the time of the conversions alone and of each stage in one go, hours of
-// sound per second of each stage, and peak memory.
-//   run_bench [FILE...]    with the given recordings (whole paths); without, with four of ten
-//   minutes made here
+// What a whole run costs beside the decoding alone (every file by an ffmpeg of its own, with -vn):
+// the time of each stage in one go, wall and processor time, hours of sound per second, peak
+// memory. Conversions, probing and fingerprints overlap: what the stage of the fingerprints takes
+// is what was left of them.
+//   run_bench [--no-place] [FILE...]    with the given recordings (whole paths); without, with four
+//   of ten minutes made here. --no-place: the votes' offsets, without placement by sound
+#include <sys/resource.h>
+
 #include <chrono>
 #include <cstdio>
 #include <filesystem>
@@ -66,12 +70,34 @@ void show(const char* what, double seconds, double hours) {
   std::printf("%-22s %8.2f s  %8.3f h of sound/s\n", what, seconds, hours / seconds);
 }
 
-double measureConversions(const std::vector<std::string>& files, const run::Services& services) {
-  const auto start = std::chrono::steady_clock::now();
-  (void)run::convertAll(files, services);
-  const double seconds = Seconds(std::chrono::steady_clock::now() - start).count();
-  run::removeConverted(run::ownConvertedNames(files));
+/// Processor time of this process and of all programs that it waited for.
+double processorSeconds() {
+  double seconds = 0;
+  for (const int who : {RUSAGE_SELF, RUSAGE_CHILDREN}) {
+    rusage usage = {};
+    getrusage(who, &usage);
+    for (const timeval& time : {usage.ru_utime, usage.ru_stime})
+      seconds += static_cast<double>(time.tv_sec) + 1e-6 * static_cast<double>(time.tv_usec);
+  }
   return seconds;
+}
+
+struct Cost {
+  double wall = 0, processor = 0;  // seconds
+};
+
+template <class Work>
+Cost costOf(Work&& work) {
+  const auto start = std::chrono::steady_clock::now();
+  const double before = processorSeconds();
+  work();
+  return {Seconds(std::chrono::steady_clock::now() - start).count(), processorSeconds() - before};
+}
+
+Cost measureDecoding(const std::vector<std::string>& files, const run::Services& services) {
+  const Cost cost = costOf([&] { (void)run::convertAll(files, services); });
+  run::removeConverted(run::ownConvertedNames(files));
+  return cost;
 }
 
 void showStages(const Stopwatch& stopwatch, Moment start, double hours) {
@@ -88,28 +114,31 @@ void showStages(const Stopwatch& stopwatch, Moment start, double hours) {
 int main(int argc, char** argv) {
   const Folder folder;
   report::useProfileFolder(folder.file("profile"));
-  const std::vector<std::string> files =
-      argc > 1 ? std::vector<std::string>(argv + 1, argv + argc) : makeRecordings(folder);
+  std::vector<std::string> files(argv + 1, argv + argc);
+  run::Options options;
+  options.align = std::erase(files, "--no-place") == 0;
+  if (files.empty()) files = makeRecordings(folder);
   std::filesystem::current_path(folder.path());  // the two tables go there
   report::NoConsole console;
   const std::atomic<bool> never = false;
   run::SystemServices system;
   Stopwatch unused, stopwatch;
   const double hours = hoursOf(files, system.probe());
-  const double conversions = measureConversions(files, system.with(console, unused, never));
+  const Cost decoding = measureDecoding(files, system.with(console, unused, never));
 
-  run::Options options;
   options.openFolders = false;
   run::SyncRun run(system.with(console, stopwatch, never), options);
   const auto start = std::chrono::steady_clock::now();
-  run.synco(files, 0.99, 1920, 1080, 25, 1);
-  const double whole = Seconds(std::chrono::steady_clock::now() - start).count();
+  const Cost whole = costOf([&] { run.synco(files, 0.99, 1920, 1080, 25, 1); });
 
   std::printf("%zu recordings, %.2f h of sound, %zu group(s)\n", files.size(), hours,
               run.outcome().groups.size());
-  show("conversions alone", conversions, hours);
-  show("whole run", whole, hours);
+  show("decoding alone", decoding.wall, hours);
+  show("whole run", whole.wall, hours);
   showStages(stopwatch, start, hours);
-  std::printf("whole run / conversions alone: %.2f\n", whole / conversions);
+  std::printf("processor time: %.2f s, decoding alone %.2f s\n", whole.processor,
+              decoding.processor);
+  std::printf("whole run / decoding alone: %.2f wall, %.2f processor\n", whole.wall / decoding.wall,
+              whole.processor / decoding.processor);
   std::printf("peak memory: %.0f MiB\n", bench::peakMemoryMiB());
 }

@@ -4,6 +4,7 @@
 #include <atomic>
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -24,6 +25,12 @@ MatrixXLI fingerprint(std::span<const float> samples, float a_dec);
 void extract_peaks(MatrixXLI& out, const std::string& path, int file, float* duration, float a_dec,
                    float target_df, float target_dt, int shift, report::Console& console);
 
+/// A file's fingerprint and its length in whole seconds.
+struct Heard {
+  MatrixXLI fingerprint;
+  float seconds = 0;
+};
+
 /// What `fingerprint_all` tells while it works. Every function may be empty, and is called from
 /// several threads at once.
 struct FingerprintListener {
@@ -32,7 +39,12 @@ struct FingerprintListener {
   std::function<void(int)> moveprogress;                // pixels, 0 to 651
   std::function<void(int)> fileDone;                    // the file's index
   std::function<bool()> cancelled;  // polled; once true, files not yet done stay without landmarks
+  std::function<std::optional<Heard>(int)> known = {};  // asked first: what need not be heard again
 };
+
+/// The fingerprint of one WAV file as `fingerprint_all` makes it, with its lines on the console and
+/// none of the listener's other calls. Callable from several threads at once.
+Heard fingerprintFile(const std::string& path, float a_dec, const FingerprintListener& listener);
 
 /// Fingerprints the WAV files `names` on the OpenMP team, one file per iteration: fills `all` and
 /// the durations `traenje` (their length), each by index. A file without sound has zero rows

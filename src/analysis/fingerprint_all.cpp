@@ -19,28 +19,21 @@ void appendLogLine(const FingerprintListener& listener, std::string_view text) {
   if (listener.appendLogLine) listener.appendLogLine(text);
 }
 
-MatrixXLI fingerprintFile(const std::string& path, float a_dec, float& duration,
-                          const FingerprintListener& listener) {
-  auto delays = landmarksOfFile(path, kShifts, duration, {a_dec}, listener.console,
-                                [&] { return isCancelled(listener); });
+MatrixXLI combined(std::vector<std::vector<Landmark>> delays, report::Console& console) {
   Collection collection(std::move(delays));
   const std::string rule(55, '$');
-  listener.console.line(rule);
-  listener.console.line(line("kombinirani maksovi nroj e:", collection.rows()));  // combined peaks
-  listener.console.line(rule);
-  listener.console.line("727");
+  console.line(rule);
+  console.line(line("kombinirani maksovi nroj e:", collection.rows()));  // combined peaks
+  console.line(rule);
+  console.line("727");
   return std::move(collection).sorted();
 }
 
-// One unreadable or too large file stays without landmarks; the others go on.
-MatrixXLI fingerprintOrNone(const std::string& path, float a_dec, float& duration,
-                            const FingerprintListener& listener) {
-  try {
-    return fingerprintFile(path, a_dec, duration, listener);
-  } catch (const std::exception& error) {
-    appendLogLine(listener, line("cannot fingerprint ", path, ": ", error.what()));
-    return emptyFingerprint();
-  }
+Heard hearOrKnown(const std::string& path, int file, float a_dec,
+                  const FingerprintListener& listener) {
+  if (listener.known)
+    if (std::optional<Heard> heard = listener.known(file)) return std::move(*heard);
+  return fingerprintFile(path, a_dec, listener);
 }
 
 // Threads may lose an update of each other's; that only disturbs the bar.
@@ -54,6 +47,20 @@ void moveBar(std::atomic<std::uint32_t>& progress, float weight, Eigen::Index ro
 
 }  // namespace
 
+// One unreadable or too large file stays without landmarks; the others go on.
+Heard fingerprintFile(const std::string& path, float a_dec, const FingerprintListener& listener) {
+  Heard heard;
+  try {
+    auto delays = landmarksOfFile(path, kShifts, heard.seconds, {a_dec}, listener.console,
+                                  [&] { return isCancelled(listener); });
+    heard.fingerprint = combined(std::move(delays), listener.console);
+  } catch (const std::exception& error) {
+    appendLogLine(listener, line("cannot fingerprint ", path, ": ", error.what()));
+    heard.fingerprint = emptyFingerprint();
+  }
+  return heard;
+}
+
 void fingerprint_all(std::span<const std::string> names, std::span<MatrixXLI> all,
                      Eigen::VectorXf& traenje, float a_dec, std::atomic<std::uint32_t>& progress,
                      float weight, const FingerprintListener& listener) {
@@ -62,9 +69,9 @@ void fingerprint_all(std::span<const std::string> names, std::span<MatrixXLI> al
   for (int file = 0; file < count; ++file) {
     if (isCancelled(listener)) continue;
     appendLogLine(listener, "687");
-    float duration = 0;
-    all[file] = fingerprintOrNone(names[file], a_dec, duration, listener);
-    traenje[file] = duration;
+    Heard heard = hearOrKnown(names[file], file, a_dec, listener);
+    all[file] = std::move(heard.fingerprint);
+    traenje[file] = heard.seconds;
     listener.console.line("posle namaluvanje");  // after the reduction
     const Eigen::Index rows = all[file].rows();
     appendLogLine(listener, line("vkupniot broj na maksovi:", static_cast<float>(2 * rows)));

@@ -43,7 +43,7 @@ bool forEachFrame(SampleSource& source, std::span<const int> shifts, const UsePo
     for (std::size_t i = 0; i < shifts.size(); ++i)
       usePiece(transform, piece.data() + (longest - shifts[i]), frames, i, use);
   }
-  const std::array<float, kSilentFrames * kBins> silence = {};
+  const std::array<float, kSilentFrames* kBins> silence = {};
   for (std::size_t i = 0; i < shifts.size(); ++i) use(i, silence.data(), kSilentFrames);
   return true;
 }

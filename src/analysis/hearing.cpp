@@ -30,9 +30,8 @@ void logDelay(const SamplesInFile& source, const std::string& path, float decay,
   console.line("posle specgram");  // after specgram
   if (source.empty()) return;
   const float duration = source.wholeSeconds();
-  console.line(line("filename:", path, "b=", duration / 70000, "  duration:", duration,
-                    "  A_DEC=:", decay, " ----", "specrgram:", kBins, "  -- ",
-                    frameCount(source.length())));
+  console.line(line("filename:", path, "b=", duration / 70000, "  duration:", duration, "  A_DEC=:",
+                    decay, " ----", "specrgram:", kBins, "  -- ", frameCount(source.length())));
   if (!found) console.line("LL<2 pred return..");  // before the return
 }
 

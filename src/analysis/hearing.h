@@ -16,9 +16,9 @@ struct HearingSettings {
   TargetZone zone = {};
 };
 
-/// The landmarks of one recording heard with each of `shifts`, in the order in which they are found;
-/// none where there is only one. The memory grows with the landmarks and not with the sound. None at
-/// all when `stop`, polled every few seconds of sound, ended it. Callable from any thread.
+/// The landmarks of one recording heard with each of `shifts`, in the order in which they are
+/// found; none where there is only one. The memory grows with the landmarks and not with the sound.
+/// None at all when `stop`, polled every few seconds of sound, ended it. Callable from any thread.
 std::vector<std::vector<Landmark>> landmarksOf(SampleSource& source, std::span<const int> shifts,
                                                const HearingSettings& settings,
                                                const std::function<bool()>& stop = {});

@@ -38,7 +38,7 @@ class LevelMeter {
 
   float faint_;
   float largest_ = 0;
-  double logSum_ = 0;       // of the powers that are not faint
+  double logSum_ = 0;        // of the powers that are not faint
   std::uint64_t count_ = 0;  // of all powers
   std::vector<std::uint32_t> faintOfSize_ = std::vector<std::uint32_t>(kSizes, 0);
 };

@@ -42,8 +42,8 @@ class ForwardPeaks {
   Eigen::Index frames_;
   float decay_;
   std::int64_t capacity_;
-  Eigen::Index taken_ = 0;      // frames
-  std::vector<float> first_;    // frames that wait for the envelope to begin with all of them
+  Eigen::Index taken_ = 0;    // frames
+  std::vector<float> first_;  // frames that wait for the envelope to begin with all of them
   std::optional<Envelope> envelope_;
   std::vector<Peak> peaks_;
   std::array<float, kBins> last_ = {};

@@ -18,8 +18,8 @@ using Spectrogram = Eigen::MatrixXf;
 /// Takes the next column (kBins values) of the spectrogram at `index`.
 using UseColumn = std::function<void(std::size_t index, const float* column)>;
 
-/// Works out one spectrogram for each of `shifts`, column by column: the sound is delayed by as many
-/// samples, so that an onset between two frames is seen by another shift. All columns of one
+/// Works out one spectrogram for each of `shifts`, column by column: the sound is delayed by as
+/// many samples, so that an onset between two frames is seen by another shift. All columns of one
 /// spectrogram come in their order, those of different ones by turns. Sound without any level
 /// gives no numbers (NaN). `source` is read twice and no spectrogram is kept: the memory does not
 /// depend on its length. False when `stop`, polled every few seconds of sound, ended it.

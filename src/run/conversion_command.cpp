@@ -1,6 +1,7 @@
 #include "run/conversion_command.h"
 
 #include <filesystem>
+#include <initializer_list>
 
 #include "report/files.h"
 #include "run/entries.h"
@@ -31,6 +32,27 @@ Command conversionCommand(std::string_view programFolder, std::string_view entry
   return {line,
           {"ffmpeg", "-i", fileArgument(source), "-vn", "-acodec", "pcm_s16le", "-ar", "8000",
            "-ac", "1", "-f", "wav", "-y", fileArgument(target)}};
+}
+
+Command batchCommand(std::string_view programFolder, std::span<const std::string> entries) {
+  Command command{"\"", {"ffmpeg"}};
+  command.windowsLine.append(programFolder).append("ffmpeg.exe\"");
+  const auto add = [&](std::initializer_list<std::string> words) {
+    command.arguments.insert(command.arguments.end(), words);
+  };
+  for (const std::string& entry : entries) {
+    command.windowsLine.append(" -i \"").append(entry) += '"';
+    add({"-i", fileArgument(entry)});
+  }
+  for (std::size_t i = 0; i < entries.size(); ++i) {
+    const std::string input = std::to_string(i), target = convertedName(entries[i]);
+    command.windowsLine.append(" -map ").append(input).append(":a -map_metadata ").append(input);
+    command.windowsLine.append(" -vn -acodec pcm_s16le -ar 8000 -ac 1 -f wav -y \"");
+    command.windowsLine.append(target) += '"';
+    add({"-map", input + ":a", "-map_metadata", input, "-vn", "-acodec", "pcm_s16le", "-ar", "8000",
+         "-ac", "1", "-f", "wav", "-y", fileArgument(target)});
+  }
+  return command;
 }
 
 Command trackCommand(std::string_view programFolder, std::string_view entry,

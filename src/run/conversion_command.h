@@ -1,5 +1,6 @@
 #pragma once
 
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -14,6 +15,11 @@ std::string programFolder();
 /// overwritten. On Windows a double quote in a name breaks the command line, elsewhere any name
 /// works. Pure.
 Command conversionCommand(std::string_view programFolder, std::string_view entry);
+
+/// Converts several entries in one process, which spares starting a program for each: for every one
+/// the same options, its own input and its own properties. Fails as a whole if one of the entries
+/// cannot be opened or has another number of sound tracks than one. Pure.
+Command batchCommand(std::string_view programFolder, std::span<const std::string> entries);
 
 /// One of a file's sound tracks, counted from 0: all of its channels, or the first of them alone.
 struct TrackChoice {

@@ -1,8 +1,11 @@
 #pragma once
 
+#include <functional>
+#include <span>
 #include <string>
 #include <vector>
 
+#include "run/media_probe.h"
 #include "run/process.h"
 #include "run/sync_run.h"
 
@@ -12,8 +15,17 @@ namespace run {
 /// how each went, in list order; whether a conversion worked is told by the size of its file.
 /// A file is left out whose converted name is itself in the list, because no source may be
 /// overwritten. Stops at the next file when the run is cancelled.
+///
+/// `media`, where given, is what the entries say of themselves: short ones then share a process.
+/// `converted`, where given, is called for each entry that was tried, from any thread, at a time
+/// when no conversion waits to be begun; when all is returned, all of that is done as well.
 std::vector<ProcessResult> convertAll(const std::vector<std::string>& entries,
-                                      const Services& services);
+                                      const Services& services,
+                                      std::span<const MediaProperties> media = {},
+                                      const std::function<void(int)>& converted = {});
+
+/// Whether an entry is something that comes to an end: no pipe and no device.
+bool isRegularOrMissing(const std::string& entry);
 
 /// The converted names of the list's files without those that are themselves in the list: what a
 /// run may delete.

@@ -11,7 +11,12 @@
 namespace run {
 
 MissingPrograms missingPrograms(const std::vector<Entry>& entries, MediaProbe& probe) {
-  return {entries.front().conversion.started.error, !probe.available()};
+  MissingPrograms missing{{}, !probe.available()};
+  for (const Entry& entry : entries) {
+    const std::string& error = entry.conversion.started.error;
+    if (missing.ffmpeg.empty() && error.starts_with("cannot start")) missing.ffmpeg = error;
+  }
+  return missing;
 }
 
 std::vector<std::string> noticesOf(const MissingPrograms& missing,

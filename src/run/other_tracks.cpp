@@ -12,7 +12,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr float kNearlySilent = 0.01f;  // peak, full scale 1: 40 dB below it
 constexpr double kMuchLouder = 8;       // 18 dB
 constexpr int kMostTracks = 16;
 

@@ -1,9 +1,10 @@
 #include "run/probing.h"
 
 #include <algorithm>
-#include <atomic>
 
 #include "report/diagnostics.h"
+#include "report/parallel.h"
+#include "run/convert.h"
 #include "run/diagnosis.h"
 #include "run/entries.h"
 #include "run/file_list.h"
@@ -19,17 +20,13 @@ void showStep(Progress& progress, int count) {
   if (pixels < kBarEnd) progress.moveprogressslot(pixels);
 }
 
-/// Asks every file for its properties, several at once: the library reads far into sound files.
-void askAll(std::vector<Entry>& entries, const Services& services) {
+void takeOver(std::vector<Entry>& entries, const Services& services) {
   const int count = static_cast<int>(entries.size());
   const int files = static_cast<int>(std::ranges::count_if(entries, &Entry::isFile));
-  std::atomic<int> done = 0;
-#pragma omp parallel for schedule(dynamic)
-  for (int i = 0; i < count; ++i) {
-    Entry& entry = entries[i];
-    if (services.cancelled || isMarker(entry.listed)) continue;
-    entry.media = services.probe.query(entry.source);
-    entry.frameRate = entry.media.frameRate;
+  int done = 0;
+  for (Entry& entry : entries) {
+    if (isMarker(entry.listed)) continue;
+    if (!entry.source.starts_with(kIgnorePrefix)) entry.frameRate = entry.media.frameRate;
     showStep(services.progress, count);
     if (entry.isFile()) services.progress.stage(Stage::probe, entry.listed, ++done, files);
   }
@@ -49,9 +46,24 @@ void ignore(Entry& entry, const Services& services, std::vector<std::string>& re
 
 }  // namespace
 
+std::vector<MediaProperties> askAll(const std::vector<std::string>& entries,
+                                    const Services& services) {
+  std::vector<MediaProperties> media(entries.size());
+  report::FirstException failed;
+#pragma omp parallel for schedule(dynamic)
+  for (std::size_t i = 0; i < entries.size(); ++i) {
+    failed.keep([&] {
+      if (!services.cancelled && !isPlaceholder(entries[i]) && isRegularOrMissing(entries[i]))
+        media[i] = services.probe.query(entries[i]);
+    });
+  }
+  failed.rethrow();
+  return media;
+}
+
 void probeAll(std::vector<Entry>& entries, const Services& services,
               std::vector<std::string>& result, std::vector<report::LeftOut>& ignored) {
-  askAll(entries, services);
+  takeOver(entries, services);
   for (Entry& entry : entries) {
     if (services.cancelled) return;
     if (!entry.isFile() || !isIgnored(entry)) continue;  // the dummy has nothing to be ignored for

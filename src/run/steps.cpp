@@ -29,7 +29,8 @@ Steps::Steps(const Services& services, const Options& options, const Settings& s
       settings_(settings),
       outcome_(outcome),
       project_(project),
-      spare_(spare) {}
+      spare_(spare),
+      early_(settings.tolerance, services) {}
 
 std::vector<std::string> Steps::run(const std::vector<std::string>& videofiles) {
   if (std::ssize(videofiles) > kMostEntries) {
@@ -76,11 +77,16 @@ void Steps::begin() {
 void Steps::convert() {
   report::appendLogLine("pred ffmpeg..");  // before ffmpeg
   beside_.expect(ownConvertedNames(list_));
-  const std::vector<ProcessResult> results = convertAll(list_, services_);
+  const std::vector<MediaProperties> media = askAll(list_, services_);
+  const auto listen = [&](int i) { early_.listen(convertedName(list_[i])); };
+  const std::vector<ProcessResult> results = convertAll(list_, services_, media, listen);
   services_.progress.moveprogressslot(0);
   report::appendLogLine("posle ffmpeg..");  // after ffmpeg
   material_.entries = makeEntries(list_);
-  for (std::size_t i = 0; i < results.size(); ++i) material_.entries[i].conversion = results[i];
+  for (std::size_t i = 0; i < results.size(); ++i) {
+    material_.entries[i].conversion = results[i];
+    material_.entries[i].media = media[i];
+  }
   addEntries(project_, material_.entries);
   report::appendLogLine("fahlovite se resemplirani vo 8000hz -------------------------");
   const std::vector<std::string> names = convertedNames(list_);
@@ -98,7 +104,7 @@ void Steps::probe() {
   for (const std::string& notice : noticesOf(missing, material_.entries)) addNotice(notice);
 }
 
-void Steps::fingerprint() { fingerprintAll(material_, settings_.tolerance, services_); }
+void Steps::fingerprint() { fingerprintAll(material_, settings_.tolerance, services_, early_); }
 
 void Steps::keep() {
   services_.console.line("desktop path:" + resultsFolder());

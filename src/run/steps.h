@@ -5,6 +5,7 @@
 
 #include "place/placement.h"
 #include "run/compare_stage.h"
+#include "run/fingerprint_stage.h"
 #include "run/kept_sounds.h"
 #include "run/material.h"
 #include "run/sync_run.h"
@@ -44,6 +45,7 @@ class Steps {
   std::vector<std::string> list_;             // the dummy entry and all that is used
   std::vector<std::string> result_{"first"};  // then the ignored files
   BesideSources beside_;
+  EarlyListener early_;
   Material material_;
   Comparison comparison_;
   place::Placement placement_;
