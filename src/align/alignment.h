@@ -43,8 +43,9 @@ void summarise(Alignment& alignment, const DelayLine& line,
 /// Fills in the same for what is too faint, or too spread by its rooms, for single windows to show.
 void summarise(Alignment& alignment, const Evidence& evidence, std::size_t windows);
 
-/// Log odds past what chance gives: one false in a thousand runs of a hundred thousand offsets.
-inline constexpr double kBeyondChance = 18.4;
+/// Log odds past what chance gives. Unrelated music of one style reaches 34 in sets of a thousand
+/// clips.
+inline constexpr double kBeyondChance = 40;
 
 /// Whether so much evidence, so spread over time, is past what chance gives.
 bool believed(const Alignment& alignment);

@@ -132,10 +132,36 @@ std::vector<std::vector<float>> correlate(std::span<const Pieces> pieces, int ma
   return lags;
 }
 
-// The root of a Hann window's fourth power correlated with itself, over the mean of that.
-float chanceAt(int lag, int length) {
-  const double turn = 2 * std::numbers::pi * lag / length;
-  return float(std::sqrt(1 + std::cos(turn) * 16 / 18 + std::cos(2 * turn) / 18));
+std::vector<float> chanceOf(const Pieces& pieces, int maxLag) {
+  Signals& signals = work().signals;
+  signals.setZero(kTogether, std::ssize(pieces.a));
+  signals.row(0) = Eigen::Map<const Eigen::ArrayXf>(pieces.a.data(), std::ssize(pieces.a));
+  signals.row(1) = Eigen::Map<const Eigen::ArrayXf>(pieces.b.data(), std::ssize(pieces.b));
+  evenLevel(signals);
+  signals.rowwise() *= taper(signals.cols()).transpose();
+  const Index blocks = signals.cols() / kBlock, reach = maxLag / kBlock + 1;
+  Eigen::Array2Xf powers(2, blocks);
+  for (Index i = 0; i < blocks; ++i)
+    powers.col(i) =
+        signals.middleCols<kBlock>(i * kBlock).topRows<2>().square().rowwise().sum();
+  const float mean = powers.row(0).sum() * powers.row(1).sum() / float(blocks) + 1e-20f;
+  std::vector<float> chance;
+  for (int lag = -maxLag; lag <= maxLag; ++lag) chance.push_back(0);
+  std::vector<float> coarse(std::size_t(2 * reach + 1));
+  for (Index lag = -reach; lag <= reach; ++lag) {
+    const Index from = std::max<Index>(0, lag), count = blocks - std::abs(lag);
+    coarse[std::size_t(lag + reach)] =
+        (powers.row(0).segment(from, count) * powers.row(1).segment(from - lag, count)).sum() /
+        mean;
+  }
+  for (int lag = -maxLag; lag <= maxLag; ++lag) {
+    const float at = float(lag) / kBlock + float(reach);
+    const auto below = std::size_t(at);
+    const float share = at - float(below);
+    chance[std::size_t(lag + maxLag)] =
+        std::sqrt(coarse[below] * (1 - share) + coarse[below + 1] * share + 1e-6f);
+  }
+  return chance;
 }
 
 std::vector<std::vector<float>> correlateWithSelf(std::span<const std::vector<float>> pieces,

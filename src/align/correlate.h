@@ -19,9 +19,9 @@ struct Pieces {
 /// length, a multiple of 16; they are worked on by fours, so a multiple of four costs least.
 std::vector<std::vector<float>> correlate(std::span<const Pieces> pieces, int maxLag);
 
-/// What chance gives at a lag of pieces of `length` samples, in those units: the pieces are
-/// tapered, so that less of them lies over each other the farther the lag.
-float chanceAt(int lag, int length);
+/// What chance gives at each of those lags, in those units, for pieces that hear nothing in common
+/// but are loud at certain times: where both are, there is more to correlate.
+std::vector<float> chanceOf(const Pieces& pieces, int maxLag);
 
 /// The same of every piece with itself.
 std::vector<std::vector<float>> correlateWithSelf(std::span<const std::vector<float>> pieces,

@@ -19,18 +19,26 @@ constexpr float kSpreads[] = {8, 32, 128, 512};         // samples over which ro
 constexpr float kShares[] = {0.1f, 0.3f, 0.6f, 0.85f};  // of the power that is no chance, at most
 constexpr float kDirectShare = 0.9f;
 
-// The windows' sum along the line through delay 0, in units of chance.
-Row stacked(std::span<const WindowCorrelation> windows, double slope) {
+// For every delay what the windows, laid over each other along a line through it, have in common:
+// the products of each with every other but its neighbours, which share sound with it. Chance gives
+// 1 with a deviation of the root of 2. One window alone, however loud, adds nothing.
+Row commonPower(std::span<const WindowCorrelation> windows, double slope) {
   const Index lags = std::ssize(windows[0].lags);
-  Row sum = Row::Zero(lags);
+  Row sum = Row::Zero(lags), own = Row::Zero(lags), before = Row::Zero(lags), here(lags);
   for (const WindowCorrelation& window : windows) {
     const auto shift = static_cast<Index>(std::lround(slope * window.atSeconds));
     const Index from = std::max<Index>(0, -shift), to = std::min(lags, lags - shift);
-    if (from >= to) continue;
-    const Eigen::Map<const Row> all(window.lags.data(), lags);
-    sum.segment(from, to - from) += all.segment(from + shift, to - from).max(-kMost).min(kMost);
+    here.setZero();
+    if (from < to)
+      here.segment(from, to - from) = Eigen::Map<const Row>(window.lags.data(), lags)
+                                          .segment(from + shift, to - from)
+                                          .max(-kMost)
+                                          .min(kMost);
+    sum += here;
+    own += here * (here + 2 * before);
+    before = here;
   }
-  return sum / std::sqrt(float(windows.size()));
+  return (sum.square() - own) / float(windows.size()) + 1;
 }
 
 // For every delay the sum of `power` around it, weighted by exp(-distance / spread).
@@ -54,19 +62,45 @@ float priceOf(float share, float spread, Index lags) {
   return float(sum);
 }
 
-// Log likelihood ratio of every delay. A normal value of variance 1 / (1 - share) has, against one
-// of variance 1, the ratio exp(share value^2 / 2) sqrt(1 - share).
-Row logRatios(const Row& sum) {
-  const Row power = sum.square();
+// The share of the delays that are independent of each other: sounds of few frequencies correlate
+// alike at neighbouring delays.
+float independence(std::span<const WindowCorrelation> windows) {
+  constexpr Index kFar = 64;
+  float power = 1e-9f;
+  std::array<float, kFar> alike{};
+  for (const WindowCorrelation& window : windows) {
+    const Eigen::Map<const Row> lags(window.lags.data(), std::ssize(window.lags));
+    power += lags.square().sum();
+    for (Index far = 1; far < std::min(kFar, lags.size()); ++far)
+      alike[std::size_t(far)] += (lags.head(lags.size() - far) * lags.tail(lags.size() - far)).sum();
+  }
+  float others = 0;
+  for (const float sum : alike) others += 2 * (sum / power) * (sum / power);
+  return 1 / (1 + others);
+}
+
+/// Log likelihood ratio of every delay, and how far the sound is spread around it.
+struct Ratios {
+  Row log, spread;
+};
+
+// A normal value of variance 1 / (1 - share) has, against one of variance 1, the ratio
+// exp(share value^2 / 2) sqrt(1 - share).
+Ratios ratiosOf(const Row& power, float independent) {
   const Row direct = 0.5f * (kDirectShare * power + std::log1p(-kDirectShare));
-  Row best = Row::Zero(sum.size());
+  Ratios best{Row::Zero(power.size()), Row::Zero(power.size())};
   for (const float spread : kSpreads) {
     const Row spreadPower = around(power, spread) - power;
-    for (const float share : kShares)
-      best = best.max(0.5f * (share * spreadPower + priceOf(share, spread, sum.size())));
+    for (const float share : kShares) {
+      const Row log = 0.5f * independent *
+                      (share * spreadPower + priceOf(share, spread, power.size()));
+      best.spread = (log > best.log).select(spread, best.spread);
+      best.log = best.log.max(log);
+    }
   }
   constexpr float kModels = float(std::size(kSpreads) * std::size(kShares) + 1);
-  return best + direct.max(0) - std::log(kModels);
+  best.log += direct.max(0) - std::log(kModels);
+  return best;
 }
 
 }  // namespace
@@ -74,11 +108,14 @@ Row logRatios(const Row& sum) {
 Evidence evidenceOf(std::span<const WindowCorrelation> windows, double overlapSeconds) {
   Evidence evidence;
   if (windows.empty()) return evidence;
+  std::vector<WindowCorrelation> inTime(windows.begin(), windows.end());
+  std::ranges::sort(inTime, {}, &WindowCorrelation::atSeconds);
+  const float independent = independence(inTime);
   const auto steps = static_cast<int>(std::ceil(kSteepest * overlapSeconds / 2 / kStep));
   double best = -1e9;
   for (int i = -steps; i <= steps; ++i) {
     const double slope = steps > 0 ? kSteepest * i / steps : 0;
-    const Row ratios = logRatios(stacked(windows, slope));
+    const auto [ratios, spread] = ratiosOf(commonPower(inTime, slope), independent);
     Index at = 0;
     const float top = ratios.maxCoeff(&at);
     if (top <= best) continue;
@@ -87,7 +124,8 @@ Evidence evidenceOf(std::span<const WindowCorrelation> windows, double overlapSe
     evidence.delaySamples = double(at - ratios.size() / 2);
     const Row mass = (ratios - top).exp();
     const Row distance = Row::LinSpaced(ratios.size(), -float(at), float(ratios.size() - 1 - at));
-    evidence.doubtSamples = std::sqrt((mass * distance.square()).sum() / mass.sum());
+    evidence.doubtSamples =
+        std::hypot(std::sqrt((mass * distance.square()).sum() / mass.sum()), spread(at) / 2);
   }
   const double tried = double(windows[0].lags.size()) * (2 * steps + 1);
   evidence.logOdds = best - std::log(tried);

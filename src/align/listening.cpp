@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
 #include <numeric>
 #include <utility>
 
@@ -15,7 +16,7 @@ constexpr double kPause = 0.5;            // seconds without anything lively tha
 constexpr double kReach = 0.1;            // seconds around the supposed offset
 constexpr double kReachPerSecond = 5e-5;  // drift may add this much for every second of overlap
 constexpr double kShortOverlap = 5, kLongOverlap = 240;  // seconds
-constexpr double kLongestFaint = 600;                    // seconds; slopes to try grow with it
+constexpr double kLongestFaint = 120;                    // seconds; slopes to try grow with it
 constexpr double kGlimmer = 4.6;  // evidence of the first 4 windows worth the others: one has 4.5
 constexpr double kHint = 11, kProof = 15;  // ... of the first 8, of the first 16
 constexpr double kPlenty = 20;             // evidence past which more windows add little
@@ -57,7 +58,7 @@ bool worthMore(const Alignment& a) {
 }  // namespace
 
 Listening::Listening(const Pair& pair, double offsetSeconds, const SoundReader& sound,
-                     std::vector<Stretch> lively)
+                     std::vector<Stretch> lively, Windows windows)
     : pair_(pair),
       offset_(std::round(offsetSeconds * kSampleRate) / kSampleRate),
       sound_(&sound),
@@ -67,7 +68,7 @@ Listening::Listening(const Pair& pair, double offsetSeconds, const SoundReader& 
   from_ = std::max(0.0, offset_);
   to_ = std::max(from_, std::min(first, offset_ + second));
   keepToOverlap();
-  length_ = livelySeconds() < kShortOverlap ? 8192 : 16384;
+  length_ = windows == Windows::many || livelySeconds() < kShortOverlap ? 8192 : 16384;
   const double reach = std::min(0.5, kReach + kReachPerSecond * overlap());
   maxLag_ = std::min(length_ / 4, static_cast<int>(reach * kSampleRate));
   if (overlap() >= kLeastOverlap) chooseWindows();
@@ -158,9 +159,11 @@ Alignment Listening::summary(const DirectSound& direct) const {
 // What the windows listened to say together, in units of chance.
 Evidence Listening::evidence() const {
   std::vector<WindowCorrelation> windows = correlations_;
-  for (WindowCorrelation& window : windows)
-    for (int lag = -maxLag_; lag <= maxLag_; ++lag)
-      window.lags[std::size_t(lag + maxLag_)] /= chanceAt(lag, length_);
+  for (std::size_t i = 0; i < windows.size(); ++i) {
+    const auto chance = chanceOf(
+        {piece(pair_.first, middles_[i]), piece(pair_.second, middles_[i] - offset_)}, maxLag_);
+    std::ranges::transform(windows[i].lags, chance, windows[i].lags.begin(), std::divides());
+  }
   return evidenceOf(windows, overlap());
 }
 
@@ -169,7 +172,7 @@ Evidence Listening::evidence() const {
 Alignment Listening::faint() {
   if (overlap() > kLongestFaint || middles_.size() < kFew) return summary();
   Evidence found;
-  for (const std::size_t count : {kSome, kMany, kMost}) {
+  for (const std::size_t count : {kMany, kMost}) {
     listenTo(count);
     found = evidence();
     if (found.logOdds < 0 || correlations_.size() == middles_.size()) break;

@@ -15,6 +15,8 @@ struct Pair {
   std::int64_t firstSamples, secondSamples;  // lengths at 8000 Hz
 };
 
+enum class Windows { few, many };  // long ones, each of which says something, or twice as many
+
 /// Compares the sound of two recordings in windows along the overlap that one supposed offset
 /// gives them, within a tenth of a second of it (more where drift may add up). One thread at a
 /// time; the reader must outlive it. The windows lie in the `lively` stretches (in order, on
@@ -22,7 +24,7 @@ struct Pair {
 class Listening {
  public:
   Listening(const Pair& pair, double offsetSeconds, const SoundReader& sound,
-            std::vector<Stretch> lively = {});
+            std::vector<Stretch> lively = {}, Windows windows = Windows::few);
 
   /// Whether the windows lie only where something is lively, not all over the overlap.
   bool selective() const { return lively_.size() > 1 || livelySeconds() < overlap(); }

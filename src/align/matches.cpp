@@ -44,7 +44,7 @@ class Examination {
   /// Lays all windows over each other at offsets where no few of them say anything.
   void listenFaintly(std::span<const double> offsets) {
     for (const double offset : offsets) {
-      Listening listening(pair_, offset, sound_);
+      Listening listening(pair_, offset, sound_, {}, Windows::many);
       if (const Alignment heard = listening.faint(); believed(heard))
         plausibles_.push_back({std::move(listening), heard});
     }

@@ -76,7 +76,7 @@ void addGroup(Grouping& grouping, GrowingGroups& groups, int root) {
 
 }  // namespace
 
-Grouping formGroups(Recordings recordings, std::vector<align::Match> matches) {
+Grouping formGroups(Recordings recordings, std::vector<align::Match> matches, const Heard& heard) {
   GrowingGroups groups(recordings);
   Grouping grouping;
   grouping.position.resize(recordings.size(), 0.0);
@@ -95,6 +95,7 @@ Grouping formGroups(Recordings recordings, std::vector<align::Match> matches) {
       open.push_back(std::move(match));
   }
   joinByConsensus(open, grouping.kept, groups);
+  joinByImpliedOverlaps(ambiguous, grouping.kept, groups, recordings, heard);
   std::ranges::move(ambiguous, std::back_inserter(open));
   for (align::Match& match : open) {
     if (groups.together(match.best) && agreesSomehow(groups, match)) {
@@ -103,7 +104,7 @@ Grouping formGroups(Recordings recordings, std::vector<align::Match> matches) {
     }
     grouping.doubts.push_back(doubt(match, groups, recordings));
     if (!groups.together(match.best))
-      grouping.undecided.push_back({match.best.first, match.best.second, grouping.doubts.back()});
+      grouping.undecided.push_back({match.best, grouping.doubts.back()});
   }
   for (int file = 0; file < std::ssize(recordings); ++file)
     if (groups.group(file) == file) addGroup(grouping, groups, file);

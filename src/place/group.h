@@ -5,12 +5,13 @@
 #include <vector>
 
 #include "align/matches.h"
+#include "place/implied.h"
 
 namespace place {
 
 /// A match that would join groups but was not used, and a sentence that says why.
 struct Unused {
-  int first, second;  // file indices
+  align::Alignment match;
   std::string why;
 };
 
@@ -28,7 +29,8 @@ struct Grouping {
 /// gives way to a rival offset of its pair that does not, or is dropped and named. Where a pair
 /// fits at several offsets alike, all its group's matches decide together or nothing is joined. Two
 /// recordings of one device are never laid over each other. The order of matches changes nothing.
-Grouping formGroups(std::span<const align::Recording> recordings,
-                    std::vector<align::Match> matches);
+/// `heard`: which pairs were listened to, with success or without.
+Grouping formGroups(std::span<const align::Recording> recordings, std::vector<align::Match> matches,
+                    const Heard& heard = [](int, int) { return false; });
 
 }  // namespace place

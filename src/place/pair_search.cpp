@@ -4,6 +4,7 @@
 #include <cmath>
 #include <functional>
 #include <iterator>
+#include <map>
 
 #include "place/search_plan.h"
 
@@ -14,12 +15,14 @@ constexpr std::size_t kBatch = 32;  // pairs examined at once; fixed, so that th
 constexpr double kSuspicious = 4;   // significance of a vote's peak from which it is listened to
 constexpr std::size_t kPatience = 48;  // pairs in a row examined in vain, after which hope ends ...
 constexpr std::size_t kMorePatience = 4;  // ... or so many times fewer than there are recordings
+constexpr std::size_t kFaintPatience = 16;  // the same of pairs that cost ten times as much
 constexpr std::size_t kSearched =
     256;  // pairs whose textures are searched before any is listened to
 constexpr std::size_t kSmallSet = 12;  // recordings; in smaller sets every pair is worth its time
 constexpr int kEnough = 2;             // sure matches of a recording, after which more add little
 constexpr double kSureIfUnique = 10;   // strength enough where the sound fits at one offset only
 constexpr double kMuchAlike = 4.5;     // resemblance of envelopes that chance hardly ever gives
+constexpr int kAskedOfABridge = 6;     // implied pairs that tell a repetition from a right bridge
 constexpr double kConfirms = 0.3;      // seconds; a suspicion so near speaks for a known position
 constexpr double kImpliedOverlap = 6;  // seconds two members must share to be worth a look
 
@@ -62,13 +65,17 @@ void Matchmaker::followVotes(std::span<const vote::Suspicion> suspicions) {
   std::ranges::copy_if(suspicions, std::back_inserter(promising), [&](const vote::Suspicion& s) {
     return s.significance >= kSuspicious && align::comparable(recordings_, s.first, s.second);
   });
-  listen(promising, align::examine);
+  listen(promising, align::examine, patience());
+}
+
+std::size_t Matchmaker::patience() const {
+  return std::max(kPatience, recordings_.size() / kMorePatience);
 }
 
 // Listens to the suspicions that could bring anything, in their order, until too many in a row
 // brought nothing: the likeliest come first, so what is right stands close together.
-void Matchmaker::listen(std::span<const vote::Suspicion> suspicions, Examine& examine) {
-  const std::size_t patience = std::max(kPatience, recordings_.size() / kMorePatience);
+void Matchmaker::listen(std::span<const vote::Suspicion> suspicions, Examine& examine,
+                        std::size_t patience) {
   std::size_t next = 0, inVain = 0;
   while (next < suspicions.size() && inVain < patience && !cancelled()) {
     std::vector<const vote::Suspicion*> batch;
@@ -141,7 +148,7 @@ void Matchmaker::search(std::span<const vote::Suspicion> suspicions) {
     const std::size_t before = matches_.size();
     auto found = suspectAll(std::span(pairs).subspan(at, std::min(atOnce, pairs.size() - at)));
     std::ranges::stable_sort(found, std::greater{}, &vote::Suspicion::significance);
-    listen(found, align::examine);
+    listen(found, align::examine, patience());
     if (matches_.size() == before) break;
   }
 }
@@ -149,7 +156,10 @@ void Matchmaker::search(std::span<const vote::Suspicion> suspicions) {
 void Matchmaker::listenFaintly() {
   std::vector<vote::Suspicion> silent = std::move(silent_);
   std::ranges::stable_sort(silent, std::greater{}, &vote::Suspicion::significance);
-  listen(silent, align::examineFaintly);
+  std::erase_if(silent, [&](const vote::Suspicion& s) {
+    return connected_.group(s.first) == connected_.group(s.second);
+  });
+  listen(silent, align::examineFaintly, kFaintPatience);
 }
 
 std::vector<vote::Suspicion> Matchmaker::suspectAll(std::span<const std::pair<int, int>> pairs) {
@@ -159,6 +169,39 @@ std::vector<vote::Suspicion> Matchmaker::suspectAll(std::span<const std::pair<in
   for (std::size_t i = 0; i < pairs.size(); ++i)
     if (!cancelled()) suspicions[i] = textures_.suspect(pairs[i].first, pairs[i].second);
   return suspicions;
+}
+
+// A repetition shows itself by other offsets at which the sound fits as well.
+void Matchmaker::addOtherOffsets(std::span<vote::Suspicion> suspicions) {
+  std::vector<std::pair<int, int>> pairs;
+  for (const vote::Suspicion& s : suspicions) pairs.emplace_back(s.first, s.second);
+  const std::vector<vote::Suspicion> others = suspectAll(pairs);
+  for (std::size_t i = 0; i < suspicions.size(); ++i)
+    std::ranges::copy(others[i].offsets, std::back_inserter(suspicions[i].offsets));
+}
+
+bool Matchmaker::tryBridges(const Grouping& grouping) {
+  GrowingGroups groups(recordings_);
+  connected_ = OffsetForest(static_cast<int>(recordings_.size()));
+  for (const align::Match& match : grouping.kept)
+    if (!groups.together(match.best)) {
+      groups.join(match.best);
+      connected_.join(match.best.first, match.best.second, match.best.offsetSeconds);
+    }
+  std::vector<vote::Suspicion> implied;
+  std::map<std::pair<int, int>, int> asked;  // by groups
+  for (const Unused& open : grouping.undecided) {
+    int& count = asked[std::minmax(groups.group(open.match.first), groups.group(open.match.second))];
+    for (const Implied& pair : impliedBy(open.match, groups, recordings_))
+      if (count < kAskedOfABridge && !heard(pair.first, pair.second)) {
+        ++count;
+        implied.push_back({pair.first, pair.second, {pair.offsetSeconds}, pair.overlapSeconds});
+      }
+  }
+  addOtherOffsets(implied);
+  const std::size_t before = matches_.size();
+  listen(implied, align::examine, implied.size() + 1);
+  return matches_.size() > before;
 }
 
 void Matchmaker::confirm(const Grouping& grouping) {
@@ -177,7 +220,7 @@ void Matchmaker::confirm(const Grouping& grouping) {
         ++asked[std::size_t(a)];
         implied.push_back({a, b, {offset}, overlap});
       }
-  listen(implied, align::examine);
+  listen(implied, align::examine, patience());
 }
 
 }  // namespace place

@@ -31,6 +31,13 @@ class Matchmaker {
   /// single window said anything: far microphones, big halls.
   void listenFaintly();
 
+  /// Listens to what undecided matches between two groups imply: if they are right, other members
+  /// must hear each other too. Whether anything was found that was not known.
+  bool tryBridges(const Grouping& grouping);
+
+  /// Whether the pair was listened to.
+  bool heard(int a, int b) const { return heard_.contains(std::minmax(a, b)); }
+
   /// Listens to members of a group that hang on one match and must hear by their places what others
   /// hear that they were not compared with.
   void confirm(const Grouping& grouping);
@@ -45,9 +52,11 @@ class Matchmaker {
   bool cancelled() const;
   bool wanted(const vote::Suspicion& suspicion);
   using Examine = decltype(align::examine);
-  void listen(std::span<const vote::Suspicion> suspicions, Examine& examine);
+  std::size_t patience() const;
+  void listen(std::span<const vote::Suspicion> suspicions, Examine& examine, std::size_t patience);
   void examineAll(std::span<const vote::Suspicion* const> batch, Examine& examine);
   std::vector<vote::Suspicion> suspectAll(std::span<const std::pair<int, int>> pairs);
+  void addOtherOffsets(std::span<vote::Suspicion> suspicions);
   void add(align::Match match);
   void keepBetter(align::Match match);
 

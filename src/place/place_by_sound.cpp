@@ -4,6 +4,11 @@
 #include "place/placement.h"
 
 namespace place {
+namespace {
+
+constexpr int kRounds = 4;  // every round joins groups, which may bring others together
+
+}  // namespace
 
 Placement placeBySound(std::span<const align::Recording> recordings,
                        std::span<const vote::PairVote> votes, const align::SoundReader& sound,
@@ -13,9 +18,14 @@ Placement placeBySound(std::span<const align::Recording> recordings,
   matchmaker.followVotes(suspicions);
   matchmaker.search(suspicions);
   matchmaker.listenFaintly();
-  matchmaker.confirm(formGroups(recordings, matchmaker.matches()));
-  return placementOf(formGroups(recordings, matchmaker.matches()), recordings,
-                     matchmaker.partners());
+  const auto grouping = [&] {
+    return formGroups(recordings, matchmaker.matches(),
+                      [&](int a, int b) { return matchmaker.heard(a, b); });
+  };
+  for (int round = 0; round < kRounds && matchmaker.tryBridges(grouping()); ++round) {
+  }
+  matchmaker.confirm(grouping());
+  return placementOf(grouping(), recordings, matchmaker.partners());
 }
 
 }  // namespace place

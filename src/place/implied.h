@@ -1,0 +1,35 @@
+#pragma once
+
+#include <functional>
+#include <span>
+#include <vector>
+
+#include "align/matches.h"
+#include "place/growing_groups.h"
+
+namespace place {
+
+/// Two recordings of two groups that would hear the same if the groups were joined.
+struct Implied {
+  int first, second;      // file indices, first of the one group, second of the other
+  double offsetSeconds;   // of second's start on first's clock
+  double overlapSeconds;
+};
+
+/// All such pairs if the alignment, whose files stand in two groups, is right: those of different
+/// devices that would share six seconds or more, longest first.
+std::vector<Implied> impliedBy(const align::Alignment& bridge, GrowingGroups& groups,
+                               std::span<const align::Recording> recordings);
+
+/// Whether a pair of files, in any order, was listened to.
+using Heard = std::function<bool(int, int)>;
+
+/// Joins groups by matches each of which may be only something repeated: where one of them is
+/// right, the groups' other recordings must hear each other too wherever they would overlap. Takes
+/// a bridge if at least three matches of different pairs give it and nearly all pairs heard that
+/// it implies are among them. Moves the matches used from `open` to `kept`.
+void joinByImpliedOverlaps(std::vector<align::Match>& open, std::vector<align::Match>& kept,
+                           GrowingGroups& groups, std::span<const align::Recording> recordings,
+                           const Heard& heard);
+
+}  // namespace place
