@@ -142,8 +142,7 @@ std::vector<float> chanceOf(const Pieces& pieces, int maxLag) {
   const Index blocks = signals.cols() / kBlock, reach = maxLag / kBlock + 1;
   Eigen::Array2Xf powers(2, blocks);
   for (Index i = 0; i < blocks; ++i)
-    powers.col(i) =
-        signals.middleCols<kBlock>(i * kBlock).topRows<2>().square().rowwise().sum();
+    powers.col(i) = signals.middleCols<kBlock>(i * kBlock).topRows<2>().square().rowwise().sum();
   const float mean = powers.row(0).sum() * powers.row(1).sum() / float(blocks) + 1e-20f;
   std::vector<float> chance;
   for (int lag = -maxLag; lag <= maxLag; ++lag) chance.push_back(0);

@@ -54,14 +54,6 @@ Row around(const Row& power, float spread) {
   return sum;
 }
 
-// Sum of log(1 - share exp(-distance / spread)) over all distances but 0: what a model that expects
-// more than chance pays for each delay at which there is no more.
-float priceOf(float share, float spread, Index lags) {
-  double sum = 0;
-  for (Index i = 1; i < lags; ++i) sum += 2 * std::log1p(-share * std::exp(-double(i) / spread));
-  return float(sum);
-}
-
 // The share of the delays that are independent of each other: sounds of few frequencies correlate
 // alike at neighbouring delays.
 float independence(std::span<const WindowCorrelation> windows) {
@@ -72,35 +64,66 @@ float independence(std::span<const WindowCorrelation> windows) {
     const Eigen::Map<const Row> lags(window.lags.data(), std::ssize(window.lags));
     power += lags.square().sum();
     for (Index far = 1; far < std::min(kFar, lags.size()); ++far)
-      alike[std::size_t(far)] += (lags.head(lags.size() - far) * lags.tail(lags.size() - far)).sum();
+      alike[std::size_t(far)] +=
+          (lags.head(lags.size() - far) * lags.tail(lags.size() - far)).sum();
   }
   float others = 0;
   for (const float sum : alike) others += 2 * (sum / power) * (sum / power);
   return 1 / (1 + others);
 }
 
-/// Log likelihood ratio of every delay, and how far the sound is spread around it.
-struct Ratios {
-  Row log, spread;
+/// What may be expected around the right delay: this share of the power at it is no chance, less
+/// and less with distance.
+struct Model {
+  float spread, share;
+  float price;  // what it pays over all delays, where there is no more than chance
 };
 
 // A normal value of variance 1 / (1 - share) has, against one of variance 1, the ratio
 // exp(share value^2 / 2) sqrt(1 - share).
-Ratios ratiosOf(const Row& power, float independent) {
-  const Row direct = 0.5f * (kDirectShare * power + std::log1p(-kDirectShare));
-  Ratios best{Row::Zero(power.size()), Row::Zero(power.size())};
-  for (const float spread : kSpreads) {
-    const Row spreadPower = around(power, spread) - power;
-    for (const float share : kShares) {
-      const Row log = 0.5f * independent *
-                      (share * spreadPower + priceOf(share, spread, power.size()));
-      best.spread = (log > best.log).select(spread, best.spread);
-      best.log = best.log.max(log);
-    }
+float priceOf(float share, float spread, Index lags) {
+  double sum = 0;
+  for (Index i = 1; i < lags; ++i) sum += 2 * std::log1p(-share * std::exp(-double(i) / spread));
+  return float(sum);
+}
+
+std::vector<Model> models(Index lags) {
+  std::vector<Model> all;
+  for (const float spread : kSpreads)
+    for (const float share : kShares) all.push_back({spread, share, priceOf(share, spread, lags)});
+  return all;
+}
+
+/// Log likelihood ratio of every delay, and how far the sound is spread at the likeliest.
+struct Ratios {
+  Row log;
+  Index at = 0;
+  float top = 0, spread = 0;
+};
+
+Ratios ratiosOf(const Row& power, std::span<const Model> models, float independent) {
+  Row best = Row::Zero(power.size());
+  std::vector<Row> logs;
+  float spread = 0;
+  Row spreadPower;
+  for (const Model& model : models) {
+    if (model.spread != spread) spreadPower = around(power, spread = model.spread) - power;
+    logs.push_back(0.5f * independent * (model.share * spreadPower + model.price));
+    best = best.max(logs.back());
   }
-  constexpr float kModels = float(std::size(kSpreads) * std::size(kShares) + 1);
-  best.log += direct.max(0) - std::log(kModels);
-  return best;
+  const Row direct = 0.5f * (kDirectShare * power + std::log1p(-kDirectShare));
+  Ratios ratios{best + direct.max(0) - std::log(float(models.size() + 1))};
+  ratios.top = ratios.log.maxCoeff(&ratios.at);
+  for (std::size_t i = 0; i < models.size(); ++i)
+    if (logs[i](ratios.at) == best(ratios.at)) ratios.spread = models[i].spread;
+  return ratios;
+}
+
+// Standard deviation of the delay around the likeliest.
+double deviation(const Ratios& ratios) {
+  const Row mass = (ratios.log - ratios.top).exp();
+  const Row distance = Row::LinSpaced(mass.size(), 0, float(mass.size() - 1)) - float(ratios.at);
+  return std::sqrt((mass * distance.square()).sum() / mass.sum());
 }
 
 }  // namespace
@@ -111,21 +134,17 @@ Evidence evidenceOf(std::span<const WindowCorrelation> windows, double overlapSe
   std::vector<WindowCorrelation> inTime(windows.begin(), windows.end());
   std::ranges::sort(inTime, {}, &WindowCorrelation::atSeconds);
   const float independent = independence(inTime);
+  const std::vector<Model> expected = models(std::ssize(windows[0].lags));
   const auto steps = static_cast<int>(std::ceil(kSteepest * overlapSeconds / 2 / kStep));
   double best = -1e9;
   for (int i = -steps; i <= steps; ++i) {
     const double slope = steps > 0 ? kSteepest * i / steps : 0;
-    const auto [ratios, spread] = ratiosOf(commonPower(inTime, slope), independent);
-    Index at = 0;
-    const float top = ratios.maxCoeff(&at);
-    if (top <= best) continue;
-    best = top;
+    const Ratios ratios = ratiosOf(commonPower(inTime, slope), expected, independent);
+    if (ratios.top <= best) continue;
+    best = ratios.top;
     evidence.slope = slope;
-    evidence.delaySamples = double(at - ratios.size() / 2);
-    const Row mass = (ratios - top).exp();
-    const Row distance = Row::LinSpaced(ratios.size(), -float(at), float(ratios.size() - 1 - at));
-    evidence.doubtSamples =
-        std::hypot(std::sqrt((mass * distance.square()).sum() / mass.sum()), spread(at) / 2);
+    evidence.delaySamples = double(ratios.at - ratios.log.size() / 2);
+    evidence.doubtSamples = std::hypot(deviation(ratios), ratios.spread);
   }
   const double tried = double(windows[0].lags.size()) * (2 * steps + 1);
   evidence.logOdds = best - std::log(tried);

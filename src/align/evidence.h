@@ -12,8 +12,8 @@ struct Evidence {
                        // delay and drift in reach" against "these have nothing in common"
   double delaySamples = 0;  // the likeliest delay at the overlap's middle, against the supposed one
   double slope = 0;         // samples per second
-  double doubtSamples = 0;  // standard deviation of the delay: how alike its neighbours are, and how
-                            // far the rooms spread the sound, for an echo may be louder than it
+  double doubtSamples = 0;  // standard deviation of the delay: how alike its neighbours are, and
+                            // how far the rooms spread the sound, for an echo may be louder than it
 };
 
 /// Evidence of correlations that are laid over each other along straight lines of delay over time,

@@ -30,7 +30,8 @@ struct Grouping {
 /// fits at several offsets alike, all its group's matches decide together or nothing is joined. Two
 /// recordings of one device are never laid over each other. The order of matches changes nothing.
 /// `heard`: which pairs were listened to, with success or without.
-Grouping formGroups(std::span<const align::Recording> recordings, std::vector<align::Match> matches,
-                    const Heard& heard = [](int, int) { return false; });
+Grouping formGroups(
+    std::span<const align::Recording> recordings, std::vector<align::Match> matches,
+    const Heard& heard = [](int, int) { return false; });
 
 }  // namespace place

@@ -12,7 +12,7 @@ namespace place {
 namespace {
 
 constexpr double kEnoughToHear = 6;  // seconds of overlap in which a pair would have been heard
-constexpr std::size_t kFewest = 3;   // recordings of each group with matches that may be repetitions
+constexpr std::size_t kFewest = 3;  // recordings of each group with matches that may be repetitions
 constexpr double kNearlyAll = 0.75;  // of the pairs heard that a bridge implies
 
 using FilePair = std::pair<int, int>;
@@ -22,8 +22,8 @@ FilePair filesOf(const align::Match& match) {
 }
 
 // The open matches that lay the groups over each other as `bridge` does.
-std::vector<align::Match*> agreeing(const align::Alignment& bridge,
-                                    std::vector<align::Match>& open, GrowingGroups& groups) {
+std::vector<align::Match*> agreeing(const align::Alignment& bridge, std::vector<align::Match>& open,
+                                    GrowingGroups& groups) {
   const int from = groups.group(bridge.first), to = groups.group(bridge.second);
   std::vector<align::Match*> found;
   for (align::Match& match : open) {
@@ -85,7 +85,8 @@ void joinByImpliedOverlaps(std::vector<align::Match>& open, std::vector<align::M
     const align::Alignment bridge = open[i].best;
     if (groups.together(bridge) || !groups.possible(bridge)) continue;
     const std::vector<align::Match*> agree = agreeing(bridge, open, groups);
-    if (spreadOver(agree, groups) < kFewest || !borneOut(bridge, agree.size(), groups, recordings, heard))
+    if (spreadOver(agree, groups) < kFewest ||
+        !borneOut(bridge, agree.size(), groups, recordings, heard))
       continue;
     for (const align::Match* match : agree) kept.push_back(*match);
     groups.join(bridge);

@@ -11,8 +11,8 @@ namespace place {
 
 /// Two recordings of two groups that would hear the same if the groups were joined.
 struct Implied {
-  int first, second;      // file indices, first of the one group, second of the other
-  double offsetSeconds;   // of second's start on first's clock
+  int first, second;     // file indices, first of the one group, second of the other
+  double offsetSeconds;  // of second's start on first's clock
   double overlapSeconds;
 };
 

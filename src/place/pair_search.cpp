@@ -14,7 +14,7 @@ namespace {
 constexpr std::size_t kBatch = 32;  // pairs examined at once; fixed, so that threads change nothing
 constexpr double kSuspicious = 4;   // significance of a vote's peak from which it is listened to
 constexpr std::size_t kPatience = 48;  // pairs in a row examined in vain, after which hope ends ...
-constexpr std::size_t kMorePatience = 4;  // ... or so many times fewer than there are recordings
+constexpr std::size_t kMorePatience = 4;    // ... or so many times fewer than there are recordings
 constexpr std::size_t kFaintPatience = 16;  // the same of pairs that cost ten times as much
 constexpr std::size_t kSearched =
     256;  // pairs whose textures are searched before any is listened to
@@ -191,7 +191,8 @@ bool Matchmaker::tryBridges(const Grouping& grouping) {
   std::vector<vote::Suspicion> implied;
   std::map<std::pair<int, int>, int> asked;  // by groups
   for (const Unused& open : grouping.undecided) {
-    int& count = asked[std::minmax(groups.group(open.match.first), groups.group(open.match.second))];
+    int& count =
+        asked[std::minmax(groups.group(open.match.first), groups.group(open.match.second))];
     for (const Implied& pair : impliedBy(open.match, groups, recordings_))
       if (count < kAskedOfABridge && !heard(pair.first, pair.second)) {
         ++count;

@@ -107,5 +107,26 @@ TEST(FormGroups, ARepetitionThatCouldNotBeSeenDecidesNothing) {
   EXPECT_EQ(formGroups(recordings, {loud, heard, placed, beside}).members[0].size(), 4u);
 }
 
+// Two devices' clips, three of each, which their own copies hold together much more strongly than
+// the devices hear each other: one by one those matches may be repetitions.
+TEST(FormGroups, GroupsAreJoinedByWhatAllTheirRecordingsImply) {
+  const auto recordings = fourMinutesEach({-1, -1, -1, -1, -1, -1});
+  std::vector<Match> matches{match(0, 1, 5, 100), match(1, 2, 5, 100), match(3, 4, 5, 100),
+                             match(4, 5, 5, 100)};
+  const auto groups = [&](const Heard& heard) {
+    return formGroups(recordings, matches, heard).members.size();
+  };
+  const Heard none = [](int, int) { return false; };
+  for (const int i : {0, 1}) {
+    matches.push_back(match(i, i + 3, 20, 30));
+    EXPECT_EQ(groups(none), 2u);  // two of each may agree by chance
+  }
+  matches.push_back(match(2, 5, 20, 30));
+  EXPECT_EQ(groups(none), 1u);
+  EXPECT_EQ(groups([](int, int) { return true; }), 2u);  // three of the nine that must hear so
+  matches.back() = match(2, 5, 20, 30, {60});
+  EXPECT_EQ(groups(none), 2u);  // it repeats
+}
+
 }  // namespace
 }  // namespace place

@@ -7,6 +7,7 @@
 #include <string>
 #include <tuple>
 
+#include "place/pair_search.h"
 #include "place/placement.h"
 #include "tests/align/shoot.h"
 
@@ -128,6 +129,20 @@ TEST(PlaceBySound, TellsThePlaceOfRecordingsThatMostlyWait) {
   const double starts[] = {0, 20.5, 70.25};
   for (const Placed& member : placement.groups[0].members)
     EXPECT_NEAR(member.offsetSeconds, starts[member.file], 0.001);
+}
+
+// Votes name a pair once; envelopes, and what a group implies, name it again the other way round.
+TEST(PairSearch, APairHeardTwiceIsHeardOnce) {
+  Shoot shoot;
+  shoot.add("a", recorded(1, 0, 40));
+  shoot.add("b", recorded(1, 12.5, 40));
+  const SoundReader sound = shoot.reader();
+  const PlacementProgress progress;
+  Matchmaker search(shoot.recordings, sound, progress);
+  search.followVotes(std::vector<vote::Suspicion>{{0, 1, {12.5}, 9}, {1, 0, {-12.5}, 8}});
+  ASSERT_EQ(search.matches().size(), 1u);
+  EXPECT_TRUE(search.matches()[0].rivals.empty());
+  EXPECT_TRUE(search.heard(1, 0));
 }
 
 }  // namespace
