@@ -103,8 +103,7 @@ Grouping formGroups(Recordings recordings, std::vector<align::Match> matches, co
       continue;
     }
     grouping.doubts.push_back(doubt(match, groups, recordings));
-    if (!groups.together(match.best))
-      grouping.undecided.push_back({match.best, grouping.doubts.back()});
+    if (!groups.together(match.best)) grouping.undecided.push_back({match, grouping.doubts.back()});
   }
   for (int file = 0; file < std::ssize(recordings); ++file)
     if (groups.group(file) == file) addGroup(grouping, groups, file);

@@ -11,7 +11,7 @@ namespace place {
 
 /// A match that would join groups but was not used, and a sentence that says why.
 struct Unused {
-  align::Alignment match;
+  align::Match match;
   std::string why;
 };
 

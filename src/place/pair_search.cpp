@@ -191,9 +191,10 @@ bool Matchmaker::tryBridges(const Grouping& grouping) {
   std::vector<vote::Suspicion> implied;
   std::map<std::pair<int, int>, int> asked;  // by groups
   for (const Unused& open : grouping.undecided) {
-    int& count =
-        asked[std::minmax(groups.group(open.match.first), groups.group(open.match.second))];
-    for (const Implied& pair : impliedBy(open.match, groups, recordings_))
+    const align::Alignment& bridge = open.match.best;
+    if (!open.match.rivals.empty()) continue;  // what else repeats would seem to bear it out
+    int& count = asked[std::minmax(groups.group(bridge.first), groups.group(bridge.second))];
+    for (const Implied& pair : impliedBy(bridge, groups, recordings_))
       if (count < kAskedOfABridge && !heard(pair.first, pair.second)) {
         ++count;
         implied.push_back({pair.first, pair.second, {pair.offsetSeconds}, pair.overlapSeconds});

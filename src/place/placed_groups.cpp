@@ -65,7 +65,7 @@ PlacedGroup placedGroup(const Grouping& grouping, int index,
 
 std::string tried(int file, int partners, const Grouping& grouping) {
   const auto unused = std::ranges::find_if(grouping.undecided, [&](const Unused& match) {
-    return match.match.first == file || match.match.second == file;
+    return match.match.best.first == file || match.match.best.second == file;
   });
   if (unused != grouping.undecided.end()) return unused->why;
   if (partners == 0) return "There was nothing to compare it with.";

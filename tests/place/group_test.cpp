@@ -39,7 +39,7 @@ TEST(FormGroups, NeverLaysADevicesFilesOverEachOther) {
   EXPECT_EQ(grouping.members, (std::vector<std::vector<int>>{{0, 2}}));
   EXPECT_EQ(grouping.doubts.size(), 1u);
   ASSERT_EQ(grouping.undecided.size(), 1u);
-  EXPECT_EQ(grouping.undecided[0].match.first, 1);
+  EXPECT_EQ(grouping.undecided[0].match.best.first, 1);
   EXPECT_NE(grouping.undecided[0].why.find("of one device"), std::string::npos);
 }
 
