@@ -49,12 +49,24 @@ struct Finished {
   std::vector<std::string> result;
 };
 
+run::Options optionsOf(const Arguments& arguments) {
+  run::Options options;
+  options.align = arguments.align;
+  options.openFolders = arguments.open;
+  options.compactXmeml = arguments.compactXmeml;
+  options.formats = arguments.formats;
+  if (!arguments.drift.empty()) options.drift = arguments.drift;
+  if (arguments.replaceAudio) options.replaceAudio = true;
+  if (arguments.cameraSound) options.cameraSound = true;
+  return options;
+}
+
 Finished synchronise(const Arguments& arguments, const std::vector<std::string>& entries,
                      run::SystemServices& system, report::Console& console) {
   const bool showProgress = !arguments.quiet && !arguments.verbose;
   ProgressLine progress(stderr, [=] { return showProgress ? errorTerminalColumns() : 0; });
   run::SyncRun run(system.with(console, progress, interrupted()),
-                   {arguments.align, arguments.open, arguments.compactXmeml, arguments.formats});
+                   optionsOf(arguments));
   Finished finished;
   finished.result = run.synco(entries, arguments.tolerance, arguments.width, arguments.height,
                               static_cast<float>(arguments.framesPerSecond), arguments.mode);

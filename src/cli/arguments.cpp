@@ -104,6 +104,13 @@ void Reader::addDocuments() {
   app_.add_option("--xmeml-form", form_, "compact, or complete with all that editors ask for")
       ->option_text("FORM")
       ->check(checkXmemlForm);
+  app_.add_option("--drift", given_.drift, "Clocks that drift: off, sound (usual) or pieces")
+      ->option_text("WAY")
+      ->check(checkDrift);
+  app_.add_flag("--replace-audio", given_.replaceAudio, "Write each camera clip's best sound too")
+      ->option_text(" ");
+  app_.add_flag("--camera-sound", given_.cameraSound, "Cameras sound beside recorders too")
+      ->option_text(" ");
   app_.add_option("--profile", given_.profile, "Write to Desktop/SYNCED in this folder instead")
       ->option_text("DIR")
       ->check(checkFolder);

@@ -20,6 +20,8 @@ struct Arguments {
   bool align = true;
   std::vector<std::string> formats;  // empty: all
   bool compactXmeml = false;
+  std::string drift;  // off, sound or pieces; empty: as usual
+  bool replaceAudio = false, cameraSound = false;
   std::string profile;  // empty: the user's own
   std::string json;     // empty: none; "-": standard output
   bool open = false, quiet = false, verbose = false;

@@ -77,6 +77,11 @@ std::string checkXmemlForm(const std::string& value) {
   return value == "compact" || value == "complete" ? "" : unusable(value, "compact or complete");
 }
 
+std::string checkDrift(const std::string& value) {
+  const bool known = value == "off" || value == "sound" || value == "pieces";
+  return known ? "" : unusable(value, "off, sound or pieces");
+}
+
 std::string checkFolder(const std::string& value) {
   std::error_code ignored;  // what cannot be asked about cannot be used either
   const bool there =

@@ -16,6 +16,7 @@ std::string checkFrameRate(const std::string& value);
 std::string checkFrameSize(const std::string& value);
 std::string checkFormats(const std::string& value);
 std::string checkXmemlForm(const std::string& value);
+std::string checkDrift(const std::string& value);
 std::string checkFolder(const std::string& value);
 std::string checkJsonFile(const std::string& value);
 

@@ -23,6 +23,7 @@ Json memberJson(const report::Member& member) {
           {"device", member.device},
           {"error_ms", milliseconds(member.errorSeconds)},
           {"drift_ppm", orNull(member.driftPpm)},
+          {"left_out_of_sync_seconds", orNull(member.leftOutOfSync)},
           {"matched_with", member.matchedWith}};
 }
 

@@ -51,6 +51,11 @@ MediaOf addMedia(const project::Project& project, Project& timeline) {
   return indices;
 }
 
+std::optional<double> oneClockStart(const project::Clip& clip, double origin) {
+  if (!clip.oneClockShiftSeconds) return {};
+  return clip.startSeconds - origin + *clip.oneClockShiftSeconds;
+}
+
 Group groupOf(const project::Project& project, const project::Group& placed, MediaOf& indices) {
   Group group{placed.name, {}};
   double origin = 0;
@@ -67,7 +72,8 @@ Group groupOf(const project::Project& project, const project::Group& placed, Med
                              .startSeconds = clip->startSeconds - origin,
                              .confidence = clip->confidence,
                              .errorSeconds = clip->errorSeconds,
-                             .driftPpm = clip->driftPpm});
+                             .driftPpm = clip->driftPpm,
+                             .oneClockStart = oneClockStart(*clip, origin)});
     indices.erase(clip->recording);  // what is left at the end stands nowhere
   }
   return group;
@@ -81,6 +87,7 @@ Project timelineOf(const project::Project& project) {
   timeline.fps = sequence.fps;
   timeline.width = sequence.width;
   timeline.height = sequence.height;
+  timeline.cameraSound = project.settings.cameraSound;
   MediaOf indices = addMedia(project, timeline);
   for (const project::Group& placed : project.groups) {
     Group group = groupOf(project, placed, indices);

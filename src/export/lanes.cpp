@@ -52,7 +52,9 @@ std::vector<double> phases(const Project& project, const Group& group, FrameRate
 std::vector<Item> onGrid(const Project& project, const Group& group, const Grid& grid) {
   if (group.clips.empty()) return {};
   const double first = firstStart(group);
-  const double phase = grid.startsDown ? 0 : bestPhase(project, group, grid.rate);
+  const double phase = grid.startsDown      ? 0
+                       : group.phaseSeconds ? *group.phaseSeconds
+                                            : bestPhase(project, group, grid.rate);
   std::vector<Item> items;
   for (const Clip& clip : group.clips) {
     const Item item =

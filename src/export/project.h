@@ -37,12 +37,15 @@ struct Clip {
   double sourceSeconds = 0;                 // the moment of the file that stands at the start
   double lengthSeconds = kToItsEnd;         // of the piece
   std::optional<double> driftPpm = {};      // what is left of the clock's drift against the group's
+  std::optional<double> oneClockStart = {};  // its start where all run by one clock, by the sound
   std::optional<Steady> steady = {};
 };
 
 struct Group {
   std::string name;         // "Group 1"
   std::vector<Clip> clips;  // by start
+  /// How much later than its earliest clip the group begins on the frames; none: as suits it best.
+  std::optional<double> phaseSeconds = {};
 };
 
 /// Everything that the writers need; they return text and touch no disk.

@@ -37,7 +37,10 @@ void moveDevicesApart(PlacedGroup& group, std::span<const align::Recording> reco
       const double overlap = before->offsetSeconds +
                              align::secondsOf(recordings[std::size_t(before->file)]) -
                              p.offsetSeconds;
-      if (overlap > 0 && overlap < kPadding) p.offsetSeconds += overlap;
+      if (overlap > 0 && overlap < kPadding) {
+        p.offsetSeconds += overlap;
+        if (p.oneClockShift) *p.oneClockShift -= overlap;
+      }
     }
     last[device] = &p;
   }
@@ -54,6 +57,7 @@ PlacedGroup placedGroup(const Grouping& grouping, int index,
   for (std::size_t i = 0; i < members.size(); ++i) {
     Placed placed{
         members[i], positions.seconds[i], 0, positions.errorSeconds[i], positions.driftPpm[i], {}};
+    placed.oneClockShift = positions.oneClockShift[i];
     describe(placed, matches);
     group.members.push_back(std::move(placed));
   }

@@ -20,6 +20,8 @@ struct Placed {
   std::optional<double> errorSeconds;  // estimated error of the offset; none if not measured
   std::optional<double> driftPpm;  // clock against the group's; none where the overlap is too short
   std::vector<int> matchedWith;    // files it was matched with, strongest first
+  /// What is to be added to the offset once every recording is stretched to the group's clock.
+  std::optional<double> oneClockShift = {};
 };
 
 struct PlacedGroup {

@@ -136,6 +136,33 @@ void estimateErrors(const Numbering& numbers, std::span<const Equation> equation
   }
 }
 
+// How often a file's second passes in a second of the group's clock.
+double rateOf(const Positions& positions, int member) {
+  return 1 + positions.driftPpm[std::size_t(member)].value_or(0) * 1e-6;
+}
+
+// What both hear in the middle of their overlap is one moment, whatever their clocks.
+void solveOneClock(std::span<const align::Recording> recordings, const Numbering& numbers,
+                   std::span<const align::Match> matches, int reference,
+                   std::vector<Equation> equations, Positions& out) {
+  for (std::size_t i = 0; i < equations.size(); ++i) {
+    Equation& e = equations[i];
+    const align::Alignment& best = matches[i].best;
+    const double first = align::secondsOf(recordings[std::size_t(best.first)]);
+    const double second = align::secondsOf(recordings[std::size_t(best.second)]);
+    const double middle =
+        (std::max(0.0, best.offsetSeconds) + std::min(first, best.offsetSeconds + second)) / 2;
+    e.difference = middle / rateOf(out, e.from) - (middle - best.offsetSeconds) / rateOf(out, e.to);
+    e.weight = 1;
+  }
+  const int fixed = numbers.member.at(reference);
+  const auto count = static_cast<int>(out.seconds.size());
+  const Eigen::VectorXd value = robustSolution(count, equations, fixed, kFar);
+  const double origin = out.seconds[std::size_t(fixed)];
+  for (int i = 0; i < count; ++i)
+    out.oneClockShift.push_back(value(i) + origin - out.seconds[std::size_t(i)]);
+}
+
 }  // namespace
 
 Positions solvePositions(std::span<const align::Recording> recordings, std::span<const int> members,
@@ -156,6 +183,7 @@ Positions solvePositions(std::span<const align::Recording> recordings, std::span
   for (double& s : out.seconds) s -= earliest;
   estimateErrors(numbers, equations, out);
   solveDrift(numbers, matches, reference, out);
+  solveOneClock(recordings, numbers, matches, reference, equations, out);
   return out;
 }
 

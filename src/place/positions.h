@@ -10,8 +10,11 @@ namespace place {
 
 /// Where the members of one group stand, all matches weighed together. By member index.
 struct Positions {
-  std::vector<double> seconds;                  // from the earliest member; >= 0
-  std::vector<double> errorSeconds;             // estimated
+  std::vector<double> seconds;       // from the earliest member; >= 0
+  std::vector<double> errorSeconds;  // estimated
+  /// What has to be added to `seconds` where every recording is stretched to the group's clock: its
+  /// start then, for no position is a compromise any more.
+  std::vector<double> oneClockShift;
   std::vector<std::optional<double>> driftPpm;  // against the clock that hears most of the others
 };
 

@@ -109,6 +109,7 @@ void fields(auto& visit, Like<Clip> auto& clip) {
   visit("confidence", clip.confidence);
   visit("error_seconds", clip.errorSeconds);
   visit("drift_ppm", clip.driftPpm);
+  visit("one_clock_shift_seconds", clip.oneClockShiftSeconds);
   visit("matched_with", clip.matchedWith);
   visit("confirmed", clip.confirmed);
   visit("pinned", clip.pinned);
@@ -149,6 +150,7 @@ void fields(auto& visit, Like<Settings> auto& settings) {
   visit("formats", settings.formats);
   visit("compact_xmeml", settings.compactXmeml);
   visit("clips_by_clock", settings.clipsByClock);
+  visit("camera_sound", settings.cameraSound);
   visit("drift", settings.drift);
   visit("replace_audio", settings.replaceAudio);
   visit.unknown(settings.unknown);

@@ -75,6 +75,8 @@ struct Clip {
   double confidence = 0;               // 0 to 1, of the place that the sound gave
   std::optional<double> errorSeconds;  // estimated, of the place; none if it was not measured
   std::optional<double> driftPpm;      // clock against the group's; none where it was not measured
+  /// What is to be added to the start once every recording is stretched to the group's clock.
+  std::optional<double> oneClockShiftSeconds;
   std::vector<Id> matchedWith;         // recordings, strongest first
   bool confirmed = false;              // somebody looked and found it right
   bool pinned = false;                 // stays where it is when clips are synchronised again
@@ -123,6 +125,7 @@ struct Settings {
   std::vector<std::string> formats;       // names of documents; empty: the usual ones
   bool compactXmeml = false;
   bool clipsByClock = false;    // clips placed by their device's clock go into documents too
+  bool cameraSound = false;     // cameras sound although a recorder covers them
   std::string drift = "sound";  // what documents do about it: "off", "sound", "pieces"
   bool replaceAudio = false;    // for each camera clip the best sound that covers it, as a file
   Unknown unknown;

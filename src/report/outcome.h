@@ -16,6 +16,7 @@ struct Member {
   int device = 0;                   // from 1; files of one device share it
   std::optional<double> driftPpm;
   std::optional<double> errorSeconds;    // estimated error of the position
+  std::optional<double> leftOutOfSync;   // seconds that the clock leaves at the worse end
   std::vector<std::string> matchedWith;  // paths, strongest first
   std::string soundPath;                 // the converted 8000 Hz sound, for drawing; may be empty
 };

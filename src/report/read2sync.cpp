@@ -41,7 +41,7 @@ constexpr std::string_view kHowToRead =
     "  Confidence  of the recordings given 90 %, about nine in ten stand at the right place\n"
     "  Exact to    the estimated error of the position; empty where it was not measured\n"
     "  Drift       how much faster the device's clock runs than the group's, in millionths, and\n"
-    "              how far picture and sound are apart at the recording's end because of it\n\n";
+    "              how far that leaves the worse end of the recording from its place\n\n";
 
 constexpr std::string_view kWhatToTry =
     "What to try for files that stand alone\n"

@@ -48,10 +48,8 @@ Row memberRow(const Member& member, const Names& names) {
              "",
              ""};
   if (member.errorSeconds) row[5] = millisecondsText(*member.errorSeconds);
-  if (member.driftPpm) {
-    row[6] = signedText(*member.driftPpm, " ppm");
-    row[7] = signedText(*member.driftPpm * 1e-3 * member.durationSeconds, " ms");
-  }
+  if (member.driftPpm) row[6] = signedText(*member.driftPpm, " ppm");
+  if (member.driftPpm && member.leftOutOfSync) row[7] = millisecondsText(*member.leftOutOfSync);
   return row;
 }
 
@@ -68,7 +66,7 @@ std::string groupHeading(const Group& group) {
 
 std::string groupText(const Group& group, const Names& names) {
   std::vector<Row> rows = {{"Recording", "Device", "Position", "Length", "Confidence", "Exact to",
-                            "Clock drift", "at its end"}};
+                            "Clock drift", "leaves"}};
   for (const Member& member : group.members) rows.push_back(memberRow(member, names));
   return groupHeading(group) + tableText(rows, "lrrrrrrr", 2) + '\n';
 }

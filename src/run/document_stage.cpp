@@ -8,6 +8,7 @@
 #include "report/disk.h"
 #include "report/files.h"
 #include "run/clock.h"
+#include "run/clock_stage.h"
 #include "run/tables.h"
 
 namespace run {
@@ -47,6 +48,16 @@ void writeDocuments(const timeline::Project& project, const std::string& folder,
   }
 }
 
+void writeResults(const project::Project& project, const std::string& folder,
+                  const Options& options, const SoundOf& soundOf, const Services& services,
+                  Outcome& outcome) {
+  timeline::Project timeline = timeline::timelineOf(project);
+  NewSounds sounds(folder, services, outcome);
+  correctClocks(timeline, driftOf(project.settings.drift), sounds, soundOf, outcome);
+  if (project.settings.replaceAudio) replaceAudio(timeline, sounds);
+  writeDocuments(timeline, folder, options, services, outcome);
+}
+
 Outcome exportDocuments(const project::Project& project, const std::string& folder,
                         const Services& services) {
   Outcome outcome;
@@ -57,7 +68,8 @@ Outcome exportDocuments(const project::Project& project, const std::string& fold
   Options options;
   options.formats = project.settings.formats;
   options.compactXmeml = project.settings.compactXmeml;
-  writeDocuments(timeline::timelineOf(project), folder, options, services, outcome);
+  const SoundOf none = [](const std::string&) { return std::string(); };
+  writeResults(project, folder, options, none, services, outcome);
   return outcome;
 }
 

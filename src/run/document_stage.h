@@ -2,6 +2,7 @@
 
 #include "export/project.h"
 #include "project/project.h"
+#include "run/clock_stage.h"
 #include "run/material.h"
 #include "run/sync_run.h"
 
@@ -14,6 +15,12 @@ void writeTables(const std::vector<float>& table, const Services& services, Outc
 /// them in `outcome`. Failures become notices.
 void writeDocuments(const timeline::Project& project, const std::string& folder,
                     const Options& options, const Services& services, Outcome& outcome);
+
+/// All that is made of a project: sound written anew where clocks drift or where it is asked for,
+/// then every wanted document.
+void writeResults(const project::Project& project, const std::string& folder,
+                  const Options& options, const SoundOf& soundOf, const Services& services,
+                  Outcome& outcome);
 
 /// Writes a project's documents into `folder`, a whole path, which is made if it is missing;
 /// nothing is listened to. What could not be written is among the notices.

@@ -157,6 +157,7 @@ Clip Filling::clipFor(const place::Placed& member) {
   clip.confidence = member.confidence;
   clip.errorSeconds = member.errorSeconds;
   clip.driftPpm = member.driftPpm;
+  clip.oneClockShiftSeconds = member.oneClockShift;
   for (const int other : member.matchedWith)
     if (ids_[other] > 0) clip.matchedWith.push_back(ids_[other]);
   if (const auto old = oldClips_.find(clip.recording); old != oldClips_.end()) {
@@ -272,6 +273,9 @@ project::Settings projectSettings(const Settings& settings, const Options& optio
   before.frameSize.reset();
   if (settings.width > 0 && settings.height > 0)
     before.frameSize = project::FrameSize{settings.width, settings.height};
+  if (options.drift) before.drift = *options.drift;
+  if (options.replaceAudio) before.replaceAudio = *options.replaceAudio;
+  if (options.cameraSound) before.cameraSound = *options.cameraSound;
   before.formats = options.formats;
   before.compactXmeml = options.compactXmeml;
   return before;

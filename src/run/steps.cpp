@@ -1,10 +1,13 @@
 #include "run/steps.h"
 
+#include <algorithm>
+
 #include "analysis/sound.h"
 #include "export/from_project.h"
 #include "export/sequence.h"
 #include "project/project_file.h"
 #include "report/diagnostics.h"
+#include "report/files.h"
 #include "run/clock.h"
 #include "run/convert.h"
 #include "run/desktop.h"
@@ -66,8 +69,7 @@ std::vector<std::string> Steps::run(const std::vector<std::string>& videofiles) 
 void Steps::begin() {
   addNotice(makeResultsFolders());
   const std::string desktop = services_.desktop.movedTo();
-  const bool linked =
-      !desktop.empty() && services_.desktop.putShortcut(resultsFolder(), desktop);
+  const bool linked = !desktop.empty() && services_.desktop.putShortcut(resultsFolder(), desktop);
   addNotice(noticeOfMovedDesktop(desktop, linked));
   startLog(settings_.mode);
   services_.progress.moveprogressslot(0);
@@ -163,7 +165,14 @@ void Steps::write() {
   for (const std::string& notice : sequence.notices) addNotice(notice);
   (void)makeResultsFolders();
   if (options_.openFolders) services_.desktop.command(resultsFolder());
-  writeDocuments(timeline::timelineOf(project_), resultsFolder(), options_, services_, outcome_);
+  const SoundOf soundOf = [this](const std::string& path) {
+    const auto found = std::ranges::find_if(material_.entries, [&](const Entry& entry) {
+      return entry.listed == path || report::wholePath(entry.listed) == path;
+    });
+    if (found == material_.entries.end()) return std::string();
+    return material_.sounds[static_cast<std::size_t>(found - material_.entries.begin())];
+  };
+  writeResults(project_, resultsFolder(), options_, soundOf, services_, outcome_);
 }
 
 void Steps::show() {

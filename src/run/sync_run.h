@@ -2,6 +2,7 @@
 
 #include <atomic>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -47,9 +48,11 @@ struct Options {
   bool align = true;          // place by the sound itself; false: accepted pairs, vote's offsets
   bool openFolders = true;    // open the results at the end
   bool compactXmeml = false;  // the fixed fragments alone
-  std::vector<std::string> formats;  // empty: all
-  project::Project project;          // what is known before the run: devices, places that stay
-  std::vector<project::Id> again;    // recordings of it to place; all others stay. Empty: all
+  std::vector<std::string> formats;  // empty: the usual ones
+  std::optional<std::string> drift;  // "off", "sound", "pieces"; none: as the project has it
+  std::optional<bool> replaceAudio, cameraSound;  // the same
+  project::Project project;        // what is known before the run: devices, places that stay
+  std::vector<project::Id> again;  // recordings of it to place; all others stay. Empty: all
 };
 
 /// One synchronisation from media files to documents. An object serves one run.
@@ -60,7 +63,8 @@ class SyncRun {
 
   /// The whole run, in the calling thread. `videofiles` holds paths and device group markers;
   /// `a_d` is the tolerance, `resx` x `resy` pixels and `frps` frames per second the sequence,
-  /// `prem` the mode flag; rate and size are 0 to follow the pictures. Returns a status text, then the files that were ignored.
+  /// `prem` the mode flag; rate and size are 0 to follow the pictures.
+  /// Returns a status text, then the files that were ignored.
   std::vector<std::string> synco(std::vector<std::string> videofiles, double a_d, int resx,
                                  int resy, float frps, int prem);
 

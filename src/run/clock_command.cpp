@@ -1,0 +1,91 @@
+#include "run/clock_command.h"
+
+#include <cmath>
+
+namespace run {
+namespace {
+
+constexpr std::int64_t kLargest = 1'000'000;  // the resampler multiplies it by its 1024 phases
+
+std::string fileArgument(const std::string& path) {
+  return std::string(path.starts_with('/') ? "" : "./") + path;
+}
+
+/// The source is said to run at one rate and resampled to another, which stretches it; then it is
+/// said to run at its own again.
+std::string stretch(const NewSound& sound) {
+  const auto [over, under] = nearestRatio(1 / sound.playRate);
+  if (over == under) return {};
+  return "asetrate=" + std::to_string(under) + ",aresample=" + std::to_string(over) +
+         ":filter_size=64:phase_shift=10:linear_interp=1:cutoff=0.98:internal_sample_fmt=dblp"
+         ",asetrate=" +
+         std::to_string(sound.rate) + ",";
+}
+
+std::string filters(const NewSound& sound) {
+  std::string text;
+  if (sound.skip > 0)
+    text += "atrim=start_sample=" + std::to_string(sound.skip) + ",asetpts=PTS-STARTPTS,";
+  text += stretch(sound);
+  if (sound.delay > 0) text += "adelay=delays=" + std::to_string(sound.delay) + "S:all=1,";
+  return text + "apad,atrim=end_sample=" + std::to_string(sound.length);
+}
+
+std::string codec(int bits) {
+  if (bits > 24) return "pcm_s32le";
+  return bits > 16 || bits <= 0 ? "pcm_s24le" : "pcm_s16le";  // a codec without bits loses nothing
+}
+
+}  // namespace
+
+Ratio nearestRatio(double value) {
+  // Continued fraction: each step is the best ratio of its size.
+  std::int64_t over = 1, under = 0, lastOver = 0, lastUnder = 1;
+  double rest = value;
+  for (int step = 0; step < 64; ++step) {
+    const double whole = std::floor(rest);
+    const auto digit = static_cast<std::int64_t>(whole);
+    const std::int64_t nextOver = digit * over + lastOver, nextUnder = digit * under + lastUnder;
+    if (whole > double(kLargest) || nextOver > kLargest || nextUnder > kLargest) break;
+    lastOver = over;
+    lastUnder = under;
+    over = nextOver;
+    under = nextUnder;
+    if (rest - whole < 1e-12) break;
+    rest = 1 / (rest - whole);
+  }
+  return {over, under};
+}
+
+Command newSoundCommand(const std::string& programFolder, const NewSound& sound) {
+  const std::string track = "0:a:" + std::to_string(sound.stream);
+  std::vector<std::string> words{"ffmpeg",
+                                 "-v",
+                                 "error",
+                                 "-i",
+                                 fileArgument(sound.source),
+                                 "-map",
+                                 track,
+                                 "-vn",
+                                 "-af",
+                                 filters(sound),
+                                 "-c:a",
+                                 codec(sound.bits),
+                                 "-ar",
+                                 std::to_string(sound.rate),
+                                 "-rf64",
+                                 "auto",
+                                 "-map_metadata",
+                                 "0"};
+  if (sound.keepTimecode) words.insert(words.end(), {"-write_bext", "1"});
+  words.insert(words.end(), {"-f", "wav", "-y", fileArgument(sound.target)});
+  std::string line = "\"" + programFolder + "ffmpeg.exe\"";
+  for (std::size_t i = 1; i < words.size(); ++i) {
+    const bool path = words[i] == fileArgument(sound.source) || i + 1 == words.size();
+    const std::string word = !path ? words[i] : i + 1 == words.size() ? sound.target : sound.source;
+    line += " \"" + word + "\"";
+  }
+  return {line, words};
+}
+
+}  // namespace run

@@ -1,0 +1,53 @@
+#include "run/new_sounds.h"
+
+#include <filesystem>
+
+#include "report/disk.h"
+#include "report/files.h"
+#include "run/conversion_command.h"
+
+namespace run {
+
+namespace fs = std::filesystem;
+
+NewSounds::NewSounds(const std::string& folder, const Services& services, Outcome& outcome)
+    : folder_(folder + "/sound"), services_(services), outcome_(outcome) {}
+
+std::string NewSounds::freePath(const std::string& name) {
+  std::string path = folder_ + "/" + name + ".wav";
+  for (int number = 2; !taken_.insert(path).second; ++number)
+    path = folder_ + "/" + name + " (" + std::to_string(number) + ").wav";
+  return path;
+}
+
+std::optional<std::string> NewSounds::write(NewSound sound, const std::string& name) {
+  const std::string path = freePath(name);
+  sound.target = path + ".part";
+  const auto fail = [&](const std::string& why) -> std::optional<std::string> {
+    report::removeFile(report::fromUtf8(sound.target));
+    outcome_.notices.push_back("The new sound of " + sound.source + " was not written: " + why +
+                               ".");
+    return {};
+  };
+  if (const std::error_code error = report::makeFolders(report::fromUtf8(folder_)))
+    return fail("the folder " + folder_ + " cannot be created (" + error.message() + ")");
+  const Command command = newSoundCommand(programFolder(), sound);
+  services_.console.line("ffmpeg windows komand:     " + command.windowsLine);
+  const ProcessResult result = services_.processes.run(command, services_.cancelled);
+  if (services_.cancelled) {
+    report::removeFile(report::fromUtf8(sound.target));
+    return {};
+  }
+  if (!result.ok()) return fail(result.started.ok() ? "ffmpeg stopped" : result.started.error);
+  std::error_code error;
+  fs::rename(report::fromUtf8(sound.target), report::fromUtf8(path), error);
+  if (error) return fail(error.message());
+  outcome_.outputs.push_back(report::wholePath(path));
+  return report::wholePath(path);
+}
+
+std::string stemOf(const std::string& path) {
+  return report::toUtf8(report::fromUtf8(path).stem());
+}
+
+}  // namespace run
