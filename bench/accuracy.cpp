@@ -7,27 +7,20 @@
 // --cache keeps rendered sets there for the next run; --no-devices: nobody says which recordings
 // are of one device; --list shows every recording that stands wrong or alone; --each prints every
 // set; --json appends one line per set. So many sets at a time as --jobs says, each in one thread;
-// --jobs 1 measures one after the other with all threads. KIND is all but the longest if none is
-// named.
+// --jobs 1 measures one after the other with all threads. Every kind is
+// measured if none is named.
 
 #include <omp.h>
 
 #include <algorithm>
-#include <cmath>
 #include <cstdio>
 #include <cstdlib>
-#include <ctime>
 #include <fstream>
 #include <map>
 #include <string>
 
-#include "analysis/fingerprint.h"
-#include "bench/events/cache.h"
-#include "bench/score.h"
+#include "bench/measure.h"
 #include "bench/score_text.h"
-#include "place/placement.h"
-#include "vote/shortlist.h"
-#include "vote/vote_pairs.h"
 
 namespace {
 
@@ -41,92 +34,6 @@ struct Options {
   bool list = false, each = false, devices = true;
   int jobs = omp_get_max_threads();
 };
-
-/// Seconds of processor time, which other programs hardly disturb: of this thread where several
-/// sets are measured at a time, of all threads otherwise.
-double processorSeconds() {
-  timespec time;
-  clock_gettime(omp_in_parallel() ? CLOCK_THREAD_CPUTIME_ID : CLOCK_PROCESS_CPUTIME_ID, &time);
-  return double(time.tv_sec) + 1e-9 * double(time.tv_nsec);
-}
-
-/// One set as the placement sees it.
-struct Shoot {
-  RenderedSet rendered;
-  std::vector<align::Recording> recordings;
-  Eigen::VectorXf durations;
-  std::vector<std::vector<int>> deviceGroups;
-};
-
-Shoot shootOf(RenderedSet rendered, bool knowDevices) {
-  Shoot shoot{std::move(rendered), {}, {}, {}};
-  const auto& [set, sounds] = shoot.rendered;
-  std::map<int, std::vector<int>> devices;
-  shoot.durations.resize(std::ssize(sounds));
-  for (std::size_t i = 0; i < sounds.size(); ++i) {
-    const int device = knowDevices ? set.takes[i].device : -1;
-    shoot.recordings.push_back({set.takes[i].name, std::ssize(sounds[i]), device});
-    shoot.durations(Eigen::Index(i)) = float(sounds[i].size() / 8000);
-    if (knowDevices) devices[device].push_back(int(i));
-  }
-  for (auto& [device, files] : devices)
-    if (files.size() > 1) shoot.deviceGroups.push_back(files);
-  return shoot;
-}
-
-std::vector<analysis::MatrixXLI> fingerprints(const Shoot& shoot, float tolerance) {
-  const auto& sounds = shoot.rendered.sounds;
-  std::vector<analysis::MatrixXLI> prints(sounds.size());
-#pragma omp parallel for schedule(dynamic)
-  for (std::size_t i = 0; i < prints.size(); ++i)
-    prints[i] = analysis::fingerprint(sounds[i], tolerance);
-  return prints;
-}
-
-// The most significant votes, as a run keeps them.
-std::vector<vote::PairVote> vote(const Shoot& shoot,
-                                 const std::vector<analysis::MatrixXLI>& prints) {
-  vote::Shortlist shortlist(shoot.recordings.size());
-  vote::votePairs(prints, shoot.durations, shoot.deviceGroups, 1,
-                  [&](vote::PairVote v) { shortlist.add(v); });
-  return shortlist.take();
-}
-
-align::SoundReader readerOf(const Shoot& shoot) {
-  return [&](int file, std::int64_t first, std::int64_t count) {
-    const auto& sound = shoot.rendered.sounds[std::size_t(file)];
-    std::vector<float> piece(std::size_t(count), 0.0f);
-    const auto from = std::clamp<std::int64_t>(first, 0, std::ssize(sound));
-    const auto to = std::clamp<std::int64_t>(first + count, from, std::ssize(sound));
-    std::copy(sound.begin() + from, sound.begin() + to, piece.begin() + (from - first));
-    return piece;
-  };
-}
-
-/// What one set came to.
-struct Result {
-  Score byVotes, bySound;
-  std::string list;
-};
-
-Result measured(const Shoot& shoot, float tolerance) {
-  const double start = processorSeconds();
-  const auto prints = fingerprints(shoot, tolerance);
-  const double printed = processorSeconds();
-  const auto votes = vote(shoot, prints);
-  const double voted = processorSeconds();
-  const auto placement = place::placeBySound(shoot.recordings, votes, readerOf(shoot));
-  const double placed = processorSeconds();
-  const Set& set = shoot.rendered.set;
-  Result result{scoreOf(set, place::placeByVotes(shoot.recordings, votes)), scoreOf(set, placement),
-                list(set, placement)};
-  result.bySound.fingerprintSeconds = printed - start;
-  result.bySound.voteSeconds = voted - printed;
-  result.bySound.placeSeconds = placed - voted;
-  for (const auto& sound : shoot.rendered.sounds)
-    result.bySound.hours += double(sound.size()) / kRate / 3600;
-  return result;
-}
 
 /// The sums of all that is measured, told as it comes.
 class Tally {
@@ -209,8 +116,7 @@ void measureAll(const Options& options) {
 #pragma omp parallel for schedule(dynamic) num_threads(options.jobs)
   for (std::size_t i = 0; i < work.size(); ++i) {
     const auto& [kind, seed] = work[i];
-    const Shoot shoot = shootOf(render(kind, seed), options.devices);
-    const Result result = measured(shoot, options.tolerance);
+    const Result result = measured(render(kind, seed), options.devices, options.tolerance);
 #pragma omp critical
     tally.add(kind, seed, result);
   }

@@ -15,7 +15,7 @@
 #include "align/correlate.h"
 #include "align/evidence.h"
 #include "bench/events/cache.h"
-#include "bench/score.h"
+#include "bench/truth.h"
 
 namespace {
 
