@@ -95,8 +95,9 @@ Cost costOf(Work&& work) {
 }
 
 Cost measureDecoding(const std::vector<std::string>& files, const run::Services& services) {
-  const Cost cost = costOf([&] { (void)run::convertAll(files, services); });
-  run::removeConverted(run::ownConvertedNames(files));
+  run::TemporaryFolder spare;
+  run::SoundPlaces places(files, spare);
+  const Cost cost = costOf([&] { (void)run::convertAll(files, places, services); });
   return cost;
 }
 

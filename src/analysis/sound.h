@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -12,7 +13,12 @@ inline constexpr int kSampleRate = 8000;  // Hz; every recording is converted to
 /// platform. Callable from several threads at once, as is the one below.
 std::int64_t soundLength(const std::string& path);
 
-/// Samples `first` to `first + count - 1` of the WAV file; those outside of it are 0.
+/// Samples `first` to `first + count - 1` of the WAV file; those outside of it are 0. None if the
+/// file cannot be read.
+std::optional<std::vector<float>> pieceOf(const std::string& path, std::int64_t first,
+                                          std::int64_t count);
+
+/// The same with silence for what cannot be read.
 std::vector<float> readPiece(const std::string& path, std::int64_t first, std::int64_t count);
 
 }  // namespace analysis

@@ -39,8 +39,9 @@ std::vector<std::string> convertCore(const std::vector<std::string>& videofiles,
 
 void reportCore(const std::vector<std::string>& result) {
   run::SystemDesktop desktop;
-  report::reportRun(result, console,
-                    [&desktop](const std::string& command) { desktop.command(command); });
+  (void)report::reportRun(result, console, [&desktop](const std::string& command) {
+    desktop.command(command);
+  });  // the window shows the result too
 }
 
 }  // namespace app

@@ -1,7 +1,10 @@
 #include "cli/align.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <cstdio>
+#include <cstring>
+#include <functional>
 
 #include "cli/inputs.h"
 #include "cli/interrupt.h"
@@ -74,13 +77,22 @@ Finished synchronise(const Arguments& arguments, const std::vector<std::string>&
   return finished;
 }
 
-void writeProblems(const Arguments& arguments, const std::vector<std::string>& result,
-                   run::SystemServices& system, report::Console& console) {
-  const auto execute = [&](const std::string& command) { system.desktop().command(command); };
-  if (arguments.open)
-    report::reportRun(result, console, execute);
-  else
-    report::reportRun(result, console, {});
+void writeProblems(const Arguments& arguments, Finished& finished, run::SystemServices& system,
+                   report::Console& console) {
+  std::function<void(const std::string&)> execute;
+  if (arguments.open) execute = [&](const std::string& line) { system.desktop().command(line); };
+  const report::Status written = report::reportRun(finished.result, console, execute);
+  if (!written.ok())
+    run::addFailure("A file was not written: " + written.error + ".", finished.outcome);
+}
+
+/// What is worth knowing beside the failures.
+std::vector<std::string> notesOf(const report::Outcome& outcome) {
+  std::vector<std::string> notes = outcome.notices;
+  std::erase_if(notes, [&](const std::string& note) {
+    return std::ranges::find(outcome.failures, note) != outcome.failures.end();
+  });
+  return notes;
 }
 
 std::string outputsText(const report::Outcome& outcome) {
@@ -95,14 +107,16 @@ report::Status show(const report::Outcome& outcome, const std::string& jsonFile)
   const std::string json = jsonFile.empty() ? "" : resultJson(outcome);
   const std::string text =
       jsonFile == "-" ? json : report::summaryText(outcome) + outputsText(outcome);
-  std::fwrite(text.data(), 1, text.size(), stdout);
-  std::fflush(stdout);
+  const bool shown = std::fwrite(text.data(), 1, text.size(), stdout) == text.size();
+  if (std::fflush(stdout) != 0 || !shown)
+    return {std::string("The result cannot be shown: ") + std::strerror(errno)};
   if (jsonFile.empty() || jsonFile == "-") return {};
   return report::writeWhole(report::fromUtf8(jsonFile), json);
 }
 
 int exitStatus(const report::Outcome& outcome) {
   if (outcome.cancelled) return kInterrupted;
+  if (!outcome.failures.empty()) return kFailed;
   if (!outcome.groups.empty()) return kSynchronised;
   return outcome.unsynced.empty() ? kFailed : kNothingMatched;  // failed: not one could be heard
 }
@@ -133,10 +147,12 @@ int align(const Arguments& arguments) {
   ErrorConsole errors;
   report::NoConsole nowhere;
   report::Console& console = arguments.verbose ? static_cast<report::Console&>(errors) : nowhere;
-  const Finished finished = synchronise(arguments, inputs.entries, system, console);
-  if (!finished.outcome.cancelled) writeProblems(arguments, finished.result, system, console);
+  Finished finished = synchronise(arguments, inputs.entries, system, console);
+  if (!finished.outcome.cancelled && !finished.outcome.refused)
+    writeProblems(arguments, finished, system, console);
   if (!arguments.quiet)
-    for (const std::string& notice : finished.outcome.notices) say("Note: " + notice);
+    for (const std::string& notice : notesOf(finished.outcome)) say("Note: " + notice);
+  for (const std::string& failure : finished.outcome.failures) say("kestrel-align: " + failure);
   const report::Status shown = show(finished.outcome, json);
   return shown.ok() ? exitStatus(finished.outcome) : fail(shown.error);
 }

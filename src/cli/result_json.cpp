@@ -58,7 +58,8 @@ std::string resultJson(const report::Outcome& outcome) {
                        {"unsynced", pathsJson(outcome.unsynced)},
                        {"ignored", ignoredJson(outcome)},
                        {"outputs", outcome.outputs},
-                       {"notices", outcome.notices}};
+                       {"notices", outcome.notices},
+                       {"failures", outcome.failures}};
   return result.dump(2, ' ', false, Json::error_handler_t::replace) + '\n';
 }
 

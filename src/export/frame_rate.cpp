@@ -45,7 +45,7 @@ double usualRate(double fps) {
 }
 
 FrameRate exactRate(double fps) {
-  if (!(fps > 0)) return {25, 1};
+  if (!(fps >= 1 && fps <= 1000)) return {25, 1};  // a slideshow's, a damaged header's, or none
   const double whole = std::ceil(fps - 0.006);
   const auto units = static_cast<std::int64_t>(whole);
   if (near(fps, whole)) return {units, 1};

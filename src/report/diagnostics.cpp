@@ -24,6 +24,10 @@ void appendLogLine(std::string line) { appendLine(kLogFile, line); }
 void appendTempResultsLine(std::string line) { appendLine(kTempResultsFile, line); }
 void appendRead2SyncLine(std::string line) { appendLine(kRead2SyncFile, line); }
 
+Status replaceRead2SyncFile(const std::string& page) {
+  return writeWhole(diagnosticFile(kRead2SyncFile), page);
+}
+
 void removeRead2SyncFile() { removeFile(diagnosticFile(kRead2SyncFile)); }
 void removeTempResultsFile() { removeFile(diagnosticFile(kTempResultsFile)); }
 

@@ -2,6 +2,8 @@
 
 #include <string>
 
+#include "report/status.h"
+
 namespace report {
 
 // The text files that tell of a run, below the profile folder (report/profile.h).
@@ -17,6 +19,9 @@ inline constexpr char kProblemsFile[] = "/Desktop/SYNCED/PROBLEMS.TXT";
 void appendLogLine(std::string line);
 void appendTempResultsLine(std::string line);
 void appendRead2SyncLine(std::string line);
+
+/// Puts `page` in the place of READ2SYNC.txt, which stays as it was when that fails.
+Status replaceRead2SyncFile(const std::string& page);
 
 /// Each deletes its file; a missing one is no error.
 void removeRead2SyncFile();

@@ -3,11 +3,36 @@
 #include <cerrno>
 #include <cstring>
 #include <fstream>
+#include <random>
 
+#include "report/disk.h"
 #include "report/long_path.h"
 #include "report/profile.h"
 
 namespace report {
+namespace {
+
+namespace fs = std::filesystem;
+
+Status cannotWrite(const fs::path& path, const std::string& answer) {
+  return {"cannot write " + toUtf8(path) + ": " + answer};
+}
+
+Status writeInto(const fs::path& file, std::string_view text, const fs::path& shown) {
+  errno = 0;
+  std::ofstream stream(file, std::ios::binary);
+  stream << text;
+  stream.close();
+  return stream ? Status() : cannotWrite(shown, std::strerror(errno));
+}
+
+/// A short hidden name beside `path` that nothing has.
+fs::path nameBeside(const fs::path& path) {
+  std::random_device random;
+  return path.parent_path() / (".kestrel-" + std::to_string(random()) + ".part");
+}
+
+}  // namespace
 
 std::filesystem::path fromUtf8(std::string_view text) {
   const std::string openable = openablePath(std::string(text));
@@ -22,11 +47,20 @@ std::string nativeUtf8(const std::filesystem::path& path) {
 }
 
 Status writeWhole(const std::filesystem::path& path, std::string_view text) {
-  errno = 0;
-  std::ofstream file(path, std::ios::binary);
-  file << text << std::flush;
-  if (!file) return {"cannot write " + toUtf8(path) + ": " + std::strerror(errno)};
-  return {};
+  std::error_code error;
+  const fs::file_type kind = kindOf(path, error);
+  const bool plain = kind == fs::file_type::not_found || kind == fs::file_type::regular;
+  if (error || !plain) return writeInto(path, text, path);  // a pipe or a device stays one
+  const fs::path linked = fs::canonical(path, error);
+  const fs::path place = error ? path : linked, part = nameBeside(place);
+  if (Status written = writeInto(part, text, path); !written.ok()) {
+    removeFile(part);
+    return written;
+  }
+  fs::rename(part, place, error);
+  if (!error) return {};
+  removeFile(part);
+  return cannotWrite(path, error.message());
 }
 
 }  // namespace report

@@ -17,7 +17,8 @@ std::string toUtf8(const std::filesystem::path& path);
 /// The text with the slashes of this system.
 std::string nativeUtf8(const std::filesystem::path& path);
 
-/// Creates or replaces the file with exactly `text`. The folder must exist.
+/// Creates or replaces the file with exactly `text`; when that fails the file is as it was before.
+/// The folder must exist.
 Status writeWhole(const std::filesystem::path& path, std::string_view text);
 
 }  // namespace report

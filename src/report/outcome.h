@@ -43,7 +43,9 @@ struct Outcome {
   std::vector<std::string>
       notices;  // plain sentences: doubts, missing programs, unwritable folders
   std::string project;  // the file that keeps all of it, whole path; empty: none was written
+  std::vector<std::string> failures;  // of the notices those that say what was not written or begun
   bool cancelled = false;
+  bool refused = false;  // nothing came of it: not begun, or broken off by a fault
 };
 
 }  // namespace report

@@ -59,15 +59,15 @@ std::array<std::string, 3> openCommands(const std::string& profile) {
           "explorer  \"" + profile + "/Desktop/SYNCED/READ2SYNC.TXT\""};
 }
 
-void reportRun(const std::vector<std::string>& result, Console& console,
-               const std::function<void(const std::string&)>& execute) {
+Status reportRun(const std::vector<std::string>& result, Console& console,
+                 const std::function<void(const std::string&)>& execute) {
   const std::string text = problemsText(result);
   printOutcome(result, text, console);
   const std::string profile = profilePath();
   console.line(profile + kProblemsFile);
-  (void)writeWhole(fromUtf8(profile + kProblemsFile), text);  // the result is shown elsewhere too
-  console.line("zapisano");                                   // "written"
-  console.line("pred open.....");                             // "before open"
+  Status written = writeWhole(fromUtf8(profile + kProblemsFile), text);
+  console.line("zapisano");        // "written"
+  console.line("pred open.....");  // "before open"
   std::array<std::string, 3> commands = openCommands(profile);
   console.line(commands[1]);
   std::ranges::transform(commands, commands.begin(), toBackslashPath);
@@ -75,6 +75,7 @@ void reportRun(const std::vector<std::string>& result, Console& console,
   console.line(commands[0]);
   if (execute) std::ranges::for_each(commands, execute);
   console.line(profile);
+  return written;
 }
 
 }  // namespace report

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "report/console.h"
+#include "report/status.h"
 
 namespace report {
 
@@ -23,8 +24,8 @@ std::string problemsText(const std::vector<std::string>& result);
 std::array<std::string, 3> openCommands(const std::string& profile);
 
 /// Ends a run: composes the report, writes PROBLEMS.TXT and hands the three commands to `execute`,
-/// which may be empty. The SYNCED folder must exist; a failed write is skipped.
-void reportRun(const std::vector<std::string>& result, Console& console,
-               const std::function<void(const std::string&)>& execute);
+/// which may be empty. The SYNCED folder must exist. Says whether the file was written.
+Status reportRun(const std::vector<std::string>& result, Console& console,
+                 const std::function<void(const std::string&)>& execute);
 
 }  // namespace report

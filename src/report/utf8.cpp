@@ -45,7 +45,13 @@ Character characterAt(std::string_view text, std::size_t position) {
   const bool follows = std::ranges::all_of(
       bytes.substr(1), [](char byte) { return (static_cast<unsigned char>(byte) & 0xc0) == 0x80; });
   if (length == 0 || bytes.size() < length || !follows) return {bytes.substr(0, 1), 0xfffd, false};
-  return {bytes, decoded(bytes), true};
+  const char32_t code = decoded(bytes);
+  // Longer than it need be, half of a pair, beyond the last: a terminal may take it for another.
+  constexpr char32_t kLeast[] = {0, 0, 0x80, 0x800, 0x10000};
+  const bool halfPair = code >= 0xd800 && code < 0xe000;
+  if (code < kLeast[length] || halfPair || code > 0x10ffff)
+    return {bytes.substr(0, 1), 0xfffd, false};
+  return {bytes, code, true};
 }
 
 }  // namespace

@@ -23,9 +23,9 @@ std::string programFolder() {
   return (error ? std::string() : report::nativeUtf8(here)) + "/";
 }
 
-Command conversionCommand(std::string_view programFolder, std::string_view entry) {
+Command conversionCommand(std::string_view programFolder, std::string_view entry,
+                          const std::string& target) {
   const std::string source(entry);
-  const std::string target = convertedName(entry);
   std::string line = "\"";
   line.append(programFolder).append("ffmpeg.exe\"   -i \"").append(source);
   line.append("\" -vn -acodec pcm_s16le -ar 8000 -ac 1  -f wav -y  \"").append(target) += '"';

@@ -11,10 +11,11 @@ namespace run {
 /// The folder in which ffmpeg is looked for on Windows: the working directory followed by "/".
 std::string programFolder();
 
-/// Converts `entry` to 8000 Hz, one channel, 16 bits, in a WAV file beside it; an older one is
+/// Converts `entry` to 8000 Hz, one channel, 16 bits, in the WAV file `target`; an older one is
 /// overwritten. On Windows a double quote in a name breaks the command line, elsewhere any name
 /// works. Pure.
-Command conversionCommand(std::string_view programFolder, std::string_view entry);
+Command conversionCommand(std::string_view programFolder, std::string_view entry,
+                          const std::string& target);
 
 /// Converts several entries in one process, which spares starting a program for each: for every one
 /// the same options, its own input and its own properties. Fails as a whole if one of the entries

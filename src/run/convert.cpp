@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <filesystem>
 #include <functional>
-#include <set>
 #include <utility>
 
 #include "report/diagnostics.h"
@@ -14,6 +13,7 @@
 #include "run/batches.h"
 #include "run/conversion_command.h"
 #include "run/entries.h"
+#include "run/playlist.h"
 #include "run/progress_bar.h"
 #include "run/two_steps.h"
 
@@ -21,20 +21,6 @@ namespace run {
 namespace {
 
 namespace fs = std::filesystem;
-
-/// The place of a file whatever way its name takes to it.
-fs::path placeOf(const std::string& name) {
-  std::error_code error;
-  const fs::path place = fs::weakly_canonical(report::fromUtf8(name), error);
-  return error ? report::fromUtf8(name) : place;
-}
-
-std::set<fs::path> placesOf(const std::vector<std::string>& entries) {
-  std::set<fs::path> places;
-  for (const std::string& entry : entries)
-    if (!isPlaceholder(entry)) places.insert(placeOf(entry));
-  return places;
-}
 
 /// A build for macOS starts the command shown here.
 void showMacCommand(const std::string& entry, report::Console& console) {
@@ -49,14 +35,30 @@ void showMacCommand(const std::string& entry, report::Console& console) {
 
 constexpr std::uintmax_t kSmallestSound = 1000;  // bytes of a converted file
 
+Conversion refused(const std::string& entry, const std::string& why, const std::string& remedy) {
+  return {{{entry + ": " + why}, 0, {}}, convertedName(entry), why, remedy};
+}
+
+/// Why an entry is not given to ffmpeg; a conversion without a refusal if it may be.
+Conversion checked(const std::string& entry) {
+  if (!isRegularOrMissing(entry)) return refused(entry, "it is not a file", "Add a media file.");
+  if (SoundPlaces::isLeftover(entry))
+    return refused(entry, "it is no recording: a run that was broken off left it",
+                   "Delete it, or rename it if it is a recording after all.");
+  if (isPlaylist(entry))
+    return refused(entry, "it is a playlist or another text, not a recording",
+                   "Add the recordings themselves.");
+  return {};
+}
+
 /// The conversion of one list. The functions are callable from several threads at once, each for
 /// entries of its own.
-class Conversion {
+class Converter {
  public:
-  Conversion(const std::vector<std::string>& entries, const Services& services)
+  Converter(const std::vector<std::string>& entries, SoundPlaces& places, const Services& services)
       : entries_(entries),
+        places_(places),
         services_(services),
-        sources_(placesOf(entries)),
         results_(entries.size()),
         bar_(services.progress, static_cast<int>(entries.size())),
         files_(static_cast<int>(std::ranges::count_if(entries, std::not_fn(isPlaceholder)))) {}
@@ -65,39 +67,54 @@ class Conversion {
   void convert(const std::vector<int>& batch) {
     if (services_.cancelled) return;
     for (const int i : batch) report::appendLogLine("working on -> " + entries_[i]);
-    const std::vector<int> ready = prepared(batch);
-    if (ready.size() > 1)
-      convertTogether(ready);
-    else if (!ready.empty())
-      convertAlone(ready.front());
+    std::vector<int> together;
+    for (const int i : batch) {
+      if (!prepare(i)) continue;
+      if (isBeside(i))
+        together.push_back(i);
+      else
+        convertAlone(i);
+    }
+    if (together.size() > 1)
+      convertTogether(together);
+    else if (!together.empty())
+      convertAlone(together.front());
     for (const int i : batch) tellOf(i);
   }
 
-  std::vector<ProcessResult> results() && { return std::move(results_); }
+  const std::string& soundOf(int i) const { return results_[i].sound; }
+  std::vector<Conversion> results() && { return std::move(results_); }
 
  private:
-  /// Those of `batch` that may be converted; says why of the others.
-  std::vector<int> prepared(const std::vector<int>& batch) {
-    std::vector<int> ready;
-    for (const int i : batch) {
-      const std::string target = convertedName(entries_[i]);
-      if (isPlaceholder(entries_[i])) continue;  // there is nothing to convert
-      if (sources_.contains(placeOf(target))) {
-        results_[i] = {{"its converted sound would overwrite " + target}, 0, {}};
-      } else if (!isRegularOrMissing(entries_[i])) {
-        results_[i] = {{entries_[i] + " is not a file"}, 0, {}};
-      } else {
-        report::removeFile(report::fromUtf8(target));  // what a broken-off run left is not ours
-        ready.push_back(i);
-      }
-    }
-    return ready;
+  bool isBeside(int i) const { return results_[i].sound == convertedName(entries_[i]); }
+
+  /// Finds the place for its sound; false if it is not to be converted.
+  bool prepare(int i) {
+    if (isPlaceholder(entries_[i])) return false;  // there is nothing to convert
+    results_[i] = checked(entries_[i]);
+    if (!results_[i].refusal.empty()) return false;
+    results_[i].sound = places_.beside(entries_[i]);
+    if (results_[i].sound.empty()) results_[i].sound = places_.spare(static_cast<std::size_t>(i));
+    if (!results_[i].sound.empty()) return true;
+    results_[i] = refused(entries_[i], "neither its folder nor the temporary folder may be written",
+                          "Copy the file to a folder that may be written, and add the copy.");
+    return false;
   }
 
   void convertAlone(int i) {
-    const Command command = conversionCommand(programFolder(), entries_[i]);
+    convertInto(i);
+    if (services_.cancelled || !isBeside(i) || !hadNoRoom(results_[i].result)) return;
+    const std::string spare = places_.spare(static_cast<std::size_t>(i));
+    if (spare.empty()) return;
+    report::removeFile(report::fromUtf8(results_[i].sound));
+    results_[i].sound = spare;
+    convertInto(i);
+  }
+
+  void convertInto(int i) {
+    const Command command = conversionCommand(programFolder(), entries_[i], results_[i].sound);
     services_.console.line("ffmpeg windows komand:     " + command.windowsLine);
-    results_[i] = services_.processes.run(command, services_.cancelled);
+    results_[i].result = services_.processes.run(command, services_.cancelled);
     showMacCommand(entries_[i], services_.console);
   }
 
@@ -110,8 +127,7 @@ class Conversion {
     const ProcessResult result = services_.processes.run(command, services_.cancelled);
     for (const int i : batch) {
       if (services_.cancelled) return;
-      const bool made =
-          report::sizeOf(report::fromUtf8(convertedName(entries_[i]))) >= kSmallestSound;
+      const bool made = report::sizeOf(report::fromUtf8(results_[i].sound)) >= kSmallestSound;
       if (!result.ok() || !made) convertAlone(i);
     }
   }
@@ -124,9 +140,9 @@ class Conversion {
   }
 
   const std::vector<std::string>& entries_;
+  SoundPlaces& places_;
   const Services& services_;
-  const std::set<fs::path> sources_;
-  std::vector<ProcessResult> results_;
+  std::vector<Conversion> results_;
   ProgressBar bar_;
   const int files_;
   std::atomic<int> done_ = 0;
@@ -140,36 +156,28 @@ bool isRegularOrMissing(const std::string& entry) {
   return error || kind == fs::file_type::not_found || kind == fs::file_type::regular;
 }
 
-std::vector<ProcessResult> convertAll(const std::vector<std::string>& entries,
-                                      const Services& services,
-                                      std::span<const MediaProperties> media,
-                                      const std::function<void(int)>& converted) {
+std::vector<Conversion> convertAll(const std::vector<std::string>& entries, SoundPlaces& places,
+                                   const Services& services, std::span<const MediaProperties> media,
+                                   const std::function<void(const std::string&)>& converted) {
   const std::vector<MediaProperties> unknown(media.empty() ? entries.size() : 0);
   const std::vector<std::vector<int>> batches =
       batchesOf(media.empty() ? unknown : media, omp_get_max_threads());
-  Conversion conversion(entries, services);
-  const auto convert = [&](int batch) { conversion.convert(batches[batch]); };
+  Converter converter(entries, places, services);
+  const auto convert = [&](int batch) { converter.convert(batches[batch]); };
   const auto tell = [&](int batch) {
     for (const int i : batches[batch])
-      if (converted && !services.cancelled) converted(i);
+      if (converted && !services.cancelled) converted(converter.soundOf(i));
   };
   inTwoSteps(static_cast<int>(batches.size()), convert, tell);
-  return std::move(conversion).results();
-}
-
-std::vector<std::string> ownConvertedNames(const std::vector<std::string>& entries) {
-  const std::set<fs::path> sources = placesOf(entries);
-  std::vector<std::string> own;
-  for (const std::string& entry : entries) {
-    const std::string name = convertedName(entry);
-    if (!isMarker(entry) && !sources.contains(placeOf(name))) own.push_back(name);
-  }
-  return own;
+  return std::move(converter).results();
 }
 
 std::vector<std::string> resemplirajgi8000(std::vector<std::string> videofiles,
                                            const Services& services) {
-  (void)convertAll(videofiles, services);  // a file that did not work shows by its size
+  TemporaryFolder spare;
+  SoundPlaces places(videofiles, spare);
+  (void)convertAll(videofiles, places, services);  // a file that did not work shows by its size
+  places.leave();
   return convertedNames(videofiles);
 }
 

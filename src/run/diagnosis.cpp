@@ -1,7 +1,6 @@
 #include "run/diagnosis.h"
 
 #include <algorithm>
-#include <cctype>
 #include <filesystem>
 #include <fstream>
 #include <optional>
@@ -9,6 +8,7 @@
 
 #include "report/disk.h"
 #include "report/files.h"
+#include "report/text.h"
 #include "run/outside_parts.h"
 
 namespace run {
@@ -40,14 +40,6 @@ std::optional<Why> fromFileSystem(const std::string& file) {
   return std::nullopt;
 }
 
-/// Tries it, because permissions alone do not tell (a card with its lock switched on).
-bool mayBeWritten(const std::string& file) {
-  const fs::path path = report::fromUtf8(file);
-  const bool written = std::ofstream(path, std::ios::binary | std::ios::app).is_open();
-  if (written) report::removeFile(path);
-  return written;
-}
-
 constexpr const char* kNoIndex = "moov atom not found";  // said of any file named .mp4 or .mov
 
 /// ffmpeg's own words, where they tell more than that it failed.
@@ -57,7 +49,6 @@ std::optional<Why> fromMessages(const std::string& messages) {
     Why why;
   };
   static const Sign signs[] = {
-      {"No space left", {"there is no room for its converted sound", "Make room on its drive."}},
       {"does not contain any stream",
        {"it has no sound", "Record sound with the camera, or place this file by hand."}},
       {kNoIndex,
@@ -80,27 +71,58 @@ bool beginsLikeMovie(const std::string& file) {
 }
 
 std::optional<Why> fromStart(const Entry& entry) {
+  if (!entry.refusal.empty()) return Why{entry.refusal, entry.remedy};
   const std::string& error = entry.conversion.started.error;
   if (error.empty()) return std::nullopt;
-  if (error.find("overwrite") != std::string::npos)
-    return Why{error + ", which is itself in the list", "Rename one of the two."};
   return Why{"ffmpeg, which reads its sound, is missing or does not start (" + error + ")",
              kFfmpegRemedy};
 }
 
+/// What happened to ffmpeg rather than to the file.
+std::optional<Why> fromOutside(const ProcessResult& result) {
+  if (hadNoRoom(result))
+    return Why{"there is no room for its converted sound",
+               "Make room on its drive or on that of the temporary folder."};
+  if (result.stalled)
+    return Why{
+        "reading it came to a halt for minutes",
+        "Check its drive or network share; copy the file to another drive and add the copy."};
+  if (result.signal != 0)
+    return Why{"ffmpeg was ended by the system or another program before it was done",
+               "Start again; close other programs if memory is short."};
+  return std::nullopt;
+}
+
+std::string lastLineOf(const std::string& messages) {
+  const std::size_t end = messages.find_last_not_of("\r\n");
+  if (end == std::string::npos) return {};
+  const std::size_t begin = messages.find_last_of("\r\n", end);
+  return report::printable(
+      messages.substr(begin == std::string::npos ? 0 : begin + 1, end - begin));
+}
+
+Why fromFailure(const ProcessResult& result) {
+  const std::string last = lastLineOf(result.messages);
+  return {"ffmpeg failed at its sound" + (last.empty() ? "" : " (" + last + ")"),
+          "Check that it plays; copy or export it again."};
+}
+
 Why fromConversion(const Entry& entry, MediaProbe& probe) {
   if (auto why = fromStart(entry)) return *why;
-  if (!mayBeWritten(entry.converted))
-    return {"its folder may not be written, so no converted sound can be made beside it",
-            "Copy the file to a folder that may be written, and add the copy."};
+  if (auto why = fromOutside(entry.conversion)) return *why;
+  if (entry.cutShort)
+    return {"most of its sound is missing: the file is cut off or damaged",
+            "Copy it again from the camera or recorder."};
   const std::string& messages = entry.conversion.messages;
   const bool named = messages.find(kNoIndex) == std::string::npos || beginsLikeMovie(entry.listed);
   if (auto why = fromMessages(messages); why && named) return *why;
   const MediaProperties media = probe.query(entry.listed);
-  if (media.opened && media.facts.sounds.empty() && !media.frameRate.empty())
+  const bool sound = !media.facts.sounds.empty();
+  if (media.opened && !sound && !media.frameRate.empty())
     return *fromMessages("does not contain any stream");
-  if (media.opened && !media.facts.sounds.empty() && entry.conversion.exitCode == 0)
+  if (media.opened && sound && entry.conversion.exitCode == 0)
     return {"its sound is too short to be used", "Leave it out, or place it by hand."};
+  if (media.opened && sound) return fromFailure(entry.conversion);
   return *fromMessages("Invalid data found");
 }
 
@@ -113,16 +135,11 @@ Why fromType(const Entry& entry, MediaProbe& probe) {
     return {"the MediaInfo library is missing, so its picture could not be recognised",
             kMediaInfoRemedy};
   const std::string ending = endingOf(entry.listed);
-  std::string small = ending;
-  std::ranges::transform(small, small.begin(), [](unsigned char c) { return std::tolower(c); });
-  const std::string reason =
+  return {
       "it has no picture, and " +
-      (ending.empty() ? "a name without an ending" : "the ending " + ending) +
-      " is not among those known for sound (wav, mp3, m4a, aif)";
-  if (small == ".aiff") return {reason, "Rename it so that it ends in .aif."};
-  for (const char* known : {".wav", ".mp3", ".m4a", ".aif"})
-    if (small == known) return {reason, "Rename it so that it ends in " + small + "."};
-  return {reason, "Convert its sound to WAV and add that."};
+          (ending.empty() ? "a name without an ending" : "the ending " + ending) +
+          " is not among those known for sound (wav, mp3, m4a, aif, aiff, flac, ogg, opus, aac)",
+      "Convert its sound to WAV and add that."};
 }
 
 }  // namespace

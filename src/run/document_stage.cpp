@@ -21,7 +21,7 @@ void store(const std::string& file, const std::string& text, Outcome& outcome) {
   if (status.ok())
     outcome.outputs.push_back(report::wholePath(file));
   else
-    outcome.notices.push_back("A file was not written: " + status.error + ".");
+    addFailure("A file was not written: " + status.error + ".", outcome);
 }
 
 }  // namespace

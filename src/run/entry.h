@@ -14,12 +14,15 @@ namespace run {
 struct Entry {
   std::string listed;        // the path or marker as it was handed in
   std::string source;        // the same, until a failure rewrites it (below)
-  std::string converted;     // its converted sound, beside the source
+  std::string converted;     // its converted sound
   std::string frameRate;     // as reported; "999" where there is no picture
   ProcessResult conversion;  // how ffmpeg ended
+  std::string refusal;       // why ffmpeg was not asked; empty if it was
+  std::string remedy;        // what to do about that
   MediaProperties media;
-  int device = -1;      // files of one device share it; -1: a device of its own
-  int heardStream = 0;  // the sound stream that was listened to
+  bool cutShort = false;  // most of the sound that the medium speaks of is missing
+  int device = -1;        // files of one device share it; -1: a device of its own
+  int heardStream = 0;    // the sound stream that was listened to
 
   bool isFile() const;
   /// Frames per second; none for sound.

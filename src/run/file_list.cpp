@@ -2,10 +2,12 @@
 
 #include <algorithm>
 #include <array>
+#include <cctype>
 #include <charconv>
 #include <filesystem>
 #include <map>
 
+#include "analysis/sound.h"
 #include "report/disk.h"
 #include "report/files.h"
 #include "run/device_groups.h"
@@ -19,14 +21,27 @@ namespace fs = std::filesystem;
 constexpr std::uintmax_t kSmallestSound = 1000;  // bytes of a converted file
 constexpr std::size_t kShortestFrameRate = 2;    // characters
 
-// The four-letter endings never match a piece of three characters: a name ending in aiff counts
-// as unknown, and users have come to know it so.
-constexpr std::array<std::string_view, 10> kSoundEndings = {"WAV", "wav",  "m4a",  "M4A", "AIF",
-                                                            "aif", "aiff", "AIFF", "mp3", "MP3"};
+// Small letters; names may have any.
+constexpr std::array<std::string_view, 9> kSoundEndings = {
+    ".wav", ".m4a", ".aif", ".mp3", ".aiff", ".flac", ".ogg", ".opus", ".aac"};
+
+/// A part of the sound that is worth a place. What is missing of more than that is told besides.
+constexpr double kLeastPart = 0.5;
+
+/// Whether the medium's length is a guess, as for an MP3 that says nothing of it.
+bool isEstimate(const Entry& entry) {
+  return entry.conversion.messages.find("Estimating duration") != std::string::npos;
+}
+
+double lengthSeconds(const std::string& sound) {
+  return static_cast<double>(analysis::soundLength(sound)) / analysis::kSampleRate;
+}
 
 bool isKnownSound(std::string_view source) {
-  const std::string_view ending =
-      source.substr(source.size() - std::min<std::size_t>(3, source.size()));
+  const std::size_t dot = source.rfind('.');
+  if (dot == source.npos) return false;
+  std::string ending(source.substr(dot));
+  std::ranges::transform(ending, ending.begin(), [](unsigned char c) { return std::tolower(c); });
   return std::ranges::find(kSoundEndings, ending) != kSoundEndings.end();
 }
 
@@ -71,15 +86,24 @@ std::vector<Entry> makeEntries(const std::vector<std::string>& list) {
   const std::vector<int> devices = devicesOf(deviceGroups(converted), count);
   std::vector<Entry> entries;
   for (int i = 0; i < count; ++i)
-    entries.push_back({list[i], list[i], converted[i], {}, {}, {}, devices[i]});
+    entries.push_back({list[i], list[i], converted[i], {}, {}, {}, {}, {}, false, devices[i]});
   return entries;
 }
 
 void markUnconverted(std::vector<Entry>& entries) {
   for (Entry& entry : entries)
-    if (!entry.conversion.started.ok() ||
+    if (!entry.conversion.ok() || hadNoRoom(entry.conversion) ||
         report::sizeOf(report::fromUtf8(entry.converted)) < kSmallestSound)
-      entry.source = std::string(kIgnorePrefix) + entry.converted;
+      entry.source = std::string(kIgnorePrefix) + convertedName(entry.listed);
+}
+
+void markCutShort(std::vector<Entry>& entries) {
+  for (Entry& entry : entries) {
+    if (!entry.isFile() || entry.source.starts_with(kIgnorePrefix)) continue;
+    if (const double said = entry.media.firstSound().lengthSeconds; said > 0)
+      entry.cutShort = lengthSeconds(entry.converted) < said * kLeastPart && !isEstimate(entry);
+    if (entry.cutShort) entry.source = std::string(kIgnorePrefix) + convertedName(entry.listed);
+  }
 }
 
 bool isIgnored(const Entry& entry) {

@@ -17,8 +17,11 @@ std::vector<std::string> withoutRepeats(const std::vector<std::string>& videofil
 /// One entry per item of `list`, the dummy included, with devices as the marker lines say.
 std::vector<Entry> makeEntries(const std::vector<std::string>& list);
 
-/// Marks every entry that was not converted, or whose file is smaller than any sound is.
+/// Marks every entry that was not converted to the end, or whose file is smaller than any sound is.
 void markUnconverted(std::vector<Entry>& entries);
+
+/// Marks every probed entry whose converted sound is much shorter than the medium says.
+void markCutShort(std::vector<Entry>& entries);
 
 /// Whether an entry that has been asked for its frame rate is of no use: neither picture nor a
 /// known sound type, or no converted file. Pure.

@@ -8,6 +8,7 @@
 
 #include "report/disk.h"
 #include "report/files.h"
+#include "run/entries.h"
 
 namespace run {
 namespace {
@@ -19,10 +20,11 @@ bool moveFile(const fs::path& from, const fs::path& to) {
   std::error_code error;
   fs::rename(from, to, error);
   if (!error) return true;
-  fs::copy_file(from, to, fs::copy_options::overwrite_existing, error);
-  if (error) return false;
-  report::removeFile(from);
-  return true;
+  const fs::path part = to.parent_path() / ".kestrel-sound.part";  // of the one run that may
+  fs::copy_file(from, part, fs::copy_options::overwrite_existing, error);
+  if (!error) fs::rename(part, to, error);
+  report::removeFile(error ? part : from);  // half a sound would take the room of the documents
+  return !error;
 }
 
 /// `path`, or a name beside it that nothing has yet: "clip.wav" becomes "clip-1.wav".
@@ -53,10 +55,6 @@ void setAside(const fs::path& target, std::string& stored) {
 
 }  // namespace
 
-void removeConverted(const std::vector<std::string>& converted) {
-  for (const std::string& file : converted) report::removeFile(report::fromUtf8(file));
-}
-
 std::vector<std::string> keepSounds(const std::vector<Entry>& entries, const std::string& folder,
                                     TemporaryFolder& spare, report::Console& console) {
   std::vector<std::string> places(entries.size());
@@ -64,14 +62,16 @@ std::vector<std::string> keepSounds(const std::vector<Entry>& entries, const std
   for (std::size_t i = 0; i < entries.size(); ++i) {
     if (!entries[i].isFile()) continue;
     const fs::path converted = report::fromUtf8(entries[i].converted);
-    const std::string name = report::toUtf8(converted.filename());
+    const std::string name =
+        report::toUtf8(report::fromUtf8(convertedName(entries[i].listed)).filename());
     fs::path target = report::fromUtf8(folder + name);
     console.line("ova treba da e dest:" + folder + name);
     const auto [taken, first] = takenBy.try_emplace(withoutCase(name), i);
     if (!first) setAside(target, places[std::exchange(taken->second, i)]);
     if (!moveFile(converted, target)) {
-      target = freeName(spare.path() / converted.filename());
-      if (spare.path().empty() || !moveFile(converted, target)) continue;
+      const bool there = converted.parent_path() == spare.path();
+      target = there ? converted : freeName(spare.path() / converted.filename());
+      if (spare.path().empty() || (!there && !moveFile(converted, target))) continue;
     }
     places[i] = report::toUtf8(target);
   }

@@ -14,11 +14,13 @@ namespace {
 using project::Rate;
 
 constexpr double kMilliseconds = 1e-3;
+// Frames per second; a slideshow's or a damaged header's rate is none to count by.
+constexpr double kSlowest = 1, kFastest = 1000;
 constexpr const char* kUntoldRate = "0.000";  // a picture is there; its rate follows the sequence
 
 /// 29.970 is 30000/1001; a rate that is near none of its kind is taken to the thousandth.
 Rate rateOf(double framesPerSecond) {
-  if (!(framesPerSecond > 0)) return {};
+  if (!(framesPerSecond >= kSlowest && framesPerSecond <= kFastest)) return {};
   const double whole = std::ceil(framesPerSecond - 0.006);
   const auto near = [&](double rate) { return std::abs(framesPerSecond - rate) < 0.006; };
   if (near(whole)) return {std::llround(whole), 1};
@@ -29,7 +31,7 @@ Rate rateOf(double framesPerSecond) {
 Rate pictureRate(const StreamFields& stream) {
   const Rate told{std::llround(stream.number("FrameRate_Num")),
                   std::llround(stream.number("FrameRate_Den"))};
-  if (told.known()) return told;
+  if (told.known() && rateOf(told.perSecond()).known()) return told;
   if (const Rate rate = rateOf(stream.number("FrameRate")); rate.known()) return rate;
   const double frames = stream.number("FrameCount"), length = stream.seconds("Duration");
   return frames > 1 && length > 0 ? rateOf(frames / length) : Rate{};
@@ -137,7 +139,7 @@ MediaProperties propertiesOf(const FileFields& file) {
   if (!file.pictures.empty()) {
     facts.picture = pictureOf(file.pictures.front());
     media.frameRate = file.pictures.front().text("FrameRate");
-    if (media.frameRate.empty()) media.frameRate = kUntoldRate;
+    if (!rateOf(file.pictures.front().number("FrameRate")).known()) media.frameRate = kUntoldRate;
   }
   for (const StreamFields& stream : file.sounds) {
     facts.sounds.push_back(soundOf(stream));

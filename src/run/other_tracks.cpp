@@ -4,6 +4,7 @@
 #include <filesystem>
 
 #include "report/files.h"
+#include "report/parallel.h"
 #include "run/conversion_command.h"
 #include "run/sound_level.h"
 
@@ -12,7 +13,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr double kMuchLouder = 8;       // 18 dB
+constexpr double kMuchLouder = 8;  // 18 dB
 constexpr int kMostTracks = 16;
 
 /// All that may be heard instead of the mix of the first track, likeliest first.
@@ -44,7 +45,7 @@ std::string tryOthers(Entry& entry, const fs::path& trial, const Services& servi
     const std::string target = report::toUtf8(trial);
     const Command command = trackCommand(programFolder(), entry.listed, choice, target);
     services.console.line("ffmpeg windows komand:     " + command.windowsLine);
-    services.processes.run(command, services.cancelled);
+    if (!services.processes.run(command, services.cancelled).ok()) continue;
     if (services.cancelled || isQuieterThan(target, kNearlySilent) ||
         levelOf(target) < kMuchLouder * level)
       continue;
@@ -63,11 +64,15 @@ std::string tryOthers(Entry& entry, const fs::path& trial, const Services& servi
 std::vector<std::string> useOtherTracks(std::vector<Entry>& entries, TemporaryFolder& spare,
                                         const Services& services) {
   std::vector<Entry*> quiet(entries.size(), nullptr);
+  report::FirstException failed;
 #pragma omp parallel for schedule(dynamic)
   for (std::size_t i = 0; i < entries.size(); ++i)
-    if (entries[i].isFile() && !otherChoices(entries[i].media).empty() &&
-        isQuieterThan(entries[i].converted, kNearlySilent))
-      quiet[i] = &entries[i];
+    failed.keep([&] {
+      if (entries[i].isFile() && !otherChoices(entries[i].media).empty() &&
+          isQuieterThan(entries[i].converted, kNearlySilent))
+        quiet[i] = &entries[i];
+    });
+  failed.rethrow();
   std::vector<std::string> told;
   for (Entry* entry : quiet) {
     if (!entry || spare.path().empty()) continue;

@@ -9,4 +9,10 @@ using report::LeftOut;
 using report::Member;
 using report::Outcome;
 
+/// Something that the user asked for and will not find.
+inline void addFailure(const std::string& sentence, Outcome& outcome) {
+  outcome.notices.push_back(sentence);
+  outcome.failures.push_back(sentence);
+}
+
 }  // namespace run

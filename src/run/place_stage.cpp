@@ -73,6 +73,9 @@ LeftOut leftAlone(const place::Alone& alone, const Material& material) {
   const std::string& path = material.entries[alone.file].listed;
   const std::int64_t samples = material.samples[alone.file];
   const double seconds = double(samples) / analysis::kSampleRate;
+  if (!analysis::pieceOf(material.sounds[alone.file], samples - 1, 1))
+    return {path, "Its converted sound could not be read any more.",
+            "Leave the results folder alone while a run is at work, and start again."};
   if (isSilent(material.sounds[alone.file]))
     return {path, "It is silent.", "Check that its microphone was on, or place it by hand."};
   if (std::ranges::count_if(material.entries, &Entry::isFile) < 2)
@@ -111,7 +114,7 @@ void describePlacement(const Placement& placement, const Material& material, Out
     outcome.groups.push_back(std::move(group));
   }
   for (const place::Alone& alone : placement.alone)
-    if (material.entries[alone.file].isFile())
+    if (material.entries[alone.file].isFile() && material.samples[alone.file] > 0)
       outcome.unsynced.push_back(leftAlone(alone, material));
   outcome.notices.insert(outcome.notices.end(), placement.doubts.begin(), placement.doubts.end());
 }

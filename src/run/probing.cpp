@@ -64,6 +64,7 @@ std::vector<MediaProperties> askAll(const std::vector<std::string>& entries,
 void probeAll(std::vector<Entry>& entries, const Services& services,
               std::vector<std::string>& result, std::vector<report::LeftOut>& ignored) {
   takeOver(entries, services);
+  markCutShort(entries);
   for (Entry& entry : entries) {
     if (services.cancelled) return;
     if (!entry.isFile() || !isIgnored(entry)) continue;  // the dummy has nothing to be ignored for

@@ -28,6 +28,12 @@ struct ProcessResult {
   bool ok() const { return started.ok() && exitCode == 0 && !stalled; }
 };
 
+/// Whether it failed for want of room on a drive.
+inline bool hadNoRoom(const ProcessResult& result) {
+  return result.messages.find("No space left") != std::string::npos ||
+         result.messages.find("Disk quota exceeded") != std::string::npos;
+}
+
 /// Starts outside programs. There is one implementation per platform; tests bring their own.
 class ProcessRunner {
  public:

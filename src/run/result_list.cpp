@@ -1,13 +1,24 @@
 #include "run/result_list.h"
 
 #include "report/run_report.h"
+#include "report/text.h"
 #include "run/entries.h"
 
 namespace run {
 
-std::vector<std::string> refusedResult(std::size_t entries) {
-  return {std::to_string(entries) + " entries are listed, and one run takes " +
-          std::to_string(kMostEntries) + " at most. Nothing was done: synchronise them in parts."};
+std::string tooManyEntries(std::size_t files, std::size_t markers) {
+  if (files + markers <= kMostEntries) return {};
+  const bool devices = markers > 0;
+  return report::countText(files, "file") +
+         (devices ? " of " + std::to_string(markers / 2) + " devices" : "") +
+         " are listed, and one run takes " + std::to_string(kMostEntries - markers) + " at most" +
+         (devices ? " (998 less two for each device)" : "") +
+         ". Nothing was done: synchronise them in parts.";
+}
+
+std::string busyFolder(const std::string& folder) {
+  return "Another run is writing its results to " + folder +
+         ". Nothing was done: wait until it has ended, then start again.";
 }
 
 std::vector<std::string> cancelledResult(std::vector<std::string> list) {

@@ -9,8 +9,11 @@ namespace run {
 // What a run returns: a status text, then the files that were ignored. The list grows behind the
 // word "first" while the run goes on; these turn it into the result. All pure.
 
-/// A run that was not begun because of its number of entries.
-std::vector<std::string> refusedResult(std::size_t entries);
+/// Why a run of so many files and marker lines is not begun; empty if it can be.
+std::string tooManyEntries(std::size_t files, std::size_t markers);
+
+/// Why a run is not begun while another one writes to `folder`.
+std::string busyFolder(const std::string& folder);
 
 std::vector<std::string> cancelledResult(std::vector<std::string> list);
 

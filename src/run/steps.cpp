@@ -1,13 +1,16 @@
 #include "run/steps.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "analysis/sound.h"
 #include "export/from_project.h"
 #include "export/sequence.h"
 #include "project/project_file.h"
 #include "report/diagnostics.h"
+#include "report/disk.h"
 #include "report/files.h"
+#include "report/profile.h"
 #include "run/clock.h"
 #include "run/convert.h"
 #include "run/desktop.h"
@@ -25,6 +28,17 @@
 
 namespace run {
 
+namespace {
+
+void takeOver(const Conversion& conversion, Entry& entry) {
+  entry.conversion = conversion.result;
+  entry.refusal = conversion.refusal;
+  entry.remedy = conversion.remedy;
+  if (!conversion.sound.empty()) entry.converted = conversion.sound;
+}
+
+}  // namespace
+
 Steps::Steps(const Services& services, const Options& options, const Settings& settings,
              Outcome& outcome, project::Project& project, TemporaryFolder& spare)
     : services_(services),
@@ -36,10 +50,10 @@ Steps::Steps(const Services& services, const Options& options, const Settings& s
       early_(settings.tolerance, services) {}
 
 std::vector<std::string> Steps::run(const std::vector<std::string>& videofiles) {
-  if (std::ssize(videofiles) > kMostEntries) {
-    addNotice(makeResultsFolders());
-    addNotice(refusedResult(videofiles.size()).front());
-    return refusedResult(videofiles.size());
+  if (const std::string why = whyRefused(videofiles); !why.empty()) {
+    addFailure(why, outcome_);
+    outcome_.refused = true;
+    return {why};
   }
   std::vector<std::string> repeated;
   list_ = withDummy(withoutRepeats(videofiles, repeated));
@@ -66,8 +80,17 @@ std::vector<std::string> Steps::run(const std::vector<std::string>& videofiles) 
   return finishedResult(result_);
 }
 
+std::string Steps::whyRefused(const std::vector<std::string>& videofiles) {
+  const auto markers = static_cast<std::size_t>(std::ranges::count_if(videofiles, isMarker));
+  if (std::string many = tooManyEntries(videofiles.size() - markers, markers); !many.empty())
+    return many;
+  if (const std::string unmade = makeResultsFolders(); !unmade.empty())
+    addFailure(unmade, outcome_);
+  results_.emplace(report::fromUtf8(resultsFolder()));
+  return results_->isMine() ? std::string() : busyFolder(report::nativeSlashes(resultsFolder()));
+}
+
 void Steps::begin() {
-  addNotice(makeResultsFolders());
   const std::string desktop = services_.desktop.movedTo();
   const bool linked = !desktop.empty() && services_.desktop.putShortcut(resultsFolder(), desktop);
   addNotice(noticeOfMovedDesktop(desktop, linked));
@@ -78,15 +101,15 @@ void Steps::begin() {
 
 void Steps::convert() {
   report::appendLogLine("pred ffmpeg..");  // before ffmpeg
-  beside_.expect(ownConvertedNames(list_));
+  places_.emplace(list_, spare_);
   const std::vector<MediaProperties> media = askAll(list_, services_);
-  const auto listen = [&](int i) { early_.listen(convertedName(list_[i])); };
-  const std::vector<ProcessResult> results = convertAll(list_, services_, media, listen);
+  const auto listen = [&](const std::string& sound) { early_.listen(sound); };
+  const std::vector<Conversion> results = convertAll(list_, *places_, services_, media, listen);
   services_.progress.moveprogressslot(0);
   report::appendLogLine("posle ffmpeg..");  // after ffmpeg
   material_.entries = makeEntries(list_);
   for (std::size_t i = 0; i < results.size(); ++i) {
-    material_.entries[i].conversion = results[i];
+    takeOver(results[i], material_.entries[i]);
     material_.entries[i].media = media[i];
   }
   addEntries(project_, material_.entries);
@@ -116,10 +139,13 @@ void Steps::keep() {
   for (std::size_t i = 0; i < material_.sounds.size(); ++i) {
     const std::string& sound = material_.sounds[i];
     material_.samples.push_back(sound.empty() ? 0 : analysis::soundLength(sound));
-    if (material_.entries[i].isFile() && sound.empty())
-      outcome_.ignored.push_back({material_.entries[i].listed,
-                                  "there is no place to keep its converted sound",
-                                  "Make room on the drives of the desktop and temporary folders."});
+    if (!material_.entries[i].isFile() || material_.samples.back() > 0) continue;
+    const bool lost = sound.empty();
+    outcome_.ignored.push_back(
+        {material_.entries[i].listed,
+         lost ? "there is no place to keep its converted sound"
+              : "its converted sound cannot be read",
+         lost ? "Make room on the drives of the desktop and temporary folders." : "Start again."});
   }
   for (const std::string& notice : noticesOfSounds(material_)) addNotice(notice);
 }
@@ -153,10 +179,35 @@ void Steps::saveProject() {
   if (saved.ok())
     outcome_.project = path;
   else
-    addNotice("The project was not saved: " + saved.error + ".");
+    addFailure("The project was not saved: " + saved.error + ".", outcome_);
 }
 
+/// Documents are worth more than sounds that are kept for looking into them.
 void Steps::write() {
+  const Outcome before = outcome_;
+  writeAll();
+  if (outcome_.failures.size() == before.failures.size() || !dropKeptSounds()) return;
+  const std::vector<Group> groups = std::move(outcome_.groups);
+  outcome_ = before;
+  outcome_.groups = groups;
+  writeAll();
+}
+
+/// Makes room in the results folder. False if there was nothing to drop.
+bool Steps::dropKeptSounds() {
+  const std::string kept = resultsFolder() + "/debugfiles/";
+  const auto drop = [&](std::string& sound) {
+    if (!sound.starts_with(kept)) return false;
+    report::removeFile(report::fromUtf8(sound));
+    sound.clear();
+    return true;
+  };
+  for (Group& group : outcome_.groups)
+    for (Member& member : group.members) (void)drop(member.soundPath);
+  return std::ranges::count_if(material_.sounds, drop) > 0;
+}
+
+void Steps::writeAll() {
   writeTables(comparison_.table, services_, outcome_);
   for (const Entry& entry : material_.entries)
     if (entry.isFile()) services_.console.line("fpss:" + entry.frameRate);

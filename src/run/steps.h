@@ -1,13 +1,16 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "place/placement.h"
+#include "report/folder_lock.h"
 #include "run/compare_stage.h"
 #include "run/fingerprint_stage.h"
 #include "run/kept_sounds.h"
 #include "run/material.h"
+#include "run/sound_places.h"
 #include "run/sync_run.h"
 
 namespace run {
@@ -23,6 +26,7 @@ class Steps {
   std::vector<std::string> run(const std::vector<std::string>& videofiles);
 
  private:
+  std::string whyRefused(const std::vector<std::string>& videofiles);
   void begin();
   void convert();
   void probe();
@@ -33,6 +37,8 @@ class Steps {
   void fill();
   void write();
   void saveProject();
+  void writeAll();
+  bool dropKeptSounds();
   void show();
   void addNotice(const std::string& notice);
 
@@ -41,10 +47,11 @@ class Steps {
   const Settings& settings_;
   Outcome& outcome_;
   project::Project& project_;
-  TemporaryFolder& spare_;                    // for sounds that cannot be kept among the results
-  std::vector<std::string> list_;             // the dummy entry and all that is used
-  std::vector<std::string> result_{"first"};  // then the ignored files
-  BesideSources beside_;
+  TemporaryFolder& spare_;                     // for sounds that cannot be kept among the results
+  std::vector<std::string> list_;              // the dummy entry and all that is used
+  std::vector<std::string> result_{"first"};   // then the ignored files
+  std::optional<report::FolderLock> results_;  // while this run writes to them
+  std::optional<SoundPlaces> places_;
   EarlyListener early_;
   Material material_;
   Comparison comparison_;

@@ -77,6 +77,8 @@ class SyncRun {
 
  private:
   struct State;
+  static std::vector<std::string> runAll(State& state, const struct Settings& settings,
+                                         const std::vector<std::string>& list);
   std::unique_ptr<State> state_;
 };
 

@@ -1,13 +1,15 @@
 #pragma once
 
 #include <filesystem>
+#include <memory>
 
 #include "report/disk.h"
+#include "report/folder_lock.h"
 
 namespace run {
 
 /// A folder of its own below the system's temporary folder, made when it is first asked for and
-/// removed with all that is in it at the end.
+/// removed with all that is in it at the end. Those that killed runs have left are removed then.
 class TemporaryFolder {
  public:
   TemporaryFolder() = default;
@@ -22,6 +24,7 @@ class TemporaryFolder {
 
  private:
   std::filesystem::path path_;
+  std::unique_ptr<report::FolderLock> lock_;  // tells others that it is in use
 };
 
 }  // namespace run

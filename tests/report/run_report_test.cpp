@@ -48,8 +48,8 @@ using ReportRun = ProfileTest;
 TEST_F(ReportRun, WritesTheFileWholeAndRunsTheThreeCommands) {
   Lines console;
   std::vector<string> commands;
-  report::reportRun({"first", "long name of an earlier result"}, console, {});
-  report::reportRun({"nema"}, console, [&](const string& one) { commands.push_back(one); });
+  (void)report::reportRun({"first", "long name of an earlier result"}, console, {});
+  (void)report::reportRun({"nema"}, console, [&](const string& one) { commands.push_back(one); });
   EXPECT_EQ(content(report::kProblemsFile), report::kNoMatchMessage);
   const string folder =
       report::toBackslashPath(report::toUtf8(profile_) + string(report::kSyncedFolder));

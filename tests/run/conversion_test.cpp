@@ -109,7 +109,9 @@ TEST(Conversion, FilesOfABatchAreConvertedAsIfAlone) {
     const Strings files = run::convertedNames(list);
     std::vector<run::MediaProperties> media(list.size(), recording(20));
     if (event == &alone) media.clear();
-    (void)run::convertAll(list, services, media);
+    run::TemporaryFolder spare;
+    run::SoundPlaces places(list, spare);
+    (void)run::convertAll(list, places, services, media);
     for (const std::string& file : files)
       contents[event == &together].push_back(readWhole(report::fromUtf8(file)));
     EXPECT_EQ(std::ranges::max(processes.inputs) > 1, event == &together);

@@ -15,7 +15,9 @@
 /// Stands still, so that documents get the same names in every test.
 class StillClock final : public run::Clock {
  public:
-  std::string timeOfDay() override { return "14:05:09"; }
+  std::string timeOfDay() override { return now; }
+
+  std::string now = "14:05:09";
 };
 
 /// Keeps what it was asked to show.

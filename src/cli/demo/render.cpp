@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "report/files.h"
+#include "report/parallel.h"
 #include "report/text.h"
 
 namespace cli::demo {
@@ -82,20 +83,31 @@ report::Status writeMedia(const Sound& sound, const std::string& picture, const 
   return {};
 }
 
+namespace {
+
+report::Status renderTake(const Scene& scene, std::size_t index, const Sound& performed,
+                          const fs::path& folder, run::ProcessRunner& processes) {
+  const Take& take = scene.takes[index];
+  const Device& device = scene.devices[static_cast<std::size_t>(take.device)];
+  const fs::path file = folder / take.file;
+  std::error_code ignored;  // writing into a folder that is not there tells the same
+  fs::create_directories(file.parent_path(), ignored);
+  const Sound sound = recorded(performed, device, take, kSeed + static_cast<unsigned>(index));
+  return writeMedia(sound, device.picture, file, processes);
+}
+
+}  // namespace
+
 report::Status renderScene(const Scene& scene, const fs::path& folder,
                            run::ProcessRunner& processes) {
   const Sound performed = performance(scene.seconds, kSeed);
   std::vector<report::Status> results(scene.takes.size());
+  report::FirstException failed;
 #pragma omp parallel for schedule(dynamic)
   for (std::size_t i = 0; i < scene.takes.size(); ++i) {
-    const Take& take = scene.takes[i];
-    const Device& device = scene.devices[static_cast<std::size_t>(take.device)];
-    const fs::path file = folder / take.file;
-    std::error_code ignored;  // writing into a folder that is not there tells the same
-    fs::create_directories(file.parent_path(), ignored);
-    const Sound sound = recorded(performed, device, take, kSeed + static_cast<unsigned>(i));
-    results[i] = writeMedia(sound, device.picture, file, processes);
+    failed.keep([&] { results[i] = renderTake(scene, i, performed, folder, processes); });
   }
+  failed.rethrow();
   for (const report::Status& result : results)
     if (!result.ok()) return result;
   return {};
