@@ -3,9 +3,11 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
-// windows.h comes first
+// windows.h comes first; the shell has a type called Folder, and so have our tests
+#define Folder ShellFolder
 #include <shlguid.h>
 #include <shobjidl.h>
+#undef Folder
 
 #include <algorithm>
 #include <thread>
