@@ -1,7 +1,8 @@
 import QtQuick
 import QtQuick.Controls.Basic
 
-// A button in one of three weights: the one main action, an ordinary one, a quiet one.
+// A button in one of three weights: the one main action, an ordinary one, a quiet one. Space and
+// Enter press it.
 AbstractButton {
     id: root
 
@@ -9,26 +10,39 @@ AbstractButton {
     property int weight: AppButton.Ordinary
     readonly property bool primary: root.weight === AppButton.Primary
     property string hint: ""
+    property bool lit: root.checked  // shown as switched on
 
-    function surface() {
+    function surface(): color {
         if (root.primary) {
             if (!root.enabled)
                 return Theme.raised;
             return root.down ? Theme.accentPressed : root.hovered ? Theme.accentHover : Theme.accent;
         }
+        if (root.lit)
+            return Theme.chosen;
         if (root.weight === AppButton.Quiet)
             return root.down || root.hovered ? Theme.hover : "transparent";
         return root.down ? Theme.line : root.hovered ? Theme.hover : Theme.raised;
     }
 
-    implicitHeight: root.primary ? 46 : Theme.control
-    implicitWidth: root.implicitContentWidth + (root.weight === AppButton.Quiet ? 24 : 32)
+    // what a click does; the type has no function for it yet
+    function press() {
+        if (!root.enabled)
+            return;
+        if (root.checkable)
+            root.toggle();
+        root.clicked();
+    }
+
+    implicitHeight: root.primary ? 44 : Theme.control
+    implicitWidth: root.implicitContentWidth + (root.weight === AppButton.Quiet ? 20 : 28)
     focusPolicy: Qt.StrongFocus
     hoverEnabled: true
+    opacity: root.enabled || root.primary ? 1 : 0.5
     Accessible.name: root.text
     Accessible.description: root.hint
-    Keys.onReturnPressed: root.click()
-    Keys.onEnterPressed: root.click()
+    Keys.onReturnPressed: root.press()
+    Keys.onEnterPressed: root.press()
 
     background: Rectangle {
         radius: 8

@@ -11,7 +11,7 @@ ScrollBar {
         implicitWidth: 6
         implicitHeight: 6
         radius: 3
-        color: root.pressed || root.hovered ? Theme.dim : "#4a5161"
+        color: root.pressed || root.hovered ? Theme.dim : Theme.mark
         visible: root.size < 1
     }
 }

@@ -27,9 +27,11 @@ ColumnLayout {
         font.family: Theme.family
         font.pixelSize: Theme.body
         leftPadding: 12
-        Accessible.name: root.label
+        Accessible.name: root.label + ": " + box.displayText
         Accessible.description: root.help
         onActivated: index => root.chosen(index)
+        Keys.onReturnPressed: box.popup.open()
+        Keys.onEnterPressed: box.popup.open()
 
         contentItem: AppText {
             text: box.displayText

@@ -9,6 +9,7 @@ Popup {
 
     required property string question
     required property string action
+    property string keepText: qsTr("Keep")
     signal confirmed
 
     anchors.centerIn: T.Overlay.overlay
@@ -26,7 +27,8 @@ Popup {
         border.color: Theme.line
         radius: 12
     }
-    contentItem: ColumnLayout {
+    ColumnLayout {
+        anchors.fill: parent
         spacing: 20
 
         AppText {
@@ -43,7 +45,7 @@ Popup {
             AppButton {
                 id: keep
 
-                text: qsTr("Keep")
+                text: root.keepText
                 onClicked: root.close()
             }
 

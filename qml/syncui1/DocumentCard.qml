@@ -1,55 +1,95 @@
 import QtQuick
 import QtQuick.Layouts
 
-// A timeline document: the program that reads it, its name, and the way to its folder.
+// The timelines for one editing program: opened there, shown in their folder, or dragged into it.
 Rectangle {
     id: root
 
-    required property string name
+    // roles of the documents' model
+    required property string program
+    required property int count
     required property string path
-    required property string purpose
     required property string content
+    required property var paths
+    required property var urls
     signal openWanted
+    signal showWanted
 
-    implicitHeight: 60
+    implicitHeight: 92
     radius: 8
     color: Theme.raised
     Accessible.role: Accessible.ListItem
-    Accessible.name: root.purpose + ". " + root.content + ". " + root.name
+    Accessible.name: root.program + ". " + root.content
 
-    RowLayout {
+    // what is dragged out of the window are the files themselves
+    Drag.active: drag.active
+    Drag.dragType: Drag.Automatic
+    Drag.supportedActions: Qt.CopyAction
+    Drag.mimeData: ({
+            "text/uri-list": root.urls.join("\r\n")
+        })
+
+    DragHandler {
+        id: drag
+
+        target: null
+    }
+
+    HoverHandler {
+        cursorShape: Qt.OpenHandCursor
+    }
+
+    ColumnLayout {
         anchors.fill: parent
+        anchors.margins: 10
         anchors.leftMargin: 12
-        anchors.rightMargin: 6
-        spacing: 6
+        spacing: 3
 
-        ColumnLayout {
+        AppText {
             Layout.fillWidth: true
-            spacing: 3
-
-            AppText {
-                Layout.fillWidth: true
-                text: root.purpose
-                font.weight: Font.DemiBold
-                elide: Text.ElideRight
-            }
-
-            AppText {
-                Layout.fillWidth: true
-                text: root.content
-                color: Theme.dim
-                font.pixelSize: Theme.small
-                elide: Text.ElideRight
-            }
+            text: root.program
+            font.weight: Font.DemiBold
+            elide: Text.ElideRight
         }
 
-        AppButton {
-            weight: AppButton.Quiet
-            implicitHeight: 32
-            text: qsTr("Show")
-            hint: root.name
-            Accessible.name: qsTr("Show %1 in its folder").arg(root.name)
-            onClicked: root.openWanted()
+        AppText {
+            Layout.fillWidth: true
+            text: root.content
+            color: Theme.dim
+            font.pixelSize: Theme.small
+            elide: Text.ElideRight
+        }
+
+        RowLayout {
+            spacing: 6
+
+            AppButton {
+                implicitHeight: 28
+                font.pixelSize: Theme.small
+                text: qsTr("Open")
+                hint: qsTr("Opens the first of them in the program that the system knows for it")
+                Accessible.name: qsTr("Open the timeline for %1").arg(root.program)
+                onClicked: root.openWanted()
+            }
+
+            AppButton {
+                weight: AppButton.Quiet
+                implicitHeight: 28
+                font.pixelSize: Theme.small
+                text: qsTr("Show")
+                Accessible.name: qsTr("Show the timelines for %1 in their folder").arg(root.program)
+                onClicked: root.showWanted()
+            }
+
+            Item {
+                Layout.fillWidth: true
+            }
+
+            AppText {
+                text: qsTr("or drag it out")
+                color: Theme.dim
+                font.pixelSize: Theme.small
+            }
         }
     }
 }

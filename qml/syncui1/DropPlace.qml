@@ -17,13 +17,18 @@ DropArea {
         anchors.fill: parent
         visible: root.containsDrag || root.searching
         radius: Theme.radius
-        color: "#e01b1e24"
+        color: Theme.veil
         border.width: 2
         border.color: Theme.accent
 
         AppText {
-            anchors.centerIn: parent
-            text: root.searching ? qsTr("Searching the folders …") : qsTr("Drop to add; hold Shift for one camera or recorder")
+            anchors.fill: parent
+            anchors.margins: 24
+            horizontalAlignment: Text.AlignHCenter
+            verticalAlignment: Text.AlignVCenter
+            wrapMode: Text.Wrap
+            text: root.searching ? qsTr("Searching the folders …") : qsTr(
+                                       "Drop to add; hold Shift if all of it is from one camera or recorder")
             font.pixelSize: 18
             font.weight: Font.DemiBold
         }

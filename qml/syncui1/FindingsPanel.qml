@@ -7,21 +7,20 @@ Panel {
     id: root
 
     required property ResultModel result
+    property bool placeable: false
+    signal placeWanted(int recording)
 
-    Connections {
-        target: root.result
-        function onChanged() {
-            if (root.result.leftOutCount > 0)
-                tabs.current = 0;
-            else
-                tabs.current = root.result.rowCount() > 0 ? 1 : 2;
-        }
+    function choose() {
+        if (root.result.leftOutCount > 0 || root.result.documents.count === 0)
+            tabs.current = root.result.leftOutCount > 0 ? 0 : 2;
+        else
+            tabs.current = 1;
     }
 
     ColumnLayout {
         anchors.fill: parent
-        anchors.margins: 16
-        spacing: 12
+        anchors.margins: 14
+        spacing: 10
 
         TabLine {
             id: tabs
@@ -39,7 +38,11 @@ Panel {
             model: root.result.leftOut
             nothing: qsTr("Every recording has its place.")
             delegate: LeftOutCard {
+                id: leftOut
+
                 width: ListView.view.width - 10
+                placeable: root.placeable && leftOut.usable
+                onPlaceWanted: root.placeWanted(leftOut.recording)
             }
         }
 
@@ -53,7 +56,9 @@ Panel {
                 id: document
 
                 width: ListView.view.width - 10
-                onOpenWanted: root.result.openPlaceOf(document.path)
+                urls: root.result.urls(document.paths)
+                onOpenWanted: root.result.openFile(document.path)
+                onShowWanted: root.result.openPlaceOf(document.path)
             }
         }
 

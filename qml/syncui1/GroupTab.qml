@@ -1,8 +1,7 @@
 import QtQuick
-import QtQuick.Controls.Basic
 
 // Chooses one group.
-AbstractButton {
+AppButton {
     id: root
 
     // roles of ResultModel
@@ -11,27 +10,9 @@ AbstractButton {
     required property int count
     property bool shown: false
 
-    implicitWidth: root.implicitContentWidth + 28
     implicitHeight: 32
-    focusPolicy: Qt.StrongFocus
-    hoverEnabled: true
-    text: qsTr("%1 · %2 recordings").arg(root.name).arg(root.count)
-    padding: 0
+    lit: root.shown
+    text: qsTr("%1 · %n recording(s)", "", root.count).arg(root.name)
     Accessible.role: Accessible.PageTab
-    Accessible.name: root.text
-    Keys.onReturnPressed: root.click()
-
-    background: Rectangle {
-        radius: 8
-        color: root.shown ? Theme.line : root.hovered ? Theme.hover : Theme.raised
-        border.width: root.visualFocus ? 2 : 0
-        border.color: Theme.focus
-    }
-    contentItem: AppText {
-        text: root.text
-        color: root.shown ? Theme.text : Theme.dim
-        font.weight: root.shown ? Font.DemiBold : Font.Normal
-        horizontalAlignment: Text.AlignHCenter
-        verticalAlignment: Text.AlignVCenter
-    }
+    Accessible.selected: root.shown
 }

@@ -5,7 +5,7 @@ import QtQuick.Controls.Basic
 ToolTip {
     id: root
 
-    delay: 500
+    delay: 600
     padding: 10
 
     contentItem: AppText {
@@ -14,7 +14,7 @@ ToolTip {
         lineHeight: 1.25
     }
     background: Rectangle {
-        color: "#0c0e12"
+        color: Theme.hint
         border.color: Theme.line
         radius: 6
     }

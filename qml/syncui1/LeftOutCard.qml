@@ -1,15 +1,20 @@
 import QtQuick
 import QtQuick.Layouts
 
-// A recording without a place: why, and what to do about it.
+// A recording without a place: why, what to do about it, and the way to do it.
 Rectangle {
     id: root
 
+    // roles of the left-out model
+    required property int recording
     required property string name
     required property string path
     required property string kind
+    required property bool usable
     required property string reason
     required property string remedy
+    property bool placeable: false
+    signal placeWanted
 
     implicitHeight: content.implicitHeight + 24
     radius: 8
@@ -41,6 +46,7 @@ Rectangle {
 
         AppText {
             Layout.fillWidth: true
+            visible: root.reason !== ""
             text: root.reason
             wrapMode: Text.Wrap
             font.pixelSize: Theme.small
@@ -55,6 +61,17 @@ Rectangle {
             wrapMode: Text.Wrap
             font.pixelSize: Theme.small
             lineHeight: 1.2
+        }
+
+        AppButton {
+            Layout.topMargin: 4
+            visible: root.placeable
+            implicitHeight: 28
+            font.pixelSize: Theme.small
+            text: qsTr("Place at the playhead")
+            hint: qsTr("Puts it into the group that is shown; then move it where it belongs")
+            Accessible.name: qsTr("Place %1 at the playhead").arg(root.name)
+            onClicked: root.placeWanted()
         }
     }
 }

@@ -5,5 +5,5 @@ Rectangle {
     color: Theme.panel
     radius: Theme.radius
     border.width: 1
-    border.color: "#242831"
+    border.color: Theme.edge
 }

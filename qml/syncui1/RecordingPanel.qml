@@ -2,31 +2,32 @@ import QtQuick
 import QtQuick.Layouts
 import Kestrel
 
-// The list of recordings, what adds to it and what takes off it.
+// The devices with their recordings, what adds to them and what sorts them.
 Panel {
     id: root
 
-    required property RecordingModel recordings
+    required property BinModel bins
     property string notice: ""
-    readonly property int count: root.recordings.recordings
-    readonly property string countText: (root.count === 1 ? qsTr("1 file") : qsTr("%1 files").arg(
-                                                                root.count)) + " · "
-                                        + (root.recordings.devices === 1 ? qsTr("1 device") : qsTr(
-                                                                               "%1 devices").arg(
-                                                                               root.recordings.devices))
+    readonly property int count: root.bins.recordings
+    readonly property string countText: qsTr("%n recording(s)", "", root.count) + " · "
+                                        + qsTr("%n device(s)", "", root.bins.devices)
+                                        + (root.bins.length !== "" ? " · " + root.bins.length : "")
     signal filesWanted
     signal deviceWanted
+    signal folderWanted
     signal clearWanted
 
     function focusList() {
-        list.forceActiveFocus();
+        if (root.count > 0)
+            list.forceActiveFocus(Qt.TabFocusReason);
+        else
+            addFolder.forceActiveFocus(Qt.OtherFocusReason);
     }
 
     ColumnLayout {
         anchors.fill: parent
-        anchors.margins: 20
-        anchors.bottomMargin: 16
-        spacing: 12
+        anchors.margins: 16
+        spacing: 10
 
         RowLayout {
             Layout.fillWidth: true
@@ -42,43 +43,44 @@ Panel {
             AppText {
                 Layout.fillWidth: true
                 Layout.alignment: Qt.AlignBaseline
-                visible: root.count > 0
-                text: root.countText
+                text: root.count > 0 ? root.countText : ""
                 color: Theme.dim
                 elide: Text.ElideRight
-            }
-
-            Item {
-                Layout.fillWidth: true
             }
 
             AppButton {
                 objectName: "clearButton"
                 weight: AppButton.Quiet
-                visible: list.count > 0
+                visible: root.count > 0
                 text: qsTr("Clear list")
                 implicitHeight: 30
                 onClicked: root.clearWanted()
             }
         }
 
+        BinTools {
+            Layout.fillWidth: true
+            visible: root.count > 0
+            bins: root.bins
+            onRenameWanted: list.rename()
+        }
+
         Item {
             Layout.fillWidth: true
             Layout.fillHeight: true
 
-            RecordingList {
+            BinList {
                 id: list
 
                 objectName: "recordings"
                 anchors.fill: parent
-                model: root.recordings
-                onRemoveWanted: row => root.recordings.remove(row)
+                bins: root.bins
             }
 
             EmptyHint {
                 anchors.centerIn: parent
                 width: Math.min(parent.width - 40, 420)
-                visible: list.count === 0
+                visible: root.count === 0
             }
         }
 
@@ -89,11 +91,22 @@ Panel {
             color: Theme.warning
             font.pixelSize: Theme.small
             wrapMode: Text.Wrap
+            Accessible.role: Accessible.AlertMessage
+            Accessible.name: root.notice
         }
 
         RowLayout {
             Layout.fillWidth: true
-            spacing: 10
+            spacing: 8
+
+            AppButton {
+                id: addFolder
+
+                objectName: "addFolder"
+                text: qsTr("Add folders")
+                hint: qsTr("Each folder with clips of one kind becomes a device (Ctrl+D)")
+                onClicked: root.folderWanted()
+            }
 
             AppButton {
                 objectName: "addFiles"
@@ -104,8 +117,10 @@ Panel {
 
             AppButton {
                 objectName: "addDevice"
-                text: qsTr("Add one camera or recorder")
-                hint: qsTr("All clips of one device, which never overlap each other (Ctrl+Shift+O)")
+                Layout.fillWidth: true
+                Layout.maximumWidth: implicitWidth
+                text: qsTr("Add one device")
+                hint: qsTr("All clips of one camera or recorder, which never overlap each other (Ctrl+Shift+O)")
                 onClicked: root.deviceWanted()
             }
 

@@ -16,7 +16,7 @@ Item {
 
     ColumnLayout {
         anchors.centerIn: parent
-        width: 651  // the full length of the bar
+        width: Math.min(651, root.width - 40)
         spacing: 0
 
         StepLine {
@@ -57,12 +57,14 @@ Item {
         Item {
             id: progressArea
 
+            readonly property int percent: Math.round(100 * RunSession.fraction)
+
             objectName: "progressbar"
             opacity: 0
             Layout.fillWidth: true
             Layout.preferredHeight: 10
             Accessible.role: Accessible.ProgressBar
-            Accessible.name: qsTr("Progress of this step")
+            Accessible.name: qsTr("Progress of the run: %1 %").arg(progressArea.percent)
 
             Rectangle {
                 anchors.fill: parent
@@ -70,22 +72,35 @@ Item {
                 color: Theme.raised
             }
 
-            // the share of this step that is done, for steps in which the bar itself stands still
             Rectangle {
-                width: parent.width * (RunSession.total > 0 ? RunSession.done / RunSession.total : 0)
+                objectName: "wholeBar"
+                width: Math.max(height, parent.width * RunSession.fraction)
                 height: parent.height
                 radius: 5
                 color: Theme.accent
             }
 
-            // as wide as the run has come, 0 to 651 pixels
-            Rectangle {
+            // the run's own measure, 0 to 651 pixels; it begins anew in every step, so that the one
+            // above is shown in its place
+            Item {
                 objectName: "progresbar"
                 width: 0
-                visible: width > radius  // narrower, it would stick out of the round end
                 height: parent.height
-                radius: 5
-                color: Theme.accent
+            }
+        }
+
+        RowLayout {
+            Layout.topMargin: 10
+
+            AppText {
+                Layout.fillWidth: true
+                text: qsTr("%1 %").arg(progressArea.percent)
+                color: Theme.dim
+            }
+
+            AppText {
+                text: RunSession.left
+                color: Theme.dim
             }
         }
 
@@ -105,6 +120,8 @@ Item {
                 hint: qsTr("Ends the run at its next step (Esc)")
                 enabled: RunSession.running && !RunSession.cancelling
                 onClicked: RunSession.cancel()
+                onVisibleChanged: if (visible)
+                                      forceActiveFocus(Qt.OtherFocusReason)
             }
         }
     }

@@ -1,4 +1,5 @@
 import QtQuick
+import QtQuick.Controls.Basic
 import QtQuick.Layouts
 import Kestrel
 
@@ -10,6 +11,7 @@ Panel {
     required property int recordings
     readonly property bool ready: root.recordings >= 2
     signal startWanted
+    signal resultWanted
 
     readonly property var speedHelp: [qsTr("Quickest; enough for clear sound."),
         qsTr("Right for most recordings."), qsTr("Takes longer; for quiet or noisy sound.")]
@@ -19,8 +21,8 @@ Panel {
 
     ColumnLayout {
         anchors.fill: parent
-        anchors.margins: 20
-        spacing: 14
+        anchors.margins: 16
+        spacing: 10
 
         AppText {
             Layout.preferredHeight: 30
@@ -30,46 +32,60 @@ Panel {
             font.weight: Font.DemiBold
         }
 
-        Choice {
-            Layout.fillWidth: true
-            label: qsTr("Speed")
-            choices: root.settings.speedNames
-            choice: root.settings.speed
-            help: root.speedHelp[root.settings.speed]
-            onChosen: index => root.settings.speed = index
-        }
+        Flickable {
+            id: view
 
-        Choice {
             Layout.fillWidth: true
-            label: qsTr("Matches")
-            choices: root.settings.modeNames
-            choice: root.settings.mode
-            help: root.modeHelp[root.settings.mode]
-            onChosen: index => root.settings.mode = index
-        }
-
-        Choice {
-            Layout.fillWidth: true
-            label: qsTr("Frame rate")
-            choices: root.settings.rateNames
-            choice: root.settings.rate
-            help: root.settings.rate === 0 ? root.automatic : qsTr(
-                                                 "Of the timelines that are written.")
-            onChosen: index => root.settings.rate = index
-        }
-
-        Choice {
-            Layout.fillWidth: true
-            label: qsTr("Frame size")
-            choices: root.settings.sizeNames
-            choice: root.settings.size
-            help: root.settings.size === 0 ? root.automatic : qsTr(
-                                                 "Of the picture in the timelines.")
-            onChosen: index => root.settings.size = index
-        }
-
-        Item {
             Layout.fillHeight: true
+            clip: true
+            boundsBehavior: Flickable.StopAtBounds
+            contentHeight: choices.implicitHeight
+            ScrollBar.vertical: AppScrollBar {}
+
+            ColumnLayout {
+                id: choices
+
+                width: view.width - 8
+                spacing: 14
+
+                Choice {
+                    Layout.fillWidth: true
+                    label: qsTr("Speed")
+                    choices: root.settings.speedNames
+                    choice: root.settings.speed
+                    help: root.speedHelp[root.settings.speed]
+                    onChosen: index => root.settings.speed = index
+                }
+
+                Choice {
+                    Layout.fillWidth: true
+                    label: qsTr("Matches")
+                    choices: root.settings.modeNames
+                    choice: root.settings.mode
+                    help: root.modeHelp[root.settings.mode]
+                    onChosen: index => root.settings.mode = index
+                }
+
+                Choice {
+                    Layout.fillWidth: true
+                    label: qsTr("Frame rate")
+                    choices: root.settings.rateNames
+                    choice: root.settings.rate
+                    help: root.settings.rate === 0 ? root.automatic : qsTr(
+                                                         "Of the timelines that are written.")
+                    onChosen: index => root.settings.rate = index
+                }
+
+                Choice {
+                    Layout.fillWidth: true
+                    label: qsTr("Frame size")
+                    choices: root.settings.sizeNames
+                    choice: root.settings.size
+                    help: root.settings.size === 0 ? root.automatic : qsTr(
+                                                         "Of the picture in the timelines.")
+                    onChosen: index => root.settings.size = index
+                }
+            }
         }
 
         AppText {
@@ -80,6 +96,26 @@ Panel {
             color: Theme.dim
             font.pixelSize: Theme.small
             horizontalAlignment: Text.AlignHCenter
+        }
+
+        AppButton {
+            id: back
+
+            property int groups: 0
+
+            objectName: "resultButton"
+            Layout.fillWidth: true
+            visible: back.groups > 0
+            text: qsTr("Back to the timeline")
+            hint: qsTr("What the last run found (Ctrl+R)")
+            onClicked: root.resultWanted()
+
+            Connections {
+                target: Workspace
+                function onChanged() {
+                    back.groups = Workspace.result.rowCount();
+                }
+            }
         }
 
         AppButton {

@@ -1,7 +1,6 @@
 import QtQuick
-import QtQuick.Controls.Basic
 
-// Chooses one of a few lists and says how long each is.
+// Chooses one of a few lists and says how long each is; the arrow keys go from one to the next.
 Row {
     id: root
 
@@ -9,45 +8,36 @@ Row {
     required property var counts
     property int current: 0
 
-    spacing: 4
+    function go(to: int) {
+        root.current = Math.max(0, Math.min(root.names.length - 1, to));
+        tabs.itemAt(root.current).forceActiveFocus(Qt.TabFocusReason);
+    }
+
+    spacing: 2
+    Keys.onLeftPressed: root.go(root.current - 1)
+    Keys.onRightPressed: root.go(root.current + 1)
 
     Repeater {
+        id: tabs
+
         model: root.names
 
-        AbstractButton {
+        AppButton {
             id: tab
 
             required property int index
             required property string modelData
-            readonly property bool shown: root.current === tab.index
 
-            implicitHeight: 32
-            implicitWidth: tab.implicitContentWidth + 20
-            padding: 0
-            focusPolicy: Qt.StrongFocus
-            hoverEnabled: true
+            implicitHeight: 30
+            weight: AppButton.Quiet
+            lit: root.current === tab.index
+            activeFocusOnTab: tab.lit
+            font.pixelSize: Theme.small
             text: root.counts[tab.index] > 0 ? tab.modelData + "  " + root.counts[tab.index] :
                                                tab.modelData
             Accessible.role: Accessible.PageTab
-            Accessible.name: tab.text
-            Keys.onReturnPressed: tab.click()
+            Accessible.selected: tab.lit
             onClicked: root.current = tab.index
-
-            background: Rectangle {
-                radius: 8
-                color: tab.shown ? Theme.line : tab.hovered ? Theme.hover : "transparent"
-                border.width: tab.visualFocus ? 2 : 0
-                border.color: Theme.focus
-            }
-            contentItem: AppText {
-                text: tab.text
-                color: tab.shown ? Theme.text : Theme.dim
-                font.pixelSize: Theme.small
-                font.weight: tab.shown ? Font.DemiBold : Font.Normal
-                horizontalAlignment: Text.AlignHCenter
-                verticalAlignment: Text.AlignVCenter
-                elide: Text.ElideRight
-            }
         }
     }
 }

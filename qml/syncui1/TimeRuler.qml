@@ -9,6 +9,7 @@ Item {
     required property real pixelsPerSecond
     readonly property real step: TimeScale.step(root.pixelsPerSecond, 90)
     readonly property real stepPixels: root.step * root.pixelsPerSecond
+    readonly property int decimals: root.step >= 1 ? 0 : root.step >= 0.1 ? 1 : root.step >= 0.01 ? 2 : root.step >= 0.001 ? 3 : 4
     readonly property int first: Math.floor(root.offset / root.stepPixels)
 
     clip: true
@@ -29,14 +30,14 @@ Item {
                 y: root.height - 8
                 width: 1
                 height: 8
-                color: "#596172"
+                color: Theme.mark
             }
 
             AppText {
                 x: 4
                 y: 3
                 visible: mark.x + width + 4 <= root.width
-                text: TimeScale.text(mark.number * root.step, root.step < 1 ? 1 : 0)
+                text: TimeScale.text(mark.number * root.step, root.decimals)
                 font.pixelSize: 11
                 color: Theme.dim
             }

@@ -14,18 +14,28 @@ Rectangle {
     readonly property string phase: finished.marker.opacity > 0 ? "finished" : RunSession.running
                                     || running.bar.opacity > 0 ? "running" : "idle"
     readonly property bool idle: root.phase === "idle"
+    readonly property bool resting: root.phase !== "running"
     readonly property int longList: 5  // recordings; clearing more is asked about
+    readonly property bool roomy: root.width >= 720
 
     function addFiles() {
-        Qt.callLater(QMLFile.getFilesSelected);
+        later.call(() => QMLFile.getFilesSelected());
     }
 
     function addDevice() {
-        Qt.callLater(QMLFile.getFilesSelected2);
+        later.call(() => QMLFile.getFilesSelected2());
+    }
+
+    function addFolder() {
+        later.call(() => {
+            const folder = Ask.forRecordings();
+            if (folder.toString() !== "")
+                collector.add([folder], false);
+        });
     }
 
     function clearList() {
-        if (recordings.recordings > root.longList)
+        if (bins.recordings > root.longList)
             clearQuestion.open();
         else
             QMLFile.clearall();
@@ -34,51 +44,91 @@ Rectangle {
     // Called later, when the button that was pressed is released for good: the call returns only
     // at the end of the run.
     function start() {
-        Qt.callLater(() => {
+        later.call(() => {
+            panel.notice = "";
             QMLFile.start_sync2(settings.tolerance, settings.frameSize.width,
                                 settings.frameSize.height, settings.frameRate, settings.modeFlag);
-            panel.notice = "";
             if (RunSession.cancelled) {
                 running.bar.opacity = 0;
-                panel.notice = qsTr("The run was cancelled.");
+                panel.notice = qsTr("The run was cancelled.") + (Workspace.result.rowCount() > 0 ? " " + qsTr(
+                                                                     "What was found before is still there (Ctrl+R).") : "");
+                root.backToList();
+            } else {
+                finished.start();
             }
         });
     }
 
-    function newSync() {
+    function backToList() {
         finished.putAway();
         panel.focusList();
+    }
+
+    function openProject() {
+        later.call(() => {
+            const file = Ask.forProject();
+            if (file.toString() !== "")
+                Workspace.open(file);
+        });
+    }
+
+    function showProject() {
+        if (Workspace.result.rowCount() > 0) {
+            finished.bringBack();
+            finished.start();
+        } else {
+            root.backToList();
+        }
+    }
+
+    function saveProject() {
+        later.call(() => {
+            if (!Workspace.save())
+                root.saveProjectAs();
+        });
+    }
+
+    function saveProjectAs() {
+        later.call(() => {
+            const file = Ask.whereToSave(Workspace.name);
+            if (file.toString() !== "")
+                Workspace.saveAs(file);
+        });
+    }
+
+    function exportElsewhere() {
+        later.call(() => {
+            const folder = Ask.forResults(Workspace.result.folder);
+            if (folder.toString() !== "")
+                Workspace.exportTo(folder);
+        });
     }
 
     width: 1180
     height: 760
     color: Theme.window
+    Component.onCompleted: panel.focusList()
 
     Binding {
         target: root.Window.window
         when: root.Window.window !== null
         property: "title"
-        value: "Kestrel Aligner"
+        value: (Workspace.name !== "" ? Workspace.name + " – " : "") + "Kestrel Aligner"
     }
 
-    Binding {
-        target: root.Window.window
-        when: root.Window.window !== null
-        property: "minimumWidth"
-        value: 900
+    Later {
+        id: later
     }
 
-    Binding {
-        target: root.Window.window
-        when: root.Window.window !== null
-        property: "minimumHeight"
-        value: 640
+    Connections {
+        target: Workspace
+        function onOpened() {
+            root.showProject();
+        }
     }
 
-    RecordingModel {
-        id: recordings
-
-        sourceModel: myModel
+    BinModel {
+        id: bins
     }
 
     SyncSettings {
@@ -88,12 +138,7 @@ Rectangle {
     MediaCollector {
         id: collector
 
-        onFinished: (added, passedOver) => {
-            panel.notice = passedOver === 0 ? "" : passedOver === 1 ? qsTr(
-                                                  "1 file was passed over: it is no recording.") : qsTr(
-                                                  "%1 files were passed over: they are no recordings.").arg(
-                                                  passedOver);
-        }
+        onFinished: (added, notes) => panel.notice = notes
     }
 
     HeaderLine {
@@ -101,13 +146,32 @@ Rectangle {
 
         x: Theme.margin
         width: parent.width - 2 * Theme.margin
-        height: 64
+        height: 56
+        idle: root.resting
+        onOpenWanted: root.openProject()
+        onSaveWanted: root.saveProject()
+    }
+
+    AppText {
+        id: problem
+
+        anchors.top: header.bottom
+        anchors.topMargin: -8
+        x: Theme.margin
+        width: parent.width - 2 * Theme.margin
+        height: visible ? implicitHeight + 8 : 0
+        visible: text !== ""
+        text: Workspace.problem
+        color: Theme.warning
+        wrapMode: Text.Wrap
+        Accessible.role: Accessible.AlertMessage
+        Accessible.name: text
     }
 
     RowLayout {
         anchors.fill: parent
         anchors.margins: Theme.margin
-        anchors.topMargin: header.height
+        anchors.topMargin: header.height + problem.height
         spacing: Theme.space
         visible: root.idle
 
@@ -116,9 +180,10 @@ Rectangle {
 
             Layout.fillWidth: true
             Layout.fillHeight: true
-            recordings: recordings
+            bins: bins
             onFilesWanted: root.addFiles()
             onDeviceWanted: root.addDevice()
+            onFolderWanted: root.addFolder()
             onClearWanted: root.clearList()
 
             DropPlace {
@@ -130,11 +195,12 @@ Rectangle {
         }
 
         SettingsPanel {
-            Layout.preferredWidth: Math.max(296, Math.min(340, root.width * 0.28))
+            Layout.preferredWidth: Math.max(250, Math.min(330, root.width * 0.28))
             Layout.fillHeight: true
             settings: settings
-            recordings: recordings.recordings
+            recordings: bins.recordings
             onStartWanted: root.start()
+            onResultWanted: root.showProject()
         }
     }
 
@@ -150,15 +216,23 @@ Rectangle {
 
         anchors.fill: parent
         anchors.margins: Theme.margin
-        anchors.topMargin: header.height
+        anchors.topMargin: header.height + problem.height
         visible: root.phase === "finished"
-        onNewSyncWanted: root.newSync()
+        framesPerSecond: settings.frameRate || bins.firstFrameRate || 25
+        onNewSyncWanted: root.backToList()
+        onExportWanted: Workspace.exportTo("")
+        onFolderWanted: root.exportElsewhere()
+        onAgainWanted: recordings => {
+            Workspace.placeAgain(recordings);
+            finished.putAway();
+            root.start();
+        }
     }
 
     ConfirmPopup {
         id: clearQuestion
 
-        question: qsTr("Take all %1 recordings off the list?").arg(recordings.recordings)
+        question: qsTr("Take all %n recording(s) off the list?", "", bins.recordings)
         action: qsTr("Clear list")
         onConfirmed: QMLFile.clearall()
     }
@@ -176,15 +250,75 @@ Rectangle {
     }
 
     Shortcut {
+        sequences: ["Ctrl+D"]
+        enabled: root.idle
+        onActivated: root.addFolder()
+    }
+
+    Shortcut {
+        sequences: ["Ctrl+J"]
+        enabled: root.idle
+        onActivated: bins.join()
+    }
+
+    Shortcut {
+        sequences: ["Ctrl+Shift+J"]
+        enabled: root.idle
+        onActivated: bins.split()
+    }
+
+    Shortcut {
         sequences: ["Ctrl+Return", "Ctrl+Enter"]
-        enabled: root.idle && recordings.recordings >= 2
+        enabled: root.idle && bins.recordings >= 2
         onActivated: root.start()
     }
 
     Shortcut {
         sequences: ["Ctrl+N"]
         enabled: root.phase === "finished"
-        onActivated: root.newSync()
+        onActivated: root.backToList()
+    }
+
+    Shortcut {
+        sequences: ["Ctrl+R"]
+        enabled: root.idle && Workspace.result.rowCount() > 0
+        onActivated: root.showProject()
+    }
+
+    Shortcut {
+        sequences: ["Ctrl+E"]
+        enabled: root.phase === "finished"
+        onActivated: Workspace.exportTo("")
+    }
+
+    Shortcut {
+        sequences: ["Ctrl+S"]
+        enabled: root.resting
+        onActivated: root.saveProject()
+    }
+
+    Shortcut {
+        sequences: ["Ctrl+Shift+S"]
+        enabled: root.resting
+        onActivated: root.saveProjectAs()
+    }
+
+    Shortcut {
+        sequences: ["Ctrl+Shift+P"]
+        enabled: root.resting
+        onActivated: root.openProject()
+    }
+
+    Shortcut {
+        sequences: ["Ctrl+Z"]
+        enabled: root.resting
+        onActivated: Workspace.undo()
+    }
+
+    Shortcut {
+        sequences: ["Ctrl+Shift+Z", "Ctrl+Y"]
+        enabled: root.resting
+        onActivated: Workspace.redo()
     }
 
     Shortcut {

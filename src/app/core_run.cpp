@@ -2,6 +2,7 @@
 
 #include "report/run_report.h"
 #include "run/convert.h"
+#include "run/document_stage.h"
 #include "run/system_services.h"
 
 namespace app {
@@ -9,10 +10,17 @@ namespace {
 
 report::StandardOutput console;
 
+run::Options optionsOf(const RunRequest& request) {
+  run::Options options;
+  options.project = request.project;
+  options.again = request.again;
+  return options;
+}
+
 /// A run together with the services that it refers to.
 struct CoreRun {
-  CoreRun(run::Progress& progress, const std::atomic<bool>& cancelled)
-      : sync(services.with(console, progress, cancelled), {}) {}
+  CoreRun(const RunRequest& request, run::Progress& progress, const std::atomic<bool>& cancelled)
+      : sync(services.with(console, progress, cancelled), optionsOf(request)) {}
 
   run::SystemServices services;
   run::SyncRun sync;
@@ -22,11 +30,12 @@ struct CoreRun {
 
 RunAnswer runCore(const RunRequest& request, run::Progress& progress,
                   const std::atomic<bool>& cancelled) {
-  const auto core = std::make_shared<CoreRun>(progress, cancelled);
+  const auto core = std::make_shared<CoreRun>(request, progress, cancelled);
   RunAnswer answer;
   answer.result = core->sync.synco(request.videofiles, request.a_d, request.resx, request.resy,
                                    request.frps, request.prem);
   answer.outcome = core->sync.outcome();
+  answer.project = core->sync.project();
   answer.sounds = core;
   return answer;
 }
@@ -35,6 +44,24 @@ std::vector<std::string> convertCore(const std::vector<std::string>& videofiles,
                                      run::Progress& progress, const std::atomic<bool>& cancelled) {
   run::SystemServices services;
   return run::resemplirajgi8000(videofiles, services.with(console, progress, cancelled));
+}
+
+namespace {
+
+class NoProgress final : public run::Progress {
+ public:
+  void moveprogressslot(int) override {}
+  void moveprogressignal(int) override {}
+  void stage(run::Stage, std::string_view, int, int) override {}
+};
+
+}  // namespace
+
+run::Outcome exportCore(const project::Project& project, const std::string& folder) {
+  run::SystemServices services;
+  NoProgress progress;
+  const std::atomic<bool> cancelled = false;
+  return run::exportDocuments(project, folder, services.with(console, progress, cancelled));
 }
 
 void reportCore(const std::vector<std::string>& result) {

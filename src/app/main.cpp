@@ -1,8 +1,10 @@
 #include <QApplication>
+#include <QIcon>
 #include <QQmlContext>
 #include <QQmlEngine>
 #include <cstdio>
 
+#include "app/appearance.h"
 #include "app/companions.h"
 #include "app/files/file_list.h"
 #include "app/files/media_collector.h"
@@ -11,6 +13,9 @@
 #include "app/rendering.h"
 #include "app/start_up.h"
 #include "app/title_bar.h"
+#include "app/translation.h"
+#include "app/window_place.h"
+#include "app/workspace.h"
 #include "app/working_directory.h"
 #include "report/console.h"
 #include "report/diagnostics.h"
@@ -28,6 +33,8 @@ int main(int argc, char* argv[]) {
   app::chooseRendering(arguments);
   app::logBanner();
   app::setIdentity();
+  app::speak(application);
+  QGuiApplication::setWindowIcon(QIcon(":/icon/kestrel-aligner.png"));
   qml_register_types_Kestrel();
 
   app::QmlApplicationViewer viewer;
@@ -47,8 +54,14 @@ int main(int argc, char* argv[]) {
     std::fprintf(stderr, "The window's document %s could not be loaded from %s\n", app::kDocument,
                  QCoreApplication::applicationDirPath().toUtf8().constData());
   }
-  app::darkenTitleBar(viewer);
+  app::rememberPlace(viewer);
+  const auto colourTitleBar = [&] { app::darkenTitleBar(viewer, app::appearance().dark()); };
+  QObject::connect(&app::appearance(), &app::Appearance::changed, &viewer, colourTitleBar);
+  colourTitleBar();
   viewer.show();
+  QObject::connect(&application, &QCoreApplication::aboutToQuit, [] {
+    if (app::workspace().unsaved()) app::workspace().save();  // where it was saved before
+  });
   app::MediaCollector collector;
   collector.add(named, false);
   return QApplication::exec();

@@ -7,6 +7,7 @@
 #include "app/my_thread.h"
 #include "app/run_progress.h"
 #include "app/run_session.h"
+#include "app/workspace.h"
 #include "report/console.h"
 #include "report/diagnostics.h"
 #include "vote/compare.h"
@@ -61,7 +62,9 @@ void QMLFile::clearall() { fileModel.clear(); }
 vector<std::string> QMLFile::synco(vector<std::string> videofiles, double a_d, int resx, int resy,
                                    float frps, int prem) {
   RunProgress progress(*this, runSession());
-  return runSession().execute({std::move(videofiles), a_d, resx, resy, frps, prem}, progress);
+  return runSession().execute({std::move(videofiles), a_d, resx, resy, frps, prem,
+                               workspace().project(), workspace().takeAgain()},
+                              progress);
 }
 
 void QMLFile::start_sync2(float tolerance, int x, int y, float fps, int premiere) {

@@ -2,80 +2,43 @@
 
 #include <QDesktopServices>
 #include <QFileInfo>
-#include <QUrl>
+#include <algorithm>
 
-#include "report/diagnostics.h"
-#include "report/profile.h"
+#include "app/documents_list.h"
+#include "app/result_texts.h"
+#include "project/look_up.h"
 
 namespace app {
 namespace {
 
-QString nameOf(const QString& path) { return QFileInfo(path).fileName(); }
-
-QString asSentence(const std::string& text) {
-  QString sentence = QString::fromStdString(text);
-  if (!sentence.isEmpty()) sentence[0] = sentence[0].toUpper();
-  if (!sentence.isEmpty() && !sentence.endsWith('.')) sentence += '.';
-  return sentence;
+QVariantList leftOutRow(const project::Recording& recording, bool usable) {
+  const QString path = QString::fromStdString(project::mainFile(recording).path);
+  const project::Reason reason = recording.leftOut.value_or(project::Reason{});
+  return {recording.id,
+          QFileInfo(path).fileName(),
+          path,
+          usable ? ResultModel::tr("Stands alone") : ResultModel::tr("Cannot be used"),
+          usable,
+          asSentence(reason.reason),
+          asSentence(reason.remedy)};
 }
 
-QVariantList leftOutRow(const run::LeftOut& file, const QString& kind) {
-  const QString path = QString::fromStdString(file.path);
-  return {nameOf(path), path, kind, asSentence(file.reason), asSentence(file.remedy)};
-}
-
-QList<QVariantList> leftOutRows(const run::Outcome& outcome) {
-  QList<QVariantList> rows;
-  for (const auto& file : outcome.ignored) rows << leftOutRow(file, ResultModel::tr("Ignored"));
-  for (const auto& file : outcome.unsynced) {
-    rows << leftOutRow(file, ResultModel::tr("Stands alone"));
+/// What cannot be used first: there is something to be done about it.
+QList<QVariantList> leftOutRows(const project::Project& project) {
+  QList<QVariantList> unusable, unplaced;
+  for (const project::Recording* recording : project::allRecordings(project)) {
+    const project::State state = project::stateOf(project, *recording);
+    if (state == project::State::unusable) unusable << leftOutRow(*recording, false);
+    if (state == project::State::unplaced) unplaced << leftOutRow(*recording, true);
   }
-  return rows;
+  return unusable + unplaced;
 }
 
-/// Which program reads the document `name`; empty for the texts and tables of a run.
-QString purposeOf(const QString& name) {
-  if (name.contains("_fcp--")) return ResultModel::tr("Final Cut Pro 7");
-  if (name.contains("_premierePro")) return ResultModel::tr("Premiere Pro");
-  if (name.contains("_FCP_X_1.10--")) return ResultModel::tr("Final Cut Pro (FCPXML 1.10)");
-  if (name.contains("_FCP_X--")) return ResultModel::tr("Final Cut Pro X");
-  if (name.endsWith(".edl")) return ResultModel::tr("Vegas");
-  if (name.endsWith(".otio")) return ResultModel::tr("OpenTimelineIO");
-  return {};
-}
-
-QString contentOf(const QString& name) {
-  return name.startsWith("UNSYNCED") ? ResultModel::tr("Recordings without a place")
-                                     : ResultModel::tr("Synchronised timeline");
-}
-
-QList<QVariantList> documentRows(const run::Outcome& outcome) {
+QList<QVariantList> noticeRows(const project::Project& project) {
   QList<QVariantList> rows;
-  for (const std::string& output : outcome.outputs) {
-    const QString path = QString::fromStdString(output);
-    const QString purpose = purposeOf(nameOf(path));
-    if (!purpose.isEmpty())
-      rows << QVariantList{nameOf(path), path, purpose, contentOf(nameOf(path))};
-  }
-  return rows;
-}
-
-QList<QVariantList> noticeRows(const run::Outcome& outcome) {
-  QList<QVariantList> rows;
-  for (const std::string& text : outcome.notices)
+  for (const std::string& text : project.written.notices)
     rows << QVariantList{QString::fromStdString(text)};
   return rows;
-}
-
-QString summaryOf(const run::Outcome& outcome) {
-  qsizetype synchronised = 0;
-  for (const auto& group : outcome.groups) synchronised += std::ssize(group.members);
-  const qsizetype all = synchronised + std::ssize(outcome.unsynced) + std::ssize(outcome.ignored);
-  if (synchronised == 0) return ResultModel::tr("No two recordings matched.");
-  const QString recordings =
-      ResultModel::tr("%1 of %2 recordings synchronised").arg(synchronised).arg(all);
-  if (outcome.groups.size() == 1) return ResultModel::tr("%1 in one group").arg(recordings);
-  return ResultModel::tr("%1 in %2 groups").arg(recordings).arg(outcome.groups.size());
 }
 
 }  // namespace
@@ -105,34 +68,69 @@ QHash<int, QByteArray> ResultModel::roleNames() const {
   return {{NameRole, "name"}, {CountRole, "count"}, {TimelineRole, "timeline"}};
 }
 
-void ResultModel::show(const run::Outcome& outcome) {
-  beginResetModel();
-  // views may still hold the old ones until they have handled the reset
-  for (auto& old : timelines_) old.release()->deleteLater();
-  timelines_.clear();
-  for (const auto& group : outcome.groups) {
-    timelines_.push_back(std::make_unique<TimelineModel>(group));
-    QJSEngine::setObjectOwnership(timelines_.back().get(), QJSEngine::CppOwnership);
-  }
-  endResetModel();
-  leftOut_.setRows(leftOutRows(outcome));
-  documents_.setRows(documentRows(outcome));
-  notices_.setRows(noticeRows(outcome));
-  summary_ = summaryOf(outcome);
+void ResultModel::show(const project::Project& project, const SoundPaths& sounds) {
+  showGroups(project, sounds);
+  leftOut_.setRows(leftOutRows(project));
+  documents_.setRows(documentRows(project.written));
+  notices_.setRows(noticeRows(project));
+  folder_ = QString::fromStdString(project.written.folder);
+  summary_ = summaryOf(project);
+  unsureCount_ = tallyOf(project).unsure;
+  endState_ = EndState::of(project);
   Q_EMIT changed();
+}
+
+void ResultModel::showGroups(const project::Project& project, const SoundPaths& sounds) {
+  const bool same = std::ranges::equal(project.groups, timelines_, {}, &project::Group::id,
+                                       [](const auto& timeline) { return timeline->group(); });
+  if (!same) {
+    beginResetModel();
+    std::vector<std::unique_ptr<TimelineModel>> timelines;
+    for (const project::Group& group : project.groups) {
+      const auto old = std::ranges::find_if(timelines_, [&](const auto& timeline) {
+        return timeline && timeline->group() == group.id;
+      });
+      timelines.push_back(old != timelines_.end() ? std::move(*old)
+                                                  : std::make_unique<TimelineModel>());
+      QJSEngine::setObjectOwnership(timelines.back().get(), QJSEngine::CppOwnership);
+    }
+    // views may still hold the old ones until they have handled the reset
+    for (auto& old : timelines_)
+      if (old) old.release()->deleteLater();
+    timelines_ = std::move(timelines);
+  }
+  for (std::size_t i = 0; i < timelines_.size(); ++i)
+    timelines_[i]->show(project, project.groups[i], sounds);
+  if (!same)
+    endResetModel();
+  else if (rowCount() > 0)
+    Q_EMIT dataChanged(index(0), index(rowCount() - 1));
 }
 
 TimelineModel* ResultModel::timeline(int row) const {
   return row < 0 || row >= rowCount() ? nullptr : timelines_[static_cast<std::size_t>(row)].get();
 }
 
-void ResultModel::openSyncedFolder() {
-  const std::string folder = report::profileFolder() + report::kSyncedFolder;
-  QDesktopServices::openUrl(QUrl::fromLocalFile(QString::fromStdString(folder)));
+int ResultModel::groupOf(int recording) const {
+  for (int row = 0; row < rowCount(); ++row)
+    if (timeline(row)->rowOf(recording) >= 0) return row;
+  return -1;
 }
+
+void ResultModel::openFolder() const { QDesktopServices::openUrl(QUrl::fromLocalFile(folder_)); }
 
 void ResultModel::openPlaceOf(const QString& path) {
   QDesktopServices::openUrl(QUrl::fromLocalFile(QFileInfo(path).absolutePath()));
+}
+
+void ResultModel::openFile(const QString& path) {
+  QDesktopServices::openUrl(QUrl::fromLocalFile(path));
+}
+
+QList<QUrl> ResultModel::urls(const QStringList& paths) {
+  QList<QUrl> all;
+  for (const QString& path : paths) all << QUrl::fromLocalFile(path);
+  return all;
 }
 
 }  // namespace app

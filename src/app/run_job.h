@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "project/project.h"
 #include "run/sync_run.h"
 
 namespace app {
@@ -17,11 +18,14 @@ struct RunRequest {
   int resx = 0, resy = 0;
   float frps = 0;
   int prem = 0;
+  project::Project project = {};        // what is known before the run
+  std::vector<project::Id> again = {};  // recordings to place while all others stay; empty: all
 };
 
 struct RunAnswer {
   std::vector<std::string> result;  // a status text, then the files that were ignored
   run::Outcome outcome;
+  project::Project project;      // with what was found
   std::shared_ptr<void> sounds;  // keeps the sounds that the outcome names
 };
 

@@ -1,7 +1,10 @@
 #include "app/run_session.h"
 
+#include <cmath>
+
 #include "app/core_run.h"
 #include "app/pump.h"
+#include "app/workspace.h"
 
 namespace app {
 
@@ -13,12 +16,13 @@ RunSession* RunSession::create(QQmlEngine*, QJSEngine*) {
 std::vector<std::string> RunSession::execute(const RunRequest& request, run::Progress& progress) {
   cancelFlag_ = false;
   cancelled_ = false;
+  seen_ = RunForecast(mediaSeconds_);
+  clock_.start();
   setRunning(true);
   RunAnswer answer;
   whilePumping([&] { answer = job_(request, progress, cancelFlag_); }, [this] { cancel(); });
   cancelled_ = answer.outcome.cancelled;
-  result_.show(answer.outcome);
-  sounds_ = answer.sounds;
+  if (!cancelled_) workspace().take(answer);  // a run that was cancelled leaves the last one alone
   setRunning(false);
   return answer.result;
 }
@@ -27,6 +31,7 @@ void RunSession::report(run::Stage stage, std::string_view file, int done, int t
   const std::lock_guard lock(mutex_);
   latest_ = {stage, QString::fromUtf8(file.data(), static_cast<qsizetype>(file.size())), done,
              total};
+  seen_.report(stage, std::string(file), done, total);
   if (posted_) return;
   posted_ = true;
   QMetaObject::invokeMethod(this, &RunSession::showLatest, Qt::QueuedConnection);
@@ -36,9 +41,17 @@ void RunSession::showLatest() {
   {
     const std::lock_guard lock(mutex_);
     shown_ = latest_;
+    forecast_ = seen_;
     posted_ = false;
   }
   Q_EMIT progressed();
+}
+
+QString RunSession::left() const {
+  const auto seconds = forecast_.left(std::chrono::milliseconds(clock_.elapsed()));
+  if (!seconds) return {};
+  if (seconds->count() < 60) return tr("less than a minute left");
+  return tr("about %n minute(s) left", nullptr, static_cast<int>(std::ceil(seconds->count() / 60)));
 }
 
 void RunSession::cancel() {
@@ -50,6 +63,7 @@ void RunSession::cancel() {
 void RunSession::setRunning(bool running) {
   running_ = running;
   shown_ = {};
+  forecast_ = {};
   Q_EMIT progressed();
   Q_EMIT runningChanged();
 }

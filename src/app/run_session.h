@@ -1,13 +1,15 @@
 #pragma once
 
+#include <QElapsedTimer>
 #include <QObject>
 #include <QQmlEngine>
 #include <atomic>
 #include <mutex>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
-#include "app/result_model.h"
+#include "app/run_forecast.h"
 #include "app/run_job.h"
 
 namespace app {
@@ -25,7 +27,8 @@ class RunSession : public QObject {
   Q_PROPERTY(QString file READ file NOTIFY progressed)
   Q_PROPERTY(int done READ doneItems NOTIFY progressed)
   Q_PROPERTY(int total READ total NOTIFY progressed)
-  Q_PROPERTY(ResultModel* result READ result CONSTANT)
+  Q_PROPERTY(double fraction READ fraction NOTIFY progressed)
+  Q_PROPERTY(QString left READ left NOTIFY progressed)
 
  public:
   explicit RunSession(RunJob job) : job_(std::move(job)) {}
@@ -38,12 +41,21 @@ class RunSession : public QObject {
   QString file() const { return shown_.file; }
   int doneItems() const { return shown_.done; }
   int total() const { return shown_.total; }
-  ResultModel* result() { return &result_; }
+  /// The share of the run that is over, 0 to 1, weighted by what its steps take.
+  double fraction() const { return forecast_.fraction(); }
+  /// The time left in words; empty while too little has been seen to tell.
+  QString left() const;
+
+  /// The lengths in seconds of the files of the runs to come, by their paths.
+  void setMediaSeconds(std::unordered_map<std::string, double> seconds) {
+    mediaSeconds_ = std::move(seconds);
+  }
 
   /// Replaces what does the runs.
   void setJob(RunJob job) { job_ = std::move(job); }
 
-  /// One whole run. Returns when it has ended; until then the calling GUI thread handles events.
+  /// One whole run, whose result goes to the workspace. Returns when it has ended; until then the
+  /// calling GUI thread handles events.
   std::vector<std::string> execute(const RunRequest& request, run::Progress& progress);
 
   /// Notes how far the run is. The window hears of the latest state only, however often it is
@@ -67,10 +79,12 @@ class RunSession : public QObject {
   void showLatest();
 
   RunJob job_;
-  ResultModel result_;
-  std::shared_ptr<void> sounds_;  // of the last run, for drawing
+  std::unordered_map<std::string, double> mediaSeconds_;
+  RunForecast forecast_;
+  QElapsedTimer clock_;
   Position shown_;
   Position latest_;      // guarded by mutex_
+  RunForecast seen_;     // guarded by mutex_
   bool posted_ = false;  // guarded by mutex_
   std::mutex mutex_;
   std::atomic<bool> cancelFlag_ = false;

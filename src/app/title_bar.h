@@ -4,8 +4,8 @@
 
 namespace app {
 
-/// Has the system draw the title bar of `window` as dark as the window is, where it would draw a light
-/// one: Windows goes by the user's setting for programs. Elsewhere does nothing.
-void darkenTitleBar(QWindow& window);
+/// Has the system draw the title bar of `window` as dark or light as the window is: Windows goes by the
+/// user's setting for programs. Elsewhere does nothing.
+void darkenTitleBar(QWindow& window, bool isDark);
 
 }  // namespace app

@@ -2,6 +2,6 @@
 
 namespace app {
 
-void darkenTitleBar(QWindow&) {}
+void darkenTitleBar(QWindow&, bool) {}
 
 }  // namespace app

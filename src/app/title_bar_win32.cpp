@@ -11,8 +11,8 @@ constexpr DWORD kUseImmersiveDarkMode = 20;  // of Windows 10 20H1 and later; ol
 
 }  // namespace
 
-void darkenTitleBar(QWindow& window) {
-  const BOOL dark = TRUE;
+void darkenTitleBar(QWindow& window, bool isDark) {
+  const BOOL dark = isDark;
   DwmSetWindowAttribute(reinterpret_cast<HWND>(window.winId()), kUseImmersiveDarkMode, &dark,
                         sizeof dark);
 }

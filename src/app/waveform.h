@@ -6,11 +6,16 @@
 
 namespace app {
 
-/// How loud a sound is over time, for drawing: one peak per 1/100 s, 0 to 255 of the loudest one.
-/// Cheap to copy.
+/// How loud a sound is over time, for drawing: peaks of 0 to 255 of the loudest one. Cheap to copy.
 struct Waveform {
   static constexpr int kPeaksPerSecond = 100;
-  QList<quint8> peaks;
+  static constexpr int kFinePerCoarse = 100;
+  QList<quint8> peaks;   // one per 1/100 s
+  QList<quint8> coarse;  // the highest of every hundred of them, for wide views
+  float loudest = 0;     // of full scale 1
+
+  /// The highest peak from one moment to another, in seconds; what lies outside counts as its end.
+  int loudestBetween(double fromSeconds, double toSeconds) const;
 };
 
 /// Reads the sound file at `path` (UTF-8) block by block; empty if it cannot be read. Callable from

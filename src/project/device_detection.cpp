@@ -59,20 +59,14 @@ Folders foldersOf(const std::vector<Told>& all) {
   return folders;
 }
 
-/// "cam1", "cam2" name devices where they lie side by side; "clip 1", "clip 2" count on.
-bool countsOn(const Told& one) {
-  if (one.name.counted) return true;
-  const std::string& series = one.name.series;
-  return series.ends_with('#') && series.size() > 1 && !soundsLikeDevice(series);
-}
-
 DeviceKey keyOf(const Told& one, const Folders& folders) {
   const FolderFiles& folder = folders.at({one.folder, one.picture});
   const bool allAlike = folder.models.size() == 1;  // also if none is known
   if (!one.model.empty() && !allAlike) return {one.folder, one.picture, "model " + one.model, 0};
   if (!one.model.empty()) return {one.folder, one.picture, "", 0};
   if (allAlike && soundsLikeDevice(lastPart(one.folder))) return {one.folder, one.picture, "", 0};
-  if (countsOn(one)) return {one.folder, one.picture, "series " + one.name.series, 0};
+  // "cam1" and "cam2", "take 1" and "take 2" may be devices side by side
+  if (one.name.counted) return {one.folder, one.picture, "series " + one.name.series, 0};
   if (!one.name.track.empty()) return {one.folder, one.picture, "take " + one.name.take, 0};
   return {one.folder, one.picture, "", one.file + 1};
 }

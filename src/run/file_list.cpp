@@ -37,14 +37,6 @@ double lengthSeconds(const std::string& sound) {
   return static_cast<double>(analysis::soundLength(sound)) / analysis::kSampleRate;
 }
 
-bool isKnownSound(std::string_view source) {
-  const std::size_t dot = source.rfind('.');
-  if (dot == source.npos) return false;
-  std::string ending(source.substr(dot));
-  std::ranges::transform(ending, ending.begin(), [](unsigned char c) { return std::tolower(c); });
-  return std::ranges::find(kSoundEndings, ending) != kSoundEndings.end();
-}
-
 fs::path identityOf(const std::string& file) {
   std::error_code error;
   const fs::path place = fs::canonical(report::fromUtf8(file), error);
@@ -52,6 +44,14 @@ fs::path identityOf(const std::string& file) {
 }
 
 }  // namespace
+
+bool isKnownSound(std::string_view source) {
+  const std::size_t dot = source.rfind('.');
+  if (dot == source.npos) return false;
+  std::string ending(source.substr(dot));
+  std::ranges::transform(ending, ending.begin(), [](unsigned char c) { return std::tolower(c); });
+  return std::ranges::find(kSoundEndings, ending) != kSoundEndings.end();
+}
 
 bool Entry::isFile() const { return !isPlaceholder(listed); }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "report/outcome.h"
@@ -22,6 +23,10 @@ void markUnconverted(std::vector<Entry>& entries);
 
 /// Marks every probed entry whose converted sound is much shorter than the medium says.
 void markCutShort(std::vector<Entry>& entries);
+
+/// Whether a file of this name is taken for a sound. Of those without a picture, a run refuses all
+/// others.
+bool isKnownSound(std::string_view source);
 
 /// Whether an entry that has been asked for its frame rate is of no use: neither picture nor a
 /// known sound type, or no converted file. Pure.

@@ -10,9 +10,10 @@
 #include <QTest>
 #include <QTimer>
 
+#include "app/files/bin_model.h"
 #include "app/files/media_collector.h"
-#include "app/files/recording_model.h"
 #include "app/qml_file.h"
+#include "app/workspace.h"
 #include "tests/app/qt_printing.h"
 
 namespace {
@@ -103,86 +104,130 @@ app::MediaFacts fakeFacts(const QString& path) {
   return {path.endsWith(".wav"), 0, 0, 0, 3600};
 }
 
-class Recordings : public FileList {
+/// The bins over the workspace, whose list is the bridge's.
+class BinsTest : public FileList {
  protected:
-  Recordings() : recordings_(fakeFacts, nullptr) {
-    entries_ << "/x/a.wav" << app::kGroupBegin << "/x/b.mov"
-             << "/x/c.txt" << app::kGroupEnd << "/y/d.mov";
-  }
+  BinsTest() : bins_(fakeFacts, nullptr) {}
   void SetUp() override {
     FileList::SetUp();
-    for (const QString& entry : entries_) fileModel.addEntry(entry);
-    recordings_.setSourceModel(&fileModel);
+    app::workspace().clear();
+    app::workspace().addFiles({"/x/Cam 1/a.mov", "/x/Cam 1/b.mov", "/x/Cam 2/c.mov", "/x/z.wav"},
+                              false);
   }
-  QString text(int row, int role) {
-    return recordings_.data(recordings_.index(row, 0), role).toString();
+  void TearDown() override {
+    app::workspace().clear();
+    FileList::TearDown();
+  }
+  QVariant at(int row, int role) { return bins_.data(bins_.index(row, 0), role); }
+  /// "Cam 1: a.mov b.mov | x: z.wav"
+  QString text() {
+    QString all;
+    for (int row = 0; row < bins_.rowCount(); ++row) {
+      const bool device = at(row, app::BinModel::IsDeviceRole).toBool();
+      all += (device && row > 0 ? " | "
+              : device          ? ""
+                                : " ") +
+             at(row, app::BinModel::NameRole).toString() + (device ? ":" : "");
+    }
+    return all;
   }
 
-  QStringList entries_;
-  app::RecordingModel recordings_;
+  app::BinModel bins_;
 };
 
-TEST_F(Recordings, MarkersBecomeTheEdgesOfABlock) {
-  EXPECT_EQ(recordings_.recordings(), 4);
-  EXPECT_EQ(recordings_.devices(), 3);
-  EXPECT_EQ(text(1, app::RecordingModel::GroupSizeRole), "2");
-  for (int row = 0; row < 6; ++row) {
-    EXPECT_EQ(text(row, app::RecordingModel::InGroupRole), row >= 1 && row <= 4 ? "true" : "false");
-  }
+TEST_F(BinsTest, FoldersBecomeDevicesAndTheListBelowHasTheirMarkers) {
+  EXPECT_EQ(text(), "Cam 1: a.mov b.mov | Cam 2: c.mov | x: z.wav");
+  EXPECT_EQ(fileModel.entries(), QStringList({app::kGroupBegin, "/x/Cam 1/a.mov", "/x/Cam 1/b.mov",
+                                              app::kGroupEnd, "/x/Cam 2/c.mov", "/x/z.wav"}));
+  app::workspace().addFiles({"/x/Cam 1/b.mov", "/x/Cam 1/d.mov"}, false);
+  EXPECT_EQ(text(), "Cam 1: a.mov b.mov d.mov | Cam 2: c.mov | x: z.wav")
+      << "a card that was forgotten";
 }
 
-TEST_F(Recordings, FactsFollowAndTheFirstVideoIsFound) {
-  ASSERT_TRUE(QTest::qWaitFor([&] { return recordings_.firstFrameRate() > 0; }));
-  EXPECT_EQ(recordings_.firstFrameSize(), QSize(1920, 1080));
-  ASSERT_TRUE(QTest::qWaitFor([&] { return !text(5, app::RecordingModel::LengthRole).isEmpty(); }));
-  text(3, app::RecordingModel::KindRole);
-  EXPECT_EQ(text(0, app::RecordingModel::KindRole), "Sound");
-  EXPECT_EQ(text(0, app::RecordingModel::LengthRole), "1:00:00");
-  EXPECT_EQ(text(2, app::RecordingModel::KindRole), QString::fromUtf8("Picture · 25 fps"));
-  EXPECT_EQ(text(1, app::RecordingModel::KindRole), "");
-  ASSERT_TRUE(
-      QTest::qWaitFor([&] { return text(3, app::RecordingModel::ReadableRole) == "false"; }));
+TEST_F(BinsTest, WhatTheBridgeAddsIsShown) {
+  for (const QString& line :
+       {app::kGroupBegin, QString("/y/p.mov"), QString("/y/q.mov"), app::kGroupEnd})
+    fileModel.addEntry(line);
+  ASSERT_TRUE(QTest::qWaitFor([&] { return bins_.devices() == 4; }));
+  EXPECT_TRUE(text().endsWith("p.mov q.mov")) << text().toStdString();
+  bridge_.clearall();
+  ASSERT_TRUE(QTest::qWaitFor([&] { return bins_.rowCount() == 0; }));
+  app::workspace().undo();
+  EXPECT_EQ(bins_.recordings(), 6) << "clearing can be undone";
+  EXPECT_EQ(fileModel.rowCount(), 10);
 }
 
-TEST_F(Recordings, RemovingAGroupsEdgeRemovesTheGroup) {
-  recordings_.remove(2);
-  EXPECT_EQ(fileModel.rowCount(), 5);
-  recordings_.remove(1);
-  EXPECT_EQ(fileModel.entries(), QStringList({"/x/a.wav", "/y/d.mov"}));
-  EXPECT_EQ(recordings_.devices(), 2);
-  recordings_.remove(7);
-  EXPECT_EQ(fileModel.rowCount(), 2);
+TEST_F(BinsTest, DevicesAreRenamedJoinedSplitAndUndone) {
+  bins_.rename(0, "  Anna  ");
+  EXPECT_TRUE(text().startsWith("Anna: a.mov"));
+  bins_.select(0, false, false);
+  bins_.select(3, true, false);
+  EXPECT_EQ(bins_.selectedDevices(), 2);
+  bins_.join();
+  EXPECT_EQ(text(), "Anna: a.mov b.mov c.mov | x: z.wav");
+  bins_.select(2, false, false);
+  bins_.select(3, false, true);
+  EXPECT_EQ(bins_.selectedRecordings(), 2);
+  bins_.split();
+  EXPECT_EQ(text(), "Anna: a.mov | b: b.mov c.mov | x: z.wav");
+  bins_.select(1, false, false);
+  bins_.moveTo(5);
+  EXPECT_EQ(text(), "b: b.mov c.mov | x: z.wav a.mov") << "an empty device goes";
+  for (int i = 0; i < 4; ++i) app::workspace().undo();
+  EXPECT_EQ(text(), "Cam 1: a.mov b.mov | Cam 2: c.mov | x: z.wav");
+  bins_.select(0, false, false);
+  bins_.remove();
+  EXPECT_EQ(fileModel.entries(), QStringList({"/x/Cam 2/c.mov", "/x/z.wav"}));
 }
 
-TEST_F(Recordings, AGroupWithoutAnEndGoesWithItsHeadingOnly) {
-  fileModel.addEntry(app::kGroupBegin);
-  fileModel.addEntry("/z/e.mov");
-  recordings_.remove(6);
-  EXPECT_EQ(fileModel.rowCount(), 7);
-  EXPECT_EQ(fileModel.entries().last(), "/z/e.mov");
+TEST_F(BinsTest, CollapsedDevicesHideTheirClips) {
+  bins_.toggleCollapsed(0);
+  EXPECT_EQ(text(), "Cam 1: | Cam 2: c.mov | x: z.wav");
+  EXPECT_EQ(bins_.recordings(), 4);
+  bins_.toggleCollapsed(0);
+  EXPECT_EQ(bins_.rowCount(), 7);
+}
+
+TEST_F(BinsTest, FactsFollowAndTheFirstVideoIsFound) {
+  ASSERT_TRUE(QTest::qWaitFor([&] { return bins_.firstFrameRate() > 0; }));
+  ASSERT_TRUE(QTest::qWaitFor([&] { return at(6, app::BinModel::LengthRole) == "1:00:00"; }));
+  EXPECT_EQ(at(6, app::BinModel::KindRole), "Sound");
+  EXPECT_EQ(at(1, app::BinModel::KindRole), QString::fromUtf8("Picture · 25 fps"));
+  EXPECT_EQ(at(0, app::BinModel::LengthRole), "0:02:02") << "a device's clips together";
+}
+
+TEST_F(FileList, TracksOfARecorderAreOneRecording) {
+  app::workspace().addFiles({"/r/ZOOM0001_Tr1.WAV", "/r/ZOOM0001_LR.WAV"}, false);
+  app::BinModel bins(fakeFacts, nullptr);
+  EXPECT_EQ(bins.recordings(), 1);
+  EXPECT_EQ(fileModel.entries(), QStringList({"/r/ZOOM0001_LR.WAV"})) << "the mix is listened to";
+  app::workspace().clear();
 }
 
 TEST_F(FileList, DroppedFoldersGiveTheirMediaFilesInOrder) {
   const QDir folder(folder_.path());
-  for (const char* name : {"cam/clip10.MOV", "cam/clip2.mov", "cam/notes.txt", "z.wav",
+  for (const char* name : {"cam/clip10.MOV", "cam/clip2.mov", "cam/plan.pdf", "z.wav", "y.wma",
                            "z.wav_temporary_file_to_be_deleted.wav"}) {
     makeFile(folder, name);
   }
   for (int i = 0; i < 3000; ++i) makeFile(folder, QString("junk/%1.xml").arg(i));
   app::MediaCollector collector;
-  int passedOver = -1;
+  QString notes;
   QObject::connect(&collector, &app::MediaCollector::finished,
-                   [&](int, int count) { passedOver = count; });
+                   [&](int, const QString& text) { notes = text; });
   collector.add({QUrl::fromLocalFile(folder.path()), QUrl::fromLocalFile(folder.filePath("z.wav")),
                  QUrl("http://example.org/a.mov")},
                 true);
   EXPECT_TRUE(collector.busy());
-  ASSERT_TRUE(QTest::qWaitFor([&] { return passedOver >= 0; }, 20000));
-  EXPECT_EQ(passedOver, 3002);
+  ASSERT_TRUE(QTest::qWaitFor([&] { return !notes.isEmpty(); }, 20000));
+  EXPECT_TRUE(notes.contains("plan.pdf")) << notes.toStdString();
+  EXPECT_FALSE(notes.contains("xml")) << "what cameras keep beside their clips is not worth a word";
+  EXPECT_TRUE(notes.contains("y.wma")) << "what a run refuses is said at once";
   EXPECT_EQ(fileModel.entries(),
             QStringList({app::kGroupBegin, folder.filePath("cam/clip2.mov"),
-                         folder.filePath("cam/clip10.MOV"), folder.filePath("z.wav"),
+                         folder.filePath("cam/clip10.MOV"), folder.filePath("y.wma"),
                          folder.filePath("z.wav"), app::kGroupEnd}));
+  app::workspace().clear();
 }
 
 }  // namespace

@@ -5,9 +5,13 @@
 #include <QTest>
 #include <cmath>
 
+#include "app/clip_facts.h"
 #include "app/clock_text.h"
 #include "app/result_model.h"
+#include "app/run_forecast.h"
 #include "app/waveform.h"
+#include "app/window_place.h"
+#include "project/edit.h"
 #include "tests/app/qt_printing.h"
 
 namespace {
@@ -35,82 +39,140 @@ TEST(Waveform, FollowsLoudnessRelativeToTheLoudest) {
   EXPECT_TRUE(app::readWaveform("/nonexistent.wav").peaks.isEmpty());
 }
 
-run::Member member(const std::string& path, int device, double offset, double seconds) {
-  run::Member m;
-  m.path = path;
-  m.device = device;
-  m.offsetSeconds = offset;
-  m.durationSeconds = seconds;
-  m.confidence = 0.98;
-  return m;
-}
-
-run::Outcome sampleOutcome() {
-  run::Outcome outcome;
-  outcome.groups = {{"Group 1",
-                     {member("/card 1/CamA_01.mov", 4, 0, 10), member("/b/zoom.wav", 2, 2.5, 100),
-                      member("/card 1/CamA_02.mov", 4, 12, 10)}}};
-  outcome.unsynced = {{"/c/alone.wav", "reason", "remedy"}};
-  outcome.ignored = {{"/c/broken.mp4", "why", "what to do"}};
-  outcome.outputs = {"/d/SYNCED/SYNCED_fcp--14-05-09--.XML", "/d/SYNCED/READ2SYNC.txt",
-                     "/d/SYNCED/VEGAS_SEQUENCES/group1.edl"};
-  return outcome;
-}
-
-TEST(Timeline, OneLanePerDevice) {
-  app::ResultModel result;
-  result.show(sampleOutcome());
-  app::TimelineModel* timeline = result.timeline(0);
-  ASSERT_NE(timeline, nullptr);
-  EXPECT_EQ(timeline->lanes(), QStringList({"card 1", "zoom"})) << "a folder of their own";
-  EXPECT_EQ(timeline->lengthSeconds(), 102.5);
-  const auto lane = [&](int row) {
-    return timeline->data(timeline->index(row), app::TimelineModel::LaneRole).toInt();
+/// Two cameras and a recorder of which one clip could not be placed and one file not be used.
+project::Project sampleProject() {
+  project::Project project;
+  project.devices = {{1, "Anna"}, {2, "Zoom", project::DeviceKind::recorder}};
+  project::Id id = 10;
+  const auto add = [&](int device, const char* path, double seconds) {
+    project::Recording recording;
+    recording.id = id++;
+    recording.files.emplace_back().path = path;
+    recording.lengthSeconds = seconds;
+    project.devices[static_cast<std::size_t>(device)].recordings.push_back(recording);
   };
-  EXPECT_EQ(lane(0), 0);
-  EXPECT_EQ(lane(1), 1);
-  EXPECT_EQ(lane(2), 0);
-  const QString detail =
-      timeline->data(timeline->index(1), app::TimelineModel::DetailRole).toString();
-  for (const char* part : {"/b/zoom.wav", "0:00:02.500", "0:01:40.000", "98 %"}) {
-    EXPECT_TRUE(detail.contains(part)) << part;
+  add(0, "/card 1/CamA_01.mov", 10);
+  add(0, "/card 1/CamA_02.mov", 10);
+  add(1, "/b/zoom.wav", 100);
+  add(1, "/c/alone.wav", 5);
+  add(1, "/c/broken.wav", 0);
+  project.devices[1].recordings[1].leftOut = project::Reason{"heard nothing", "remedy"};
+  project.devices[1].recordings[2].usable = false;
+  project::Group group{5, "Group 1", {}};
+  for (const auto& [recording, start] : {std::pair{10, 7.0}, {12, 9.5}, {11, 19.0}}) {
+    project::Clip clip;
+    clip.recording = recording;
+    clip.startSeconds = start;
+    clip.confidence = 0.99;
+    clip.errorSeconds = 0.0004;
+    clip.driftPpm = -0.01;
+    group.clips.push_back(clip);
   }
+  group.clips[1].confidence = 0.5;
+  group.clips[1].matchedWith = {10, 11};
+  project.groups = {group};
+  project.written.files = {"/d/SYNCED_fcp--14-05-09--.XML", "/d/UNSYNCED_fcp--14-05-09--.XML",
+                           "/d/READ2SYNC.txt", "/d/VEGAS_SEQUENCES/group1.edl",
+                           "/d/VEGAS_SEQUENCES/group2.edl"};
+  return project;
 }
 
-TEST(Timeline, LanesOfOneFolderAreKnownByTheirNames) {
-  run::Outcome outcome = sampleOutcome();
-  outcome.groups[0].members = {member("/a/CamA_01.mov", 1, 0, 1), member("/a/CamA_02.mov", 1, 2, 1),
-                               member("/a/1.mov", 2, 0, 1), member("/a/2.mov", 2, 2, 1)};
+TEST(Timeline, OneLanePerDeviceFromTheEarliestClipOn) {
   app::ResultModel result;
-  result.show(outcome);
-  EXPECT_EQ(result.timeline(0)->lanes(), QStringList({"CamA", "Device 2"}));
+  result.show(sampleProject(), {});
+  const app::TimelineModel* timeline = result.timeline(0);
+  ASSERT_NE(timeline, nullptr);
+  EXPECT_EQ(timeline->lanes(), QStringList({"Anna", "Zoom"}));
+  EXPECT_EQ(timeline->lengthSeconds(), 102.5);
+  EXPECT_EQ(timeline->clips()[1].start, 2.5);
+  EXPECT_EQ(timeline->clips()[1].lane, 1);
+  EXPECT_EQ(timeline->nextUnsure(-1), 1);
+  EXPECT_EQ(timeline->nextUnsure(1), 1) << "from the first one again";
+  EXPECT_EQ(timeline->overlap(0, 1), QList<double>({2.5, 10}));
+}
+
+TEST(Timeline, StaysTheSameObjectWhenTheProjectChanges) {
+  app::ResultModel result;
+  result.show(sampleProject(), {});
+  app::TimelineModel* timeline = result.timeline(0);
+  const std::vector<project::Id> zoom = {12};
+  result.show(project::moveClips(sampleProject(), zoom, 0.001), {});
+  EXPECT_EQ(result.timeline(0), timeline);
+  EXPECT_NEAR(timeline->clips()[1].start, 2.501, 1e-9);
+  EXPECT_EQ(timeline->clips()[1].state, project::State::byHand);
+  result.show({}, {});
+  EXPECT_EQ(result.timeline(0), nullptr);
 }
 
 TEST(Timeline, WaveformsArriveInTheBackground) {
   const QTemporaryDir folder;
-  run::Outcome outcome = sampleOutcome();
-  outcome.groups[0].members[1].soundPath = writeSound(folder);
   app::ResultModel result;
-  result.show(outcome);
-  const auto waveform = [&] {
-    const app::TimelineModel* timeline = result.timeline(0);
-    return timeline->data(timeline->index(1), app::TimelineModel::WaveformRole)
-        .value<app::Waveform>();
-  };
-  EXPECT_TRUE(QTest::qWaitFor([&] { return waveform().peaks.size() == 200; }));
-  result.show({});  // while others may still be read
-  EXPECT_EQ(result.timeline(0), nullptr);
+  result.show(sampleProject(), {{"/b/zoom.wav", writeSound(folder)}});
+  EXPECT_TRUE(QTest::qWaitFor([&] { return result.timeline(0)->waveform(1).peaks.size() == 200; }));
+  EXPECT_EQ(result.timeline(0)->waveform(1).loudestBetween(0, 400), 255);
 }
 
 TEST(Result, SaysWhatWasLeftOutAndWritten) {
   app::ResultModel result;
-  result.show(sampleOutcome());
-  EXPECT_EQ(result.summary(), "3 of 5 recordings synchronised in one group");
+  result.show(sampleProject(), {});
+  EXPECT_EQ(result.summary(),
+            QString::fromUtf8("3 of 5 recordings synchronised in one group · 1 to look at"));
   EXPECT_EQ(result.leftOutCount(), 2);
-  EXPECT_EQ(result.documents()->rowCount(), 2) << "the texts of a run are no timelines";
-  result.show({});
-  EXPECT_EQ(result.summary(), "No two recordings matched.");
-  EXPECT_EQ(result.documents()->rowCount(), 0);
+  ASSERT_EQ(result.documents()->rowCount(), 2) << "a card for each program, none for the texts";
+  const auto field = [&](int row, int role) {
+    return result.documents()->data(result.documents()->index(row), Qt::UserRole + 1 + role);
+  };
+  EXPECT_EQ(field(0, 0), "Final Cut Pro 7");
+  EXPECT_EQ(field(1, 1), 2);
+}
+
+TEST(Result, EndsInFiveWays) {
+  using app::EndState;
+  project::Project project = sampleProject();
+  EXPECT_EQ(EndState::of(project), EndState::Partly);
+  project.devices[1].recordings.resize(1);
+  EXPECT_EQ(EndState::of(project), EndState::Success);
+  project.written.files = {"/d/READ2SYNC.txt"};
+  EXPECT_EQ(EndState::of(project), EndState::NothingWritten);
+  project.groups.clear();
+  EXPECT_EQ(EndState::of(project), EndState::NothingMatched);
+  for (project::Device& device : project.devices)
+    for (project::Recording& recording : device.recordings) recording.usable = false;
+  EXPECT_EQ(EndState::of(project), EndState::Failed);
+}
+
+TEST(Facts, NumbersAreForPeople) {
+  const QVariantMap facts = app::clipFacts(sampleProject(), 12);
+  EXPECT_EQ(facts["place"], "0:00:02.500");
+  EXPECT_EQ(facts["exact"], QString::fromUtf8("± 0.4 ms"));
+  EXPECT_EQ(facts["drift"], "0.0 ppm") << "not -0.0";
+  EXPECT_EQ(facts["confidence"], "50 %");
+  EXPECT_EQ(facts["matched"], "CamA_01.mov, CamA_02.mov");
+  EXPECT_TRUE(app::clipFacts(sampleProject(), 99).isEmpty());
+  EXPECT_EQ(app::plainNumber(0.9900000095367432, 2), "0.99");
+}
+
+TEST(Forecast, FollowsTheSecondsOfMedia) {
+  app::RunForecast forecast({{"/long.mov", 3600}, {"/short.mov", 60}});
+  EXPECT_FALSE(forecast.left(std::chrono::seconds(1)));
+  forecast.report(run::Stage::convert, "/short.mov", 1, 2);
+  const double afterShort = forecast.fraction();
+  EXPECT_LT(afterShort, 0.05) << "one file of two, but a minute of 61";
+  forecast.report(run::Stage::convert, "/long.mov", 2, 2);
+  EXPECT_GT(forecast.fraction(), 0.5);
+  const double before = forecast.fraction();
+  forecast.report(run::Stage::probe, "", 0, 0);
+  EXPECT_GE(forecast.fraction(), before) << "it never falls";
+  EXPECT_GT(forecast.left(std::chrono::seconds(60))->count(), 0);
+  forecast.report(run::Stage::write, "", 5, 5);
+  EXPECT_NEAR(forecast.fraction(), 1, 0.02);
+}
+
+TEST(WindowPlace, AlwaysWithinTheScreen) {
+  const QRect screen(0, 30, 960, 500);  // 1080 lines at 200 %
+  EXPECT_TRUE(screen.contains(app::placeWithin(screen, {}, {1280, 800})));
+  EXPECT_TRUE(screen.contains(app::placeWithin(screen, {-500, 4000, 800, 400}, {1280, 800})));
+  EXPECT_EQ(app::placeWithin(screen, {10, 40, 800, 400}, {1280, 800}), QRect(10, 40, 800, 400));
 }
 
 TEST(Clock, TextAndRulerSteps) {

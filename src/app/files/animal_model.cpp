@@ -24,11 +24,10 @@ void AnimalModel::addEntry(const QString& entry) {
   endInsertRows();
 }
 
-void AnimalModel::removeEntries(int first, int count) {
-  if (first < 0 || count <= 0 || first + count > entries_.size()) return;
-  beginRemoveRows(QModelIndex(), first, first + count - 1);
-  entries_.remove(first, count);
-  endRemoveRows();
+void AnimalModel::replaceEntries(const QStringList& entries) {
+  beginResetModel();
+  entries_ = entries;
+  endResetModel();
 }
 
 QStringList AnimalModel::entries() const { return entries_; }

@@ -22,8 +22,7 @@ class AnimalModel final : public QAbstractListModel {
   QHash<int, QByteArray> roleNames() const override;
 
   void addEntry(const QString& entry);
-  /// Takes out `count` rows from row `first` on; rows outside of the list are ignored.
-  void removeEntries(int first, int count);
+  void replaceEntries(const QStringList& entries);
   QStringList entries() const;
   void clear();
 

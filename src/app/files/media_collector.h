@@ -11,12 +11,13 @@
 namespace app {
 
 /// The media files among `paths`: files as they are named, folders with all that is in them, in the
-/// order of the folders' names. Counts what it passes over in `passedOver`. Stops early when
+/// order of the folders' names. Lists what it passes over in `passedOver`. Stops early when
 /// `stop` is set. Callable from any thread.
-QStringList mediaFilesIn(const QStringList& paths, int& passedOver, const std::atomic<bool>& stop);
+QStringList mediaFilesIn(const QStringList& paths, QStringList& passedOver,
+                         const std::atomic<bool>& stop);
 
-/// Adds what is dropped on the window to the file list. Folders are searched in the background, so
-/// that one with many thousands of files does not hold up the window.
+/// Adds what is dropped on the window to the workspace's project. Folders are searched in the
+/// background, so that one with many thousands of files does not hold up the window.
 class MediaCollector : public QObject {
   Q_OBJECT
   QML_ELEMENT
@@ -27,16 +28,18 @@ class MediaCollector : public QObject {
   ~MediaCollector() override;
 
   bool busy() const { return searches_ > 0; }
-  /// Adds the media files among `urls`; files of one device are put between the marker lines.
+  /// Opens the first project among `urls`; without one, adds the media files among them;
+  /// `oneDevice`: all of them are of one.
   Q_INVOKABLE void add(const QList<QUrl>& urls, bool oneDevice);
 
  Q_SIGNALS:
   void busyChanged();
-  /// A search has ended: `added` files are on the list now, `passedOver` were no media files.
-  void finished(int added, int passedOver);
+  /// A search has ended: `added` files were found; `notes` says in words which others were no
+  /// recordings, and which of them a run will refuse. It is mostly empty.
+  void finished(int added, const QString& notes);
 
  private:
-  void take(const QStringList& files, int passedOver, bool oneDevice);
+  void take(const QStringList& files, const QStringList& passedOver, bool oneDevice);
 
   std::atomic<bool> stop_ = false;
   int searches_ = 0;
