@@ -86,12 +86,17 @@ class MltWriter {
         .attribute("colorspace", 709);
   }
 
-  /// One part of a file alone; the other is on a track of its own.
+  /// One part of a file alone; the other is on a track of its own. Without a length of its own it
+  /// would be taken to be one frame long, and silent.
   Element producer(const Item& item, Kind kind) const {
     const Media& media = mediaOf(item);
     Element result("producer");
+    const std::int64_t length = std::max<std::int64_t>(1, wholeUnits(lengthSeconds(media), rate_));
     result.attribute("id", producerId(item, kind))
-        .add(property("resource", media.path), property("mlt_service", "avformat-novalidate"),
+        .attribute("in", 0)
+        .attribute("out", length - 1)
+        .add(property("length", std::to_string(length)), property("resource", media.path),
+             property("mlt_service", "avformat-novalidate"),
              property("kestrel:name", fileName(media.path)));
     if (kind == Kind::video) return result.add(property("audio_index", "-1"));
     result.add(property("video_index", "-1"));
