@@ -5,6 +5,7 @@
 #include <fstream>
 #include <set>
 
+#include "cli/text_list.h"
 #include "report/disk.h"
 #include "report/files.h"
 #include "report/text.h"
@@ -51,27 +52,15 @@ void addDevice(const Strings& named, Inputs& inputs) {
   inputs.entries.emplace_back(run::kEndMarker);
 }
 
-/// The lines of a text, without line ends of any system, a byte order mark and empty lines.
-Strings linesOf(std::istream& text) {
-  Strings lines;
-  for (std::string line; std::getline(text, line);) {
-    if (lines.empty() && line.starts_with("\xef\xbb\xbf")) line.erase(0, 3);
-    if (line.ends_with('\r')) line.pop_back();
-    if (!line.empty()) lines.push_back(line);
-  }
-  return lines;
-}
-
 void addList(const std::string& list, Inputs& inputs) {
   const fs::path path = report::fromUtf8(list);
-  std::ifstream file(path, std::ios::binary);
-  const Strings lines = linesOf(file);
-  if (!file.eof()) {
-    inputs.error = "--list: '" + report::printable(list) +
-                   "' cannot be read; give a text file with one entry a line";
+  const TextList read = readList(list);
+  if (!read.error.empty()) {
+    inputs.error = "--list: '" + report::printable(list) + "' " + read.error +
+                   "; give a text file with one entry a line";
     return;
   }
-  for (const std::string& line : lines) {
+  for (const std::string& line : read.lines) {
     if (run::isMarker(line)) {
       inputs.entries.push_back(line);
     } else {
