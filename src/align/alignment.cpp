@@ -89,7 +89,8 @@ Alignment mirrored(Alignment a) {
 
 bool sameOffset(const Alignment& a, const Alignment& b) {
   return std::abs(a.offsetSeconds - b.offsetSeconds) <
-         offsetTolerance(std::max(a.overlapSeconds, b.overlapSeconds));
+         offsetTolerance(std::max(a.overlapSeconds, b.overlapSeconds)) +
+             std::max(a.errorSeconds, b.errorSeconds);
 }
 
 double weightOf(const Alignment& a) {
