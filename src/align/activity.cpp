@@ -6,7 +6,7 @@
 namespace align {
 namespace {
 
-constexpr Eigen::Index kStep = 8;  // frames; what is lively is so for a second at least
+constexpr Eigen::Index kStep = 8;  // frames; what is active is so for a second at least
 
 Eigen::Index framesIn(const std::vector<FrameRange>& ranges) {
   Eigen::Index frames = 0;
@@ -16,12 +16,12 @@ Eigen::Index framesIn(const std::vector<FrameRange>& ranges) {
 
 }  // namespace
 
-std::vector<FrameRange> livelyRanges(const Texture& a, const Texture& b, Eigen::Index lag) {
+std::vector<FrameRange> activeRanges(const Envelope& a, const Envelope& b, Eigen::Index lag) {
   std::vector<FrameRange> ranges;
   const Eigen::Index end = std::min(a.cols(), lag + b.cols());
   for (Eigen::Index from = std::max<Eigen::Index>(0, lag); from < end; from += kStep) {
     const Eigen::Index to = std::min(end, from + kStep);
-    if (!isLively(a, from, to - from) || !isLively(b, from - lag, to - from)) continue;
+    if (!isActive(a, from, to - from) || !isActive(b, from - lag, to - from)) continue;
     if (!ranges.empty() && ranges.back().to == from)
       ranges.back().to = to;
     else
@@ -43,11 +43,11 @@ std::vector<FrameRange> middleOf(std::vector<FrameRange> ranges, Eigen::Index mo
   return ranges;
 }
 
-std::vector<Stretch> livelyStretches(const Texture& a, const Texture& b, double offsetSeconds) {
+std::vector<Stretch> activeStretches(const Envelope& a, const Envelope& b, double offsetSeconds) {
   std::vector<Stretch> stretches;
-  const auto lag = static_cast<Eigen::Index>(std::lround(offsetSeconds * kTextureRate));
-  for (const FrameRange& range : livelyRanges(a, b, lag))
-    stretches.push_back({double(range.from) / kTextureRate, double(range.to) / kTextureRate});
+  const auto lag = static_cast<Eigen::Index>(std::lround(offsetSeconds * kEnvelopeRate));
+  for (const FrameRange& range : activeRanges(a, b, lag))
+    stretches.push_back({double(range.from) / kEnvelopeRate, double(range.to) / kEnvelopeRate});
   return stretches;
 }
 

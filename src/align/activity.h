@@ -6,14 +6,14 @@
 
 namespace align {
 
-/// Frames [from, to) of a texture.
+/// Frames [from, to) of a envelope.
 struct FrameRange {
   Eigen::Index from, to;
 };
 
 /// Where two recordings both hear more than steady noise, on a's frames, if b starts `lag` frames
 /// after a. In steps of a quarter of a second; ranges that touch are one. Pure.
-std::vector<FrameRange> livelyRanges(const Texture& a, const Texture& b, Eigen::Index lag);
+std::vector<FrameRange> activeRanges(const Envelope& a, const Envelope& b, Eigen::Index lag);
 
 /// The same in ranges that together have at most `most` frames, from around their middle.
 std::vector<FrameRange> middleOf(std::vector<FrameRange> ranges, Eigen::Index most);
@@ -23,7 +23,7 @@ struct Stretch {
   double from, to;
 };
 
-/// The lively ranges where b starts `offsetSeconds` after a, as times.
-std::vector<Stretch> livelyStretches(const Texture& a, const Texture& b, double offsetSeconds);
+/// The active ranges where b starts `offsetSeconds` after a, as times.
+std::vector<Stretch> activeStretches(const Envelope& a, const Envelope& b, double offsetSeconds);
 
 }  // namespace align

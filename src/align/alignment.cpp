@@ -45,7 +45,7 @@ void summarise(Alignment& alignment, const DelayLine& line,
     from = std::min(from, at);
     to = std::max(to, at);
   }
-  alignment.wanders = line.wanders;
+  alignment.varies = line.varies;
   alignment.evidence = line.evidence;
   alignment.windows = static_cast<int>(windows.size());
   alignment.support = static_cast<int>(heights.size());
@@ -64,7 +64,7 @@ void summarise(Alignment& a, const Evidence& evidence, std::size_t windows) {
   a.evidence = a.logOdds;
   a.distinct = 1.2;
   a.spreadSeconds = a.overlapSeconds;
-  a.wanders = false;
+  a.varies = false;
   a.confidence = 1 - std::exp(-std::max(0.0, a.logOdds - kBeyondChance / 2));
 }
 
@@ -73,7 +73,7 @@ bool believed(const Alignment& a) {
   if (a.support < 3 || a.spreadSeconds < 1.5) return false;
   const bool clear = (a.strength >= 15 && a.distinct >= 1.8) ||  // few such windows are enough
                      (a.strength >= 25 && a.support * 2 >= a.windows);  // echoes beside the peak
-  if (a.wanders) return clear && a.support >= 4 && a.support * 10 >= 3 * a.windows;
+  if (a.varies) return clear && a.support >= 4 && a.support * 10 >= 3 * a.windows;
   return clear || (a.support >= 4 && a.support * 10 >= 3 * a.windows && a.evidence >= 14 &&
                    a.strength >= 6.5 && a.distinct >= 1.2);
 }

@@ -31,7 +31,7 @@ struct Alignment {
   double spreadSeconds = 0;  // from the first supporting window to the last
   double confidence = 0;     // 0 to 1
   double logOdds = 0;        // of all windows together, see Evidence; 0 = the line said enough
-  bool wanders = false;      // a device was carried about: errorSeconds is how far the sound's way
+  bool varies = false;       // a device was carried about: errorSeconds is how far the sound's way
                              // moves it to either side
 };
 

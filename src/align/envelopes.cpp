@@ -12,34 +12,34 @@ constexpr double kRelated = 6;       // from here on the pair is related, perhap
 constexpr double kStrong = 4.0;      // what chance rarely gives at the best of many offsets
 constexpr double kOfTheBest = 0.4;   // offsets fainter than this share of the best are chance
 constexpr double kAlike = 0.5;       // of the best; what repeats is rarely fainter
-constexpr double kLeastOverlap = 4;  // seconds; two textures resemble each other in less anywhere
+constexpr double kLeastOverlap = 4;  // seconds; two envelopes resemble each other in less anywhere
 constexpr double kOfTheShorter = 0.75;
 
-double leastOverlap(const Texture& a, const Texture& b) {
+double leastOverlap(const Envelope& a, const Envelope& b) {
   return std::min(kLeastOverlap,
-                  kOfTheShorter * double(std::min(a.cols(), b.cols())) / kTextureRate);
+                  kOfTheShorter * double(std::min(a.cols(), b.cols())) / kEnvelopeRate);
 }
 
 }  // namespace
 
-Textures::Textures(std::span<const Recording> recordings, const SoundReader& sound)
+Envelopes::Envelopes(std::span<const Recording> recordings, const SoundReader& sound)
     : recordings_(recordings), sound_(sound) {}
 
-void Textures::prepare(std::span<const int> files) {
+void Envelopes::prepare(std::span<const int> files) {
   std::vector<int> wanted;
   for (const int file : files)
-    if (!textures_.contains(file) && std::ranges::find(wanted, file) == wanted.end())
+    if (!envelopes_.contains(file) && std::ranges::find(wanted, file) == wanted.end())
       wanted.push_back(file);
-  std::vector<Texture> made(wanted.size());
+  std::vector<Envelope> made(wanted.size());
 #pragma omp parallel for schedule(dynamic)
   for (std::size_t i = 0; i < wanted.size(); ++i)
-    made[i] = textureOf(sound_(wanted[i], 0, recordings_[std::size_t(wanted[i])].samples));
-  for (std::size_t i = 0; i < wanted.size(); ++i) textures_[wanted[i]] = std::move(made[i]);
+    made[i] = envelopeOf(sound_(wanted[i], 0, recordings_[std::size_t(wanted[i])].samples));
+  for (std::size_t i = 0; i < wanted.size(); ++i) envelopes_[wanted[i]] = std::move(made[i]);
 }
 
-vote::Suspicion Textures::suspect(int first, int second) const {
-  vote::Suspicion s{first, second, {}, 0};
-  const Texture &a = textures_.at(first), &b = textures_.at(second);
+vote::PairCandidates Envelopes::candidates(int first, int second) const {
+  vote::PairCandidates s{first, second, {}, 0};
+  const Envelope &a = envelopes_.at(first), &b = envelopes_.at(second);
   for (const Resemblance& r : resemblances(a, b, kMoreOffsets, leastOverlap(a, b))) {
     if (std::ssize(s.offsets) >= (s.significance < kRelated ? kOffsets : kMoreOffsets)) break;
     if (r.strength < std::max(kStrong, kOfTheBest * s.significance)) break;
@@ -49,10 +49,11 @@ vote::Suspicion Textures::suspect(int first, int second) const {
   return s;
 }
 
-vote::Suspicion Textures::resembling(const vote::Suspicion& suspicion, double least) const {
-  const Texture &a = textures_.at(suspicion.first), &b = textures_.at(suspicion.second);
-  vote::Suspicion left{suspicion.first, suspicion.second, {}, 0};
-  for (const double offset : suspicion.offsets) {
+vote::PairCandidates Envelopes::resembling(const vote::PairCandidates& candidates,
+                                           double least) const {
+  const Envelope &a = envelopes_.at(candidates.first), &b = envelopes_.at(candidates.second);
+  vote::PairCandidates left{candidates.first, candidates.second, {}, 0};
+  for (const double offset : candidates.offsets) {
     const double resemblance = resemblanceAt(a, b, offset).value_or(least);
     if (resemblance < least) continue;
     left.offsets.push_back(offset);
@@ -61,14 +62,14 @@ vote::Suspicion Textures::resembling(const vote::Suspicion& suspicion, double le
   return left;
 }
 
-std::vector<Stretch> Textures::lively(int first, int second, double offsetSeconds) const {
-  return livelyStretches(textures_.at(first), textures_.at(second), offsetSeconds);
+std::vector<Stretch> Envelopes::active(int first, int second, double offsetSeconds) const {
+  return activeStretches(envelopes_.at(first), envelopes_.at(second), offsetSeconds);
 }
 
-std::vector<double> Textures::repetitions(int first, int second) const {
+std::vector<double> Envelopes::repetitions(int first, int second) const {
   std::vector<Resemblance> found;
   std::vector<double> offsets;
-  const Texture &a = textures_.at(first), &b = textures_.at(second);
+  const Envelope &a = envelopes_.at(first), &b = envelopes_.at(second);
   for (const Resemblance& r : resemblances(a, b, kRepetitions, leastOverlap(a, b)))
     if (r.strength >= kStrong) found.push_back(r);
   for (const Resemblance& r : found)

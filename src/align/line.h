@@ -21,7 +21,7 @@ struct DelayLine {
   double errorSamples = 0;     // standard error of delaySamples
   double slopeError = 0;       // standard error of slope; 0 = slope not measured
   std::vector<double> delays;  // per window: of the line there, or of its own
-  bool wanders = false;        // the delays are the windows' own
+  bool varies = false;         // the delays are the windows' own
 };
 
 /// The line with the most evidence. Windows far from any peak on it count nothing, so that pauses
@@ -31,7 +31,7 @@ DelayLine bestLine(std::span<const WindowCorrelation> windows);
 /// The windows' own delays where most of those that say something clearly, each for itself, are not
 /// on the `straight` line; else that line. Its delay is the middle between the least and the most,
 /// its error half of what lies between them.
-DelayLine wanderingOr(DelayLine straight, std::span<const WindowCorrelation> windows);
+DelayLine varyingOr(DelayLine straight, std::span<const WindowCorrelation> windows);
 
 /// Whether one of the two recordings seems to have the other sign, as through exchanged wires: the
 /// correlations reach clearly farther down than up.

@@ -12,7 +12,7 @@ namespace align {
 namespace {
 
 constexpr double kLeastOverlap = 1.5;     // seconds; below there is nothing to compare
-constexpr double kPause = 0.5;            // seconds without anything lively that do not matter
+constexpr double kPause = 0.5;            // seconds without anything active that do not matter
 constexpr double kReach = 0.1;            // seconds around the supposed offset
 constexpr double kReachPerSecond = 5e-5;  // drift may add this much for every second of overlap
 constexpr double kShortOverlap = 5, kLongOverlap = 240;  // seconds
@@ -51,46 +51,46 @@ bool mayStillConvince(const Alignment& a) { return a.evidence >= (a.windows > 8 
 
 bool worthMore(const Alignment& a) {
   if (!believed(a)) return mayStillConvince(a);
-  if (a.wanders) return a.windows < int(kMany);
+  if (a.varies) return a.windows < int(kMany);
   return !nearlyEverywhere(a) || (a.evidence < kPlenty && a.strength < kPastRepetition);
 }
 
 }  // namespace
 
 Listening::Listening(const Pair& pair, double offsetSeconds, const SoundReader& sound,
-                     std::vector<Stretch> lively, Windows windows)
+                     std::vector<Stretch> active, Windows windows)
     : pair_(pair),
       offset_(std::round(offsetSeconds * kSampleRate) / kSampleRate),
       sound_(&sound),
-      lively_(std::move(lively)) {
+      active_(std::move(active)) {
   const double first = double(pair.firstSamples) / kSampleRate;
   const double second = double(pair.secondSamples) / kSampleRate;
   from_ = std::max(0.0, offset_);
   to_ = std::max(from_, std::min(first, offset_ + second));
   keepToOverlap();
-  length_ = windows == Windows::many || livelySeconds() < kShortOverlap ? 8192 : 16384;
+  length_ = windows == Windows::many || activeSeconds() < kShortOverlap ? 8192 : 16384;
   const double reach = std::min(0.5, kReach + kReachPerSecond * overlap());
   maxLag_ = std::min(length_ / 4, static_cast<int>(reach * kSampleRate));
   if (overlap() >= kLeastOverlap) chooseWindows();
 }
 
-// Too little that is lively tells nothing, and pauses of half a second are none.
+// Too little that is active tells nothing, and pauses of half a second are none.
 void Listening::keepToOverlap() {
-  for (Stretch& stretch : lively_)
+  for (Stretch& stretch : active_)
     stretch = {std::clamp(stretch.from, from_, to_), std::clamp(stretch.to, from_, to_)};
-  if (livelySeconds() < kLeastOverlap || livelySeconds() > overlap() - kPause)
-    lively_ = {{from_, to_}};
+  if (activeSeconds() < kLeastOverlap || activeSeconds() > overlap() - kPause)
+    active_ = {{from_, to_}};
 }
 
-double Listening::livelySeconds() const {
+double Listening::activeSeconds() const {
   double seconds = 0;
-  for (const Stretch& stretch : lively_) seconds += stretch.to - stretch.from;
+  for (const Stretch& stretch : active_) seconds += stretch.to - stretch.from;
   return seconds;
 }
 
-// The time before which so many lively seconds have passed.
-double Listening::whereLively(double seconds) const {
-  for (const Stretch& stretch : lively_) {
+// The time before which so many active seconds have passed.
+double Listening::whereActive(double seconds) const {
+  for (const Stretch& stretch : active_) {
     const double length = stretch.to - stretch.from;
     if (seconds <= length) return stretch.from + seconds;
     seconds -= length;
@@ -98,14 +98,14 @@ double Listening::whereLively(double seconds) const {
   return to_;
 }
 
-// Evenly over what is lively; windows overlap each other by half at most.
+// Evenly over what is active; windows overlap each other by half at most.
 void Listening::chooseWindows() {
   const double seconds = double(length_) / kSampleRate;
-  const double room = std::max(0.0, livelySeconds() - 0.6 * seconds);
+  const double room = std::max(0.0, activeSeconds() - 0.6 * seconds);
   const auto count = std::min(kMost, 1 + static_cast<std::size_t>(2 * room / seconds));
   for (const std::size_t k : coarseFirst(count)) {
     const double share = count > 1 ? double(k) / double(count - 1) - 0.5 : 0;
-    middles_.push_back(whereLively(livelySeconds() / 2 + room * share));
+    middles_.push_back(whereActive(activeSeconds() / 2 + room * share));
   }
 }
 
@@ -126,7 +126,7 @@ const DelayLine& Listening::listenTo(std::size_t windows) {
     correlations_.push_back({middles_[i] - middle(), std::move(lags[i - known])});
     if (inverted_) turn(correlations_.back());
   }
-  line_ = wanderingOr(bestLine(correlations_), correlations_);
+  line_ = varyingOr(bestLine(correlations_), correlations_);
   turnIfInverted();
   return line_;
 }
@@ -138,7 +138,7 @@ void Listening::turnIfInverted() {
   if (inverted_ || !looksInverted(correlations_)) return;
   std::vector<WindowCorrelation> turned = correlations_;
   std::ranges::for_each(turned, turn);
-  const DelayLine line = wanderingOr(bestLine(turned), turned);
+  const DelayLine line = varyingOr(bestLine(turned), turned);
   if (heightOf(line) < kShare * heightOf(line_) + kMore) return;
   inverted_ = true;
   correlations_ = std::move(turned);
@@ -201,7 +201,7 @@ bool Listening::leavesReach() const {
 
 // Begins again at the offset that the line has, if there is more to hear from there.
 void Listening::comeNearer() {
-  Listening nearer(pair_, offset_ + line_.delaySamples / kSampleRate, *sound_, lively_);
+  Listening nearer(pair_, offset_ + line_.delaySamples / kSampleRate, *sound_, active_);
   nearer.listenTo(kSome);
   if (nearer.line_.evidence > line_.evidence) *this = std::move(nearer);
 }
@@ -209,7 +209,7 @@ void Listening::comeNearer() {
 Alignment Listening::exact() {
   if (overlap() > kLongOverlap)
     listenTo(kMany);
-  else if (const DelayLine& line = listenTo(kFew); line.wanders || !plain(line))
+  else if (const DelayLine& line = listenTo(kFew); line.varies || !plain(line))
     listenTo(kSome);
   for (const std::size_t more : {kMany, kMost})
     if (middles_.size() > correlations_.size() && worthMore(summary())) listenTo(more);
@@ -225,7 +225,7 @@ Alignment Listening::thorough() {
 
 // Only pairs with echoes nearly as loud as the direct sound need the look at their own echoes.
 DirectSound Listening::findDirect() const {
-  if (line_.wanders) return {};
+  if (line_.varies) return {};
   const auto peaks = responsePeaks(correlations_, line_);
   if (peaks.size() < 2) return {};
   const std::size_t count = std::min(kSome, middles_.size());

@@ -19,15 +19,15 @@ enum class Windows { few, many };  // long ones, each of which says something, o
 
 /// Compares the sound of two recordings in windows along the overlap that one supposed offset
 /// gives them, within a tenth of a second of it (more where drift may add up). One thread at a
-/// time; the reader must outlive it. The windows lie in the `lively` stretches (in order, on
+/// time; the reader must outlive it. The windows lie in the `active` stretches (in order, on
 /// first's clock), or anywhere if there are none or too few to tell anything.
 class Listening {
  public:
   Listening(const Pair& pair, double offsetSeconds, const SoundReader& sound,
-            std::vector<Stretch> lively = {}, Windows windows = Windows::few);
+            std::vector<Stretch> active = {}, Windows windows = Windows::few);
 
-  /// Whether the windows lie only where something is lively, not all over the overlap.
-  bool selective() const { return lively_.size() > 1 || livelySeconds() < overlap(); }
+  /// Whether the windows lie only where something is active, not all over the overlap.
+  bool selective() const { return active_.size() > 1 || activeSeconds() < overlap(); }
 
   /// A few windows, fewer still where they show nothing: enough to go on or to give up.
   Alignment glance();
@@ -47,8 +47,8 @@ class Listening {
   double overlap() const { return to_ - from_; }
   double middle() const { return (from_ + to_) / 2; }
   void keepToOverlap();
-  double livelySeconds() const;
-  double whereLively(double seconds) const;
+  double activeSeconds() const;
+  double whereActive(double seconds) const;
   void chooseWindows();
   const DelayLine& listenTo(std::size_t windows);
   void turnIfInverted();
@@ -62,7 +62,7 @@ class Listening {
   Pair pair_;
   double offset_, from_, to_;  // seconds; the overlap on first's clock
   const SoundReader* sound_;
-  std::vector<Stretch> lively_;                  // within the overlap
+  std::vector<Stretch> active_;                  // within the overlap
   int length_ = 0, maxLag_ = 0;                  // samples of a window; reach of its correlation
   std::vector<double> middles_;                  // of the windows, in the order of listening
   std::vector<WindowCorrelation> correlations_;  // of the first of them

@@ -23,19 +23,19 @@ bool plausible(const Alignment& a) { return a.support >= 2 && a.evidence >= 6; }
 /// The offsets of one pair that were listened to and may be right.
 class Examination {
  public:
-  Examination(const vote::Suspicion& s, std::span<const Recording> recordings,
-              const SoundReader& sound, const Textures& textures)
+  Examination(const vote::PairCandidates& s, std::span<const Recording> recordings,
+              const SoundReader& sound, const Envelopes& envelopes)
       : pair_{s.first, s.second, recordings[std::size_t(s.first)].samples,
               recordings[std::size_t(s.second)].samples},
         sound_(sound),
-        textures_(textures) {}
+        envelopes_(envelopes) {}
 
   void listenAt(std::span<const double> offsets) {
     for (const double offset : offsets) {
       if (std::ranges::any_of(tried_, [&](double t) { return std::abs(t - offset) < kApart; }))
         continue;
       tried_.push_back(offset);
-      if (!listenAt(offset, textures_.lively(pair_.first, pair_.second, offset)))
+      if (!listenAt(offset, envelopes_.active(pair_.first, pair_.second, offset)))
         (void)listenAt(offset, {});  // what is faint may lie below the noise
     }
     sort();
@@ -80,8 +80,8 @@ class Examination {
 
  private:
   // Whether there is nothing to gain from listening all over the overlap.
-  bool listenAt(double offset, std::vector<Stretch> lively) {
-    Listening listening(pair_, offset, sound_, std::move(lively));
+  bool listenAt(double offset, std::vector<Stretch> active) {
+    Listening listening(pair_, offset, sound_, std::move(active));
     const bool selective = listening.selective();
     const Alignment seen = listening.glance();
     if (plausible(seen)) plausibles_.push_back({std::move(listening), seen});
@@ -114,7 +114,7 @@ class Examination {
 
   Pair pair_;
   const SoundReader& sound_;
-  const Textures& textures_;
+  const Envelopes& envelopes_;
   std::vector<double> tried_;
   std::vector<Listened> plausibles_;
 };
@@ -127,22 +127,22 @@ Match mirrored(Match match) {
   return match;
 }
 
-std::optional<Match> examine(const vote::Suspicion& suspicion,
+std::optional<Match> examine(const vote::PairCandidates& candidates,
                              std::span<const Recording> recordings, const SoundReader& sound,
-                             const Textures& textures) {
-  Examination examination(suspicion, recordings, sound, textures);
-  examination.listenAt(textures.resembling(suspicion, kSomething).offsets);
+                             const Envelopes& envelopes) {
+  Examination examination(candidates, recordings, sound, envelopes);
+  examination.listenAt(envelopes.resembling(candidates, kSomething).offsets);
   if (examination.mayRepeat())
-    examination.listenAt(textures.repetitions(suspicion.first, suspicion.second));
+    examination.listenAt(envelopes.repetitions(candidates.first, candidates.second));
   if (examination.repeats()) examination.compareRivals();
   return examination.result();
 }
 
-std::optional<Match> examineFaintly(const vote::Suspicion& suspicion,
+std::optional<Match> examineFaintly(const vote::PairCandidates& candidates,
                                     std::span<const Recording> recordings, const SoundReader& sound,
-                                    const Textures& textures) {
-  Examination examination(suspicion, recordings, sound, textures);
-  examination.listenFaintly(suspicion.offsets);
+                                    const Envelopes& envelopes) {
+  Examination examination(candidates, recordings, sound, envelopes);
+  examination.listenFaintly(candidates.offsets);
   return examination.result();
 }
 

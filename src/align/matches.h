@@ -7,7 +7,7 @@
 #include "align/alignment.h"
 #include "align/envelopes.h"
 #include "align/recording.h"
-#include "vote/suspicion.h"
+#include "vote/pair_candidates.h"
 
 namespace align {
 
@@ -21,16 +21,16 @@ struct Match {
 Match mirrored(Match match);
 
 /// Listens at every supposed offset, where those turn out to be repetitions at all others that may
-/// be, and keeps the best that can be believed. Callable from any thread; the textures of both
+/// be, and keeps the best that can be believed. Callable from any thread; the envelopes of both
 /// files must be prepared.
-std::optional<Match> examine(const vote::Suspicion& suspicion,
+std::optional<Match> examine(const vote::PairCandidates& candidates,
                              std::span<const Recording> recordings, const SoundReader& sound,
-                             const Textures& textures);
+                             const Envelopes& envelopes);
 
 /// The same for a pair that examine() did not believe: all windows together, however little each
 /// says. Costs ten times as much where there is nothing to find.
-std::optional<Match> examineFaintly(const vote::Suspicion& suspicion,
+std::optional<Match> examineFaintly(const vote::PairCandidates& candidates,
                                     std::span<const Recording> recordings, const SoundReader& sound,
-                                    const Textures& textures);
+                                    const Envelopes& envelopes);
 
 }  // namespace align

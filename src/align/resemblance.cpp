@@ -19,9 +19,9 @@ Eigen::Index fastSize(Eigen::Index least) {
   return size / 4 * 3 >= least ? size / 4 * 3 : size;
 }
 
-constexpr int kFours = kTextureBands / 4;
+constexpr int kFours = kEnvelopeBands / 4;
 
-/// Memory of one correlation of two textures; every thread keeps its own for the next.
+/// Memory of one correlation of two envelopes; every thread keeps its own for the next.
 struct Work {
   Signals padded, lags;
   std::array<Spectra, kFours> shorter;
@@ -30,18 +30,18 @@ struct Work {
 
 // Spectra of the four bands from `band` on: of `size` frames from frame `first` on, of which
 // `count` at most are heard, with zeros past the ends.
-Spectra spectraOf(const Texture& texture, Eigen::Index band, Eigen::Index first, Eigen::Index count,
-                  Eigen::Index size, Signals& padded, Spectra into) {
+Spectra spectraOf(const Envelope& envelope, Eigen::Index band, Eigen::Index first,
+                  Eigen::Index count, Eigen::Index size, Signals& padded, Spectra into) {
   const Eigen::Index from = std::max<Eigen::Index>(0, first);
-  const Eigen::Index frames = std::min(first + count, texture.cols()) - from;
+  const Eigen::Index frames = std::min(first + count, envelope.cols()) - from;
   padded.setZero(4, size);
   if (frames > 0)
-    padded.middleCols(from - first, frames) = texture.block(band, from, 4, frames).cast<float>();
+    padded.middleCols(from - first, frames) = envelope.block(band, from, 4, frames).cast<float>();
   return forward(padded, std::move(into));
 }
 
 // Sum over bands of the products, for every lag of b's start from -(frames of b) on.
-std::vector<float> correlationOverLags(const Texture& a, const Texture& b) {
+std::vector<float> correlationOverLags(const Envelope& a, const Envelope& b) {
   thread_local Work own;
   const Eigen::Index framesB = b.cols(), whole = a.cols() + framesB;
   const Eigen::Index size = fastSize(std::min(2 * framesB, whole));
@@ -88,18 +88,18 @@ void toStrength(std::vector<float>& lags, Eigen::Index framesA, Eigen::Index fra
 }
 
 // Sum of the products of what both have from `from` to `to` on a's frames.
-double product(const Texture& a, const Texture& b, Eigen::Index lag, Eigen::Index from,
+double product(const Envelope& a, const Envelope& b, Eigen::Index lag, Eigen::Index from,
                Eigen::Index to) {
   const std::int8_t* x = a.col(from).data();
   const std::int8_t* y = b.col(from - lag).data();
   std::int32_t sum = 0;  // 40 s are 20,000 products of up to 14,400
-  for (Eigen::Index i = 0; i < kTextureBands * (to - from); ++i) sum += x[i] * y[i];
+  for (Eigen::Index i = 0; i < kEnvelopeBands * (to - from); ++i) sum += x[i] * y[i];
   return sum;
 }
 
 // The resemblance at a lag of b's start in some ranges of a's frames, per root of their number;
 // none where those are few.
-std::optional<double> similarity(const Texture& a, const Texture& b, Eigen::Index lag,
+std::optional<double> similarity(const Envelope& a, const Envelope& b, Eigen::Index lag,
                                  const std::vector<FrameRange>& ranges) {
   constexpr Eigen::Index kFewest = 64;
   double sum = 0;
@@ -120,8 +120,9 @@ double medianOf(std::vector<double>& values) {
   return *middle;
 }
 
-// How much the textures resemble each other near `lag` in some ranges, over what they do elsewhere.
-std::optional<double> resemblanceIn(const Texture& a, const Texture& b, Eigen::Index lag,
+// How much the envelopes resemble each other near `lag` in some ranges, over what they do
+// elsewhere.
+std::optional<double> resemblanceIn(const Envelope& a, const Envelope& b, Eigen::Index lag,
                                     const std::vector<FrameRange>& ranges) {
   constexpr Eigen::Index kReach = 3, kOthers = 12, kOtherStep = 37;  // frames
   std::optional<double> best;
@@ -137,20 +138,20 @@ std::optional<double> resemblanceIn(const Texture& a, const Texture& b, Eigen::I
 
 }  // namespace
 
-std::optional<double> resemblanceAt(const Texture& a, const Texture& b, double offsetSeconds) {
+std::optional<double> resemblanceAt(const Envelope& a, const Envelope& b, double offsetSeconds) {
   constexpr Eigen::Index kMost = 1200;  // frames
-  const auto lag = static_cast<Eigen::Index>(std::lround(offsetSeconds * kTextureRate));
+  const auto lag = static_cast<Eigen::Index>(std::lround(offsetSeconds * kEnvelopeRate));
   const FrameRange common{std::max<Eigen::Index>(0, lag), std::min(a.cols(), lag + b.cols())};
   if (common.from >= common.to) return std::nullopt;
-  const std::vector<FrameRange> lively = livelyRanges(a, b, lag);
+  const std::vector<FrameRange> active = activeRanges(a, b, lag);
   const auto anywhere = resemblanceIn(a, b, lag, middleOf({common}, kMost));
-  if (lively.size() == 1 && lively[0].to - lively[0].from == common.to - common.from)
+  if (active.size() == 1 && active[0].to - active[0].from == common.to - common.from)
     return anywhere;
-  const auto there = resemblanceIn(a, b, lag, middleOf(lively, kMost));
+  const auto there = resemblanceIn(a, b, lag, middleOf(active, kMost));
   return there && anywhere ? std::max(there, anywhere) : anywhere;
 }
 
-std::vector<Resemblance> resemblances(const Texture& a, const Texture& b, int count,
+std::vector<Resemblance> resemblances(const Envelope& a, const Envelope& b, int count,
                                       double leastOverlap) {
   if (a.cols() < b.cols()) {
     std::vector<Resemblance> mirrored = resemblances(b, a, count, leastOverlap);
@@ -160,13 +161,13 @@ std::vector<Resemblance> resemblances(const Texture& a, const Texture& b, int co
   std::vector<Resemblance> best;
   if (b.cols() == 0) return best;
   std::vector<float> lags = correlationOverLags(a, b);
-  toStrength(lags, a.cols(), b.cols(), leastOverlap * kTextureRate);
-  constexpr std::size_t kApart = static_cast<std::size_t>(kTextureRate / 2);
+  toStrength(lags, a.cols(), b.cols(), leastOverlap * kEnvelopeRate);
+  constexpr std::size_t kApart = static_cast<std::size_t>(kEnvelopeRate / 2);
   for (int k = 0; k < count; ++k) {
     const auto top = std::ranges::max_element(lags);
     if (top == lags.end() || *top <= 0) break;
     const auto at = static_cast<std::size_t>(top - lags.begin());
-    best.push_back({(double(at) - double(b.cols())) / kTextureRate, *top});
+    best.push_back({(double(at) - double(b.cols())) / kEnvelopeRate, *top});
     const std::size_t from = at < kApart ? 0 : at - kApart;
     std::fill(lags.begin() + static_cast<std::ptrdiff_t>(from),
               lags.begin() + static_cast<std::ptrdiff_t>(std::min(lags.size(), at + kApart)), 0.0f);

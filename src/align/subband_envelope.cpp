@@ -12,7 +12,7 @@
 namespace align {
 namespace {
 
-constexpr int kHop = static_cast<int>(kSampleRate / kTextureRate);
+constexpr int kHop = static_cast<int>(kSampleRate / kEnvelopeRate);
 constexpr int kWindow = 2 * kHop;
 constexpr double kLow = 150, kHigh = 3700;  // Hz
 constexpr int kAround = 25;                 // frames on each side that give the level around one
@@ -20,17 +20,17 @@ constexpr float kStep = 60, kLimit = 2;     // steps per standard deviation; dev
 constexpr float kSteadyWeight = 0.5f;       // faint sound below steady noise is still something
 constexpr float kSteadyNoise = 0.3f;  // its levels' variance is 0.20 to 0.28 whatever its colour
 
-std::array<int, kTextureBands + 1> bandEdges() {
-  std::array<int, kTextureBands + 1> edges{};
-  for (int b = 0; b <= kTextureBands; ++b) {
-    const double hertz = kLow * std::pow(kHigh / kLow, double(b) / kTextureBands);
+std::array<int, kEnvelopeBands + 1> bandEdges() {
+  std::array<int, kEnvelopeBands + 1> edges{};
+  for (int b = 0; b <= kEnvelopeBands; ++b) {
+    const double hertz = kLow * std::pow(kHigh / kLow, double(b) / kEnvelopeBands);
     edges[static_cast<std::size_t>(b)] = static_cast<int>(hertz * kWindow / kSampleRate + 0.5);
   }
   for (std::size_t b = 1; b < edges.size(); ++b) edges[b] = std::max(edges[b], edges[b - 1] + 1);
   return edges;
 }
 
-using Levels = Eigen::Array<float, kTextureBands, Eigen::Dynamic>;
+using Levels = Eigen::Array<float, kEnvelopeBands, Eigen::Dynamic>;
 using Weights = Eigen::Array<float, 1, Eigen::Dynamic>;
 
 const Eigen::RowVectorXf& taper() {
@@ -62,7 +62,7 @@ void fillFrames(std::span<const float> samples, Eigen::Index first, Signals& fra
 Levels bandLevels(std::span<const float> samples) {
   static const auto edges = bandEdges();
   const auto frames = static_cast<Eigen::Index>(samples.size()) / kHop;
-  Levels levels(kTextureBands, frames);
+  Levels levels(kEnvelopeBands, frames);
   Signals four(4, kWindow), powers;
   Spectra spectra;
   for (Eigen::Index t = 0; t < frames; t += 4) {
@@ -70,7 +70,7 @@ Levels bandLevels(std::span<const float> samples) {
     spectra = forward(four, std::move(spectra));
     powers = spectra.re.square() + spectra.im.square();
     const Eigen::Index count = std::min<Eigen::Index>(4, frames - t);
-    for (std::size_t b = 0; b < kTextureBands; ++b)
+    for (std::size_t b = 0; b < kEnvelopeBands; ++b)
       levels.block(Eigen::Index(b), t, 1, count) =
           powers.middleCols(edges[b], edges[b + 1] - edges[b])
               .rowwise()
@@ -83,8 +83,8 @@ Levels bandLevels(std::span<const float> samples) {
 
 // Running mean over kAround frames on both sides.
 Levels meanAround(const Levels& x) {
-  using Sums = Eigen::Array<double, kTextureBands, 1>;
-  Levels mean(kTextureBands, x.cols());
+  using Sums = Eigen::Array<double, kEnvelopeBands, 1>;
+  Levels mean(kEnvelopeBands, x.cols());
   Sums sum = Sums::Zero();
   Eigen::Index from = 0, to = 0;
   for (Eigen::Index t = 0; t < x.cols(); ++t) {
@@ -95,7 +95,7 @@ Levels meanAround(const Levels& x) {
   return mean;
 }
 
-Texture movement(Levels levels) {
+Envelope movement(Levels levels) {
   const float floor = levels.mean() * 1e-5f + 1e-12f;
   levels = (levels + floor).log();
   levels -= meanAround(levels);
@@ -109,14 +109,14 @@ Texture movement(Levels levels) {
 
 }  // namespace
 
-Texture textureOf(std::span<const float> samples) {
-  if (samples.size() < kHop) return Texture(kTextureBands, 0);
+Envelope envelopeOf(std::span<const float> samples) {
+  if (samples.size() < kHop) return Envelope(kEnvelopeBands, 0);
   return movement(bandLevels(samples));
 }
 
-bool isLively(const Texture& texture, Eigen::Index first, Eigen::Index frames) {
+bool isActive(const Envelope& envelope, Eigen::Index first, Eigen::Index frames) {
   constexpr auto kSteadyMost = static_cast<std::int8_t>(kStep * kLimit * kSteadyWeight);
-  const auto part = texture.middleCols(first, frames);
+  const auto part = envelope.middleCols(first, frames);
   return (part > kSteadyMost || part < -kSteadyMost).any();
 }
 

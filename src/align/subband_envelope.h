@@ -6,19 +6,19 @@
 
 namespace align {
 
-inline constexpr double kTextureRate = 31.25;  // frames per second
-inline constexpr int kTextureBands = 16;
+inline constexpr double kEnvelopeRate = 31.25;  // frames per second
+inline constexpr int kEnvelopeBands = 16;
 
 /// How the sound moves in each band: bands (rows) by frames (columns), level over the level around
 /// it in steps of 1/60 standard deviation, limited to two deviations, so that neither loudness nor
 /// a steady tone nor a single bump says much. Where there is nothing but steady noise, or silence,
 /// all is half as large. An hour takes 1.8 MB.
-using Texture = Eigen::Array<std::int8_t, kTextureBands, Eigen::Dynamic>;
+using Envelope = Eigen::Array<std::int8_t, kEnvelopeBands, Eigen::Dynamic>;
 
-/// The texture of `samples` (mono, 8000 Hz). Pure: callable from any thread.
-Texture textureOf(std::span<const float> samples);
+/// The envelope of `samples` (mono, 8000 Hz). Pure: callable from any thread.
+Envelope envelopeOf(std::span<const float> samples);
 
 /// Whether there is more than steady noise in some of `frames` frames from `first` on.
-bool isLively(const Texture& texture, Eigen::Index first, Eigen::Index frames);
+bool isActive(const Envelope& envelope, Eigen::Index first, Eigen::Index frames);
 
 }  // namespace align

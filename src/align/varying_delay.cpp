@@ -59,14 +59,14 @@ Peak highestWithin(std::span<const WindowCorrelation> windows, std::size_t windo
 
 }  // namespace
 
-DelayLine wanderingOr(DelayLine straight, std::span<const WindowCorrelation> windows) {
+DelayLine varyingOr(DelayLine straight, std::span<const WindowCorrelation> windows) {
   const std::vector<Peak> peaks = densest(clearPeaks(windows));
   const auto explained = std::ranges::count_if(peaks, [&](const Peak& peak) {
     return straight.heights[peak.window] >= kExplained * peak.height;
   });
   if (peaks.size() < 2 || double(explained) >= kMostOfThem * double(peaks.size())) return straight;
   DelayLine line;
-  line.wanders = true;
+  line.varies = true;
   const double least = peaks.front().samples, most = peaks.back().samples;
   line.delaySamples = (least + most) / 2;
   line.errorSamples = (most - least) / 2;

@@ -12,7 +12,7 @@ namespace place {
 namespace {
 
 constexpr double kEnoughToHear = 6;  // seconds of overlap in which a pair would have been heard
-constexpr std::size_t kFewest = 3;  // recordings of each group with matches that may be repetitions
+constexpr std::size_t kFewest = 2;  // recordings of each group that must agree
 constexpr double kNearlyAll = 0.75;  // of the pairs heard that a bridge implies
 
 using FilePair = std::pair<int, int>;
@@ -59,6 +59,11 @@ bool borneOut(const align::Alignment& bridge, std::size_t agree, GrowingGroups& 
 
 }  // namespace
 
+bool devicesKnown(std::span<const align::Recording> recordings) {
+  return std::ranges::any_of(
+      recordings, [](const align::Recording& recording) { return recording.device >= 0; });
+}
+
 std::vector<Implied> impliedBy(const align::Alignment& bridge, GrowingGroups& groups,
                                std::span<const align::Recording> recordings) {
   std::vector<Implied> implied;
@@ -79,6 +84,7 @@ std::vector<Implied> impliedBy(const align::Alignment& bridge, GrowingGroups& gr
 void joinByImpliedOverlaps(std::vector<align::Match>& open, std::vector<align::Match>& kept,
                            GrowingGroups& groups, std::span<const align::Recording> recordings,
                            const Heard& heard) {
+  if (!devicesKnown(recordings)) return;
   std::ranges::stable_sort(open, std::greater{},
                            [](const align::Match& m) { return align::weightOf(m.best); });
   for (std::size_t i = 0; i < open.size(); ++i) {

@@ -24,10 +24,15 @@ std::vector<Implied> impliedBy(const align::Alignment& bridge, GrowingGroups& gr
 /// Whether a pair of files, in any order, was listened to.
 using Heard = std::function<bool(int, int)>;
 
+/// Whether anybody said which recordings are of one device. If not, those of one device, whose
+/// rooms and microphones are the same, seem to bear out what music repeats.
+bool devicesKnown(std::span<const align::Recording> recordings);
+
 /// Joins groups by matches each of which may be only something repeated: where one of them is
 /// right, the groups' other recordings must hear each other too wherever they would overlap. Takes
-/// a bridge if at least three matches of different pairs give it and nearly all pairs heard that
-/// it implies are among them. Moves the matches used from `open` to `kept`.
+/// a bridge if matches of at least two recordings of each group, none of which fits elsewhere too,
+/// give it and nearly all pairs heard that it implies are among them. Only where devices are known.
+/// Moves the matches used from `open` to `kept`.
 void joinByImpliedOverlaps(std::vector<align::Match>& open, std::vector<align::Match>& kept,
                            GrowingGroups& groups, std::span<const align::Recording> recordings,
                            const Heard& heard);

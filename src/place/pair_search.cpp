@@ -12,18 +12,19 @@ namespace place {
 namespace {
 
 constexpr std::size_t kBatch = 32;  // pairs examined at once; fixed, so that threads change nothing
-constexpr double kSuspicious = 4;   // significance of a vote's peak from which it is listened to
-constexpr std::size_t kPatience = 48;  // pairs in a row examined in vain, after which hope ends ...
+constexpr double kPromising = 4;    // significance of a vote's peak from which it is listened to
+constexpr std::size_t kPatience =
+    48;  // pairs in a row without a match, after which the listening ends ...
 constexpr std::size_t kMorePatience = 4;    // ... or so many times fewer than there are recordings
 constexpr std::size_t kFaintPatience = 16;  // the same of pairs that cost ten times as much
 constexpr std::size_t kSearched =
-    256;  // pairs whose textures are searched before any is listened to
+    256;  // pairs whose envelopes are searched before any is listened to
 constexpr std::size_t kSmallSet = 12;  // recordings; in smaller sets every pair is worth its time
 constexpr int kEnough = 2;             // sure matches of a recording, after which more add little
 constexpr double kSureIfUnique = 10;   // strength enough where the sound fits at one offset only
 constexpr double kMuchAlike = 4.5;     // resemblance of envelopes that chance hardly ever gives
 constexpr int kAskedOfABridge = 6;     // implied pairs that tell a repetition from a right bridge
-constexpr double kConfirms = 0.3;      // seconds; a suspicion so near speaks for a known position
+constexpr double kConfirms = 0.3;      // seconds; a candidates so near speaks for a known position
 constexpr double kImpliedOverlap = 6;  // seconds two members must share to be worth a look
 
 std::vector<int> filesOf(std::span<const std::pair<int, int>> pairs) {
@@ -41,55 +42,56 @@ bool sure(const align::Match& match) {
 
 }  // namespace
 
-Matchmaker::Matchmaker(std::span<const align::Recording> recordings,
+PairSearch::PairSearch(std::span<const align::Recording> recordings,
                        const align::SoundReader& sound, const PlacementProgress& progress)
     : recordings_(recordings),
       sound_(sound),
       progress_(progress),
-      textures_(recordings, sound),
+      envelopes_(recordings, sound),
       connected_(static_cast<int>(recordings.size())),
       matchCount_(recordings.size(), 0) {}
 
-bool Matchmaker::small() const { return recordings_.size() <= kSmallSet; }
+bool PairSearch::small() const { return recordings_.size() <= kSmallSet; }
 
-bool Matchmaker::cancelled() const { return progress_.cancelled && progress_.cancelled(); }
+bool PairSearch::cancelled() const { return progress_.cancelled && progress_.cancelled(); }
 
-std::vector<int> Matchmaker::partners() const {
+std::vector<int> PairSearch::partners() const {
   std::vector<int> count(recordings_.size(), 0);
   for (const auto& [a, b] : heard_) ++count[std::size_t(a)], ++count[std::size_t(b)];
   return count;
 }
 
-void Matchmaker::followVotes(std::span<const vote::Suspicion> suspicions) {
-  std::vector<vote::Suspicion> promising;
-  std::ranges::copy_if(suspicions, std::back_inserter(promising), [&](const vote::Suspicion& s) {
-    return s.significance >= kSuspicious && align::comparable(recordings_, s.first, s.second);
-  });
+void PairSearch::followVotes(std::span<const vote::PairCandidates> candidates) {
+  std::vector<vote::PairCandidates> promising;
+  std::ranges::copy_if(
+      candidates, std::back_inserter(promising), [&](const vote::PairCandidates& s) {
+        return s.significance >= kPromising && align::comparable(recordings_, s.first, s.second);
+      });
   listen(promising, align::examine, patience());
 }
 
-std::size_t Matchmaker::patience() const {
+std::size_t PairSearch::patience() const {
   return std::max(kPatience, recordings_.size() / kMorePatience);
 }
 
-// Listens to the suspicions that could bring anything, in their order, until too many in a row
+// Listens to the candidates that could bring anything, in their order, until too many in a row
 // brought nothing: the likeliest come first, so what is right stands close together.
-void Matchmaker::listen(std::span<const vote::Suspicion> suspicions, Examine& examine,
+void PairSearch::listen(std::span<const vote::PairCandidates> candidates, Examine& examine,
                         std::size_t patience) {
   std::size_t next = 0, inVain = 0;
-  while (next < suspicions.size() && inVain < patience && !cancelled()) {
-    std::vector<const vote::Suspicion*> batch;
-    for (; next < suspicions.size() && batch.size() < kBatch; ++next)
-      if (wanted(suspicions[next])) batch.push_back(&suspicions[next]);
+  while (next < candidates.size() && inVain < patience && !cancelled()) {
+    std::vector<const vote::PairCandidates*> batch;
+    for (; next < candidates.size() && batch.size() < kBatch; ++next)
+      if (wanted(candidates[next])) batch.push_back(&candidates[next]);
     const std::size_t before = matches_.size();
     examineAll(batch, examine);
     inVain = matches_.size() > before ? 0 : inVain + batch.size();
-    if (progress_.step) progress_.step(static_cast<int>(next), static_cast<int>(suspicions.size()));
+    if (progress_.step) progress_.step(static_cast<int>(next), static_cast<int>(candidates.size()));
   }
 }
 
 // Recordings that are placed already need no more than some confirmation where they stand.
-bool Matchmaker::wanted(const vote::Suspicion& s) {
+bool PairSearch::wanted(const vote::PairCandidates& s) {
   const auto known = connected_.between(s.first, s.second);
   if (!known || small()) return true;
   const bool enough =
@@ -99,24 +101,24 @@ bool Matchmaker::wanted(const vote::Suspicion& s) {
   });
 }
 
-void Matchmaker::examineAll(std::span<const vote::Suspicion* const> batch, Examine& examine) {
+void PairSearch::examineAll(std::span<const vote::PairCandidates* const> batch, Examine& examine) {
   std::vector<int> files;
-  for (const vote::Suspicion* s : batch) files.insert(files.end(), {s->first, s->second});
-  textures_.prepare(files);
+  for (const vote::PairCandidates* s : batch) files.insert(files.end(), {s->first, s->second});
+  envelopes_.prepare(files);
   std::vector<std::optional<align::Match>> found(batch.size());
 #pragma omp parallel for schedule(dynamic)
   for (std::size_t i = 0; i < batch.size(); ++i)
-    if (!cancelled()) found[i] = examine(*batch[i], recordings_, sound_, textures_);
-  for (const vote::Suspicion* s : batch) heard_.insert(std::minmax(s->first, s->second));
+    if (!cancelled()) found[i] = examine(*batch[i], recordings_, sound_, envelopes_);
+  for (const vote::PairCandidates* s : batch) heard_.insert(std::minmax(s->first, s->second));
   for (std::size_t i = 0; i < batch.size(); ++i) {
     if (found[i])
       add(std::move(*found[i]));
-    else if (auto like = textures_.resembling(*batch[i], kMuchAlike); !like.offsets.empty())
+    else if (auto like = envelopes_.resembling(*batch[i], kMuchAlike); !like.offsets.empty())
       silent_.push_back(std::move(like));
   }
 }
 
-void Matchmaker::add(align::Match match) {
+void PairSearch::add(align::Match match) {
   const int a = match.best.first, b = match.best.second;
   if (sure(match)) {
     if (connected_.group(a) != connected_.group(b)) connected_.join(a, b, match.best.offsetSeconds);
@@ -131,7 +133,7 @@ void Matchmaker::add(align::Match match) {
 
 // A pair that was listened to again, perhaps the other way round: the better of both offsets leads,
 // and the other, if it is another, stays a rival.
-void Matchmaker::keepBetter(align::Match match) {
+void PairSearch::keepBetter(align::Match match) {
   const auto known = std::ranges::find_if(matches_, [&](const align::Match& m) {
     return std::minmax(m.best.first, m.best.second) ==
            std::minmax(match.best.first, match.best.second);
@@ -141,46 +143,49 @@ void Matchmaker::keepBetter(align::Match match) {
   if (!align::sameOffset(match.best, known->best)) known->rivals.push_back(match.best);
 }
 
-void Matchmaker::search(std::span<const vote::Suspicion> suspicions) {
-  const auto pairs = searchPlan(recordings_, suspicions, connected_, matchCount_);
+void PairSearch::search(std::span<const vote::PairCandidates> candidates) {
+  const auto pairs = searchPlan(recordings_, candidates, connected_, matchCount_);
   const std::size_t atOnce = std::max(kSearched, recordings_.size());
   for (std::size_t at = 0; at < pairs.size() && !cancelled(); at += atOnce) {
     const std::size_t before = matches_.size();
-    auto found = suspectAll(std::span(pairs).subspan(at, std::min(atOnce, pairs.size() - at)));
-    std::ranges::stable_sort(found, std::greater{}, &vote::Suspicion::significance);
+    auto found =
+        envelopeCandidates(std::span(pairs).subspan(at, std::min(atOnce, pairs.size() - at)));
+    std::ranges::stable_sort(found, std::greater{}, &vote::PairCandidates::significance);
     listen(found, align::examine, patience());
     if (matches_.size() == before) break;
   }
 }
 
-void Matchmaker::listenFaintly() {
-  std::vector<vote::Suspicion> silent = std::move(silent_);
-  std::ranges::stable_sort(silent, std::greater{}, &vote::Suspicion::significance);
-  std::erase_if(silent, [&](const vote::Suspicion& s) {
+void PairSearch::listenFaintly() {
+  std::vector<vote::PairCandidates> silent = std::move(silent_);
+  std::ranges::stable_sort(silent, std::greater{}, &vote::PairCandidates::significance);
+  std::erase_if(silent, [&](const vote::PairCandidates& s) {
     return connected_.group(s.first) == connected_.group(s.second);
   });
   listen(silent, align::examineFaintly, kFaintPatience);
 }
 
-std::vector<vote::Suspicion> Matchmaker::suspectAll(std::span<const std::pair<int, int>> pairs) {
-  textures_.prepare(filesOf(pairs));
-  std::vector<vote::Suspicion> suspicions(pairs.size());
+std::vector<vote::PairCandidates> PairSearch::envelopeCandidates(
+    std::span<const std::pair<int, int>> pairs) {
+  envelopes_.prepare(filesOf(pairs));
+  std::vector<vote::PairCandidates> candidates(pairs.size());
 #pragma omp parallel for schedule(dynamic)
   for (std::size_t i = 0; i < pairs.size(); ++i)
-    if (!cancelled()) suspicions[i] = textures_.suspect(pairs[i].first, pairs[i].second);
-  return suspicions;
+    if (!cancelled()) candidates[i] = envelopes_.candidates(pairs[i].first, pairs[i].second);
+  return candidates;
 }
 
 // A repetition shows itself by other offsets at which the sound fits as well.
-void Matchmaker::addOtherOffsets(std::span<vote::Suspicion> suspicions) {
+void PairSearch::addOtherOffsets(std::span<vote::PairCandidates> candidates) {
   std::vector<std::pair<int, int>> pairs;
-  for (const vote::Suspicion& s : suspicions) pairs.emplace_back(s.first, s.second);
-  const std::vector<vote::Suspicion> others = suspectAll(pairs);
-  for (std::size_t i = 0; i < suspicions.size(); ++i)
-    std::ranges::copy(others[i].offsets, std::back_inserter(suspicions[i].offsets));
+  for (const vote::PairCandidates& s : candidates) pairs.emplace_back(s.first, s.second);
+  const std::vector<vote::PairCandidates> others = envelopeCandidates(pairs);
+  for (std::size_t i = 0; i < candidates.size(); ++i)
+    std::ranges::copy(others[i].offsets, std::back_inserter(candidates[i].offsets));
 }
 
-bool Matchmaker::tryBridges(const Grouping& grouping) {
+bool PairSearch::tryBridges(const Grouping& grouping) {
+  if (!devicesKnown(recordings_)) return false;
   GrowingGroups groups(recordings_);
   connected_ = OffsetForest(static_cast<int>(recordings_.size()));
   for (const align::Match& match : grouping.kept)
@@ -188,7 +193,7 @@ bool Matchmaker::tryBridges(const Grouping& grouping) {
       groups.join(match.best);
       connected_.join(match.best.first, match.best.second, match.best.offsetSeconds);
     }
-  std::vector<vote::Suspicion> implied;
+  std::vector<vote::PairCandidates> implied;
   std::map<std::pair<int, int>, int> asked;  // by groups
   for (const Unused& open : grouping.undecided) {
     const align::Alignment& bridge = open.match.best;
@@ -206,9 +211,9 @@ bool Matchmaker::tryBridges(const Grouping& grouping) {
   return matches_.size() > before;
 }
 
-void Matchmaker::confirm(const Grouping& grouping) {
+void PairSearch::confirm(const Grouping& grouping) {
   const auto seconds = [&](int file) { return align::secondsOf(recordings_[std::size_t(file)]); };
-  std::vector<vote::Suspicion> implied;
+  std::vector<vote::PairCandidates> implied;
   std::vector<int> asked(recordings_.size(), 0);
   for (const auto& members : grouping.members)
     for (const int a : members)

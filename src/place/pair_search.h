@@ -16,16 +16,16 @@ namespace place {
 /// Finds the pairs of recordings that hear the same thing. Listens no more than needed: what stands
 /// surely is left in peace. The order of threads changes nothing. One thread at a time; what it is
 /// given must outlive it.
-class Matchmaker {
+class PairSearch {
  public:
-  Matchmaker(std::span<const align::Recording> recordings, const align::SoundReader& sound,
+  PairSearch(std::span<const align::Recording> recordings, const align::SoundReader& sound,
              const PlacementProgress& progress);
 
-  /// Listens where the votes suspect something, most significant first.
-  void followVotes(std::span<const vote::Suspicion> suspicions);
+  /// Listens where the votes candidates something, most significant first.
+  void followVotes(std::span<const vote::PairCandidates> candidates);
 
-  /// Looks in the sound itself for what the suspicions did not connect.
-  void search(std::span<const vote::Suspicion> suspicions);
+  /// Looks in the sound itself for what the candidates did not connect.
+  void search(std::span<const vote::PairCandidates> candidates);
 
   /// Listens once more, all along the overlap, where the envelopes resemble each other but no
   /// single window said anything: far microphones, big halls.
@@ -50,25 +50,26 @@ class Matchmaker {
  private:
   bool small() const;
   bool cancelled() const;
-  bool wanted(const vote::Suspicion& suspicion);
+  bool wanted(const vote::PairCandidates& candidates);
   using Examine = decltype(align::examine);
   std::size_t patience() const;
-  void listen(std::span<const vote::Suspicion> suspicions, Examine& examine, std::size_t patience);
-  void examineAll(std::span<const vote::Suspicion* const> batch, Examine& examine);
-  std::vector<vote::Suspicion> suspectAll(std::span<const std::pair<int, int>> pairs);
-  void addOtherOffsets(std::span<vote::Suspicion> suspicions);
+  void listen(std::span<const vote::PairCandidates> candidates, Examine& examine,
+              std::size_t patience);
+  void examineAll(std::span<const vote::PairCandidates* const> batch, Examine& examine);
+  std::vector<vote::PairCandidates> envelopeCandidates(std::span<const std::pair<int, int>> pairs);
+  void addOtherOffsets(std::span<vote::PairCandidates> candidates);
   void add(align::Match match);
   void keepBetter(align::Match match);
 
   std::span<const align::Recording> recordings_;
   const align::SoundReader& sound_;
   const PlacementProgress& progress_;
-  align::Textures textures_;
+  align::Envelopes envelopes_;
   OffsetForest connected_;                         // by matches past all doubt
   std::vector<int> matchCount_;                    // per file
   std::set<std::pair<int, int>> heard_, matched_;  // pairs: listened to, and with success
   std::vector<align::Match> matches_;
-  std::vector<vote::Suspicion> silent_;  // listened to without success
+  std::vector<vote::PairCandidates> silent_;  // listened to without success
 };
 
 }  // namespace place

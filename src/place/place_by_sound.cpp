@@ -13,19 +13,19 @@ constexpr int kRounds = 4;  // every round joins groups, which may bring others 
 Placement placeBySound(std::span<const align::Recording> recordings,
                        std::span<const vote::PairVote> votes, const align::SoundReader& sound,
                        const PlacementProgress& progress) {
-  const std::vector<vote::Suspicion> suspicions = vote::suspicionsOf(votes);
-  Matchmaker matchmaker(recordings, sound, progress);
-  matchmaker.followVotes(suspicions);
-  matchmaker.search(suspicions);
-  matchmaker.listenFaintly();
+  const std::vector<vote::PairCandidates> candidates = vote::candidatesOf(votes);
+  PairSearch search(recordings, sound, progress);
+  search.followVotes(candidates);
+  search.search(candidates);
+  search.listenFaintly();
   const auto grouping = [&] {
-    return formGroups(recordings, matchmaker.matches(),
-                      [&](int a, int b) { return matchmaker.heard(a, b); });
+    return formGroups(recordings, search.matches(),
+                      [&](int a, int b) { return search.heard(a, b); });
   };
-  for (int round = 0; round < kRounds && matchmaker.tryBridges(grouping()); ++round) {
+  for (int round = 0; round < kRounds && search.tryBridges(grouping()); ++round) {
   }
-  matchmaker.confirm(grouping());
-  return placementOf(grouping(), recordings, matchmaker.partners());
+  search.confirm(grouping());
+  return placementOf(grouping(), recordings, search.partners());
 }
 
 }  // namespace place

@@ -17,7 +17,7 @@ constexpr int kRounds = 5;
 struct Equation {
   int from, to;  // unknowns: value[to] - value[from] = difference
   double difference, error;
-  bool wanders = false;  // the error is no chance that others make up for
+  bool varies = false;  // the error is no chance that others make up for
   double weight = 1;
 };
 
@@ -113,7 +113,7 @@ void solveDrift(const Numbering& numbers, std::span<const align::Match> matches,
 void estimateErrors(const Numbering& numbers, std::span<const Equation> equations, Positions& out) {
   struct Sum {
     double weights = 0, squares = 0;
-    int wandering = 0, all = 0;
+    int varying = 0, all = 0;
   };
   std::vector<Sum> sums(numbers.member.size());
   for (const Equation& e : equations) {
@@ -124,12 +124,12 @@ void estimateErrors(const Numbering& numbers, std::span<const Equation> equation
       Sum& sum = sums[std::size_t(unknown)];
       sum.weights += 1 / square;
       sum.squares += square;
-      sum.wandering += e.wanders;
+      sum.varying += e.varies;
       ++sum.all;
     }
   }
   for (const Sum& sum : sums) {
-    const bool carried = 2 * sum.wandering > sum.all;
+    const bool carried = 2 * sum.varying > sum.all;
     out.errorSeconds.push_back(sum.all == 0 ? 1.0
                                : carried    ? std::sqrt(sum.squares / sum.all)
                                             : 1 / std::sqrt(sum.weights));
@@ -173,7 +173,7 @@ Positions solvePositions(std::span<const align::Recording> recordings, std::span
   for (const align::Match& m : matches)
     equations.push_back({numbers.member.at(m.best.first), numbers.member.at(m.best.second),
                          m.best.offsetSeconds, std::hypot(kLeastError, m.best.errorSeconds),
-                         m.best.wanders});
+                         m.best.varies});
   const auto count = static_cast<int>(members.size());
   const Eigen::VectorXd value =
       robustSolution(count, equations, numbers.member.at(reference), kFar);

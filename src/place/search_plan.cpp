@@ -34,13 +34,14 @@ std::vector<FilePair> withinBudget(std::span<const FilePair> pairs,
   return chosen;
 }
 
-/// How much a pair promises: what to connect first, then what the votes suspect, then what is long.
+/// How much a pair promises: what to connect first, then what the votes candidates, then what is
+/// long.
 class Promise {
  public:
-  Promise(std::span<const align::Recording> recordings, std::span<const vote::Suspicion> suspicions,
-          std::span<const int> matchCount)
+  Promise(std::span<const align::Recording> recordings,
+          std::span<const vote::PairCandidates> candidates, std::span<const int> matchCount)
       : recordings_(recordings), matchCount_(matchCount) {
-    for (const vote::Suspicion& s : suspicions)
+    for (const vote::PairCandidates& s : candidates)
       if (s.significance >= kAboveChance)
         significance_[std::minmax(s.first, s.second)] = s.significance;
   }
@@ -90,9 +91,9 @@ std::vector<FilePair> unconnected(std::span<const align::Recording> recordings,
 }  // namespace
 
 std::vector<FilePair> searchPlan(std::span<const align::Recording> recordings,
-                                 std::span<const vote::Suspicion> suspicions,
+                                 std::span<const vote::PairCandidates> candidates,
                                  OffsetForest& connected, std::span<const int> matchCount) {
-  const Promise promise(recordings, suspicions, matchCount);
+  const Promise promise(recordings, candidates, matchCount);
   return withinBudget(unconnected(recordings, connected, promise), recordings);
 }
 

@@ -6,7 +6,7 @@
 
 #include "place/offset_forest.h"
 #include "place/placement.h"
-#include "vote/suspicion.h"
+#include "vote/pair_candidates.h"
 
 namespace place {
 
@@ -14,7 +14,7 @@ namespace place {
 /// not connected yet, the most promising first, as many as a budget allows that grows with the
 /// length of all recordings, not with the number of pairs. `matchCount`: sure matches per file.
 std::vector<std::pair<int, int>> searchPlan(std::span<const align::Recording> recordings,
-                                            std::span<const vote::Suspicion> suspicions,
+                                            std::span<const vote::PairCandidates> candidates,
                                             OffsetForest& connected,
                                             std::span<const int> matchCount);
 

@@ -5,7 +5,7 @@
 #include <numeric>
 #include <utility>
 
-#include "vote/suspicion.h"
+#include "vote/pair_candidates.h"
 
 namespace vote {
 

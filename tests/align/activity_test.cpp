@@ -10,9 +10,9 @@
 namespace align {
 namespace {
 
-Eigen::Index livelyFrames(const Texture& texture) {
+Eigen::Index activeFrames(const Envelope& envelope) {
   Eigen::Index count = 0;
-  for (Eigen::Index i = 0; i < texture.cols(); ++i) count += isLively(texture, i, 1);
+  for (Eigen::Index i = 0; i < envelope.cols(); ++i) count += isActive(envelope, i, 1);
   return count;
 }
 
@@ -28,24 +28,24 @@ std::vector<float> waiting(unsigned seed, double seconds, float deep) {
 
 TEST(Activity, SteadyNoiseOfAnyColourIsNotAndSilenceNeither) {
   for (const float deep : {0.0f, 0.5f, 0.98f}) {
-    const Texture texture = textureOf(waiting(4, 60, deep));
-    EXPECT_LT(livelyFrames(texture), texture.cols() / 20);
+    const Envelope envelope = envelopeOf(waiting(4, 60, deep));
+    EXPECT_LT(activeFrames(envelope), envelope.cols() / 20);
   }
-  EXPECT_EQ(livelyFrames(textureOf(std::vector<float>(60 * kSampleRate, 0.0f))), 0);
-  const Texture events = textureOf(recorded(1, 0, 60, 0, 0.02));
-  EXPECT_GT(livelyFrames(events), events.cols() * 9 / 10);
+  EXPECT_EQ(activeFrames(envelopeOf(std::vector<float>(60 * kSampleRate, 0.0f))), 0);
+  const Envelope events = envelopeOf(recorded(1, 0, 60, 0, 0.02));
+  EXPECT_GT(activeFrames(events), events.cols() * 9 / 10);
 }
 
 TEST(Activity, RangesAreWhereBothAre) {
-  Texture a = Texture::Zero(kTextureBands, 400), b = Texture::Zero(kTextureBands, 200);
+  Envelope a = Envelope::Zero(kEnvelopeBands, 400), b = Envelope::Zero(kEnvelopeBands, 200);
   a.block(3, 40, 2, 160) = 90;                           // 40 to 200
   b.block(0, 0, 1, 40) = b.block(9, 120, 1, 80) = -100;  // 80 to 120 and 200 to 280, 80 later
-  const auto ranges = livelyRanges(a, b, 80);
+  const auto ranges = activeRanges(a, b, 80);
   ASSERT_EQ(ranges.size(), 1u);
   EXPECT_EQ(ranges[0].from, 80);
   EXPECT_EQ(ranges[0].to, 120);
-  EXPECT_TRUE(livelyRanges(a, b, 240).empty());
-  EXPECT_TRUE(livelyRanges(a, b, 400).empty());
+  EXPECT_TRUE(activeRanges(a, b, 240).empty());
+  EXPECT_TRUE(activeRanges(a, b, 400).empty());
   const auto middle = middleOf({{0, 10}, {20, 50}, {90, 110}}, 20);  // 10 to 30 of 60 in line
   ASSERT_EQ(middle.size(), 1u);
   EXPECT_EQ(middle[0].from, 30);

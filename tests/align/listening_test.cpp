@@ -75,7 +75,7 @@ TEST(Listening, HearsARecordingThatWasCarriedAbout) {
   shoot.add("b", carried);
   const Alignment found = shoot.verified(3.02);
   EXPECT_TRUE(believed(found));
-  EXPECT_TRUE(found.wanders);
+  EXPECT_TRUE(found.varies);
   EXPECT_NEAR(found.offsetSeconds, 3 - 0.015, 0.001);
   EXPECT_NEAR(found.errorSeconds, 0.015, 0.001);
   EXPECT_EQ(found.support, found.windows);

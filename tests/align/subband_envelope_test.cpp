@@ -32,14 +32,14 @@ TEST(Fft, TransformsFourSignalsAsTheSumsSay) {
 }
 
 // The transform over all lags against plain sums of products.
-TEST(Texture, ResemblancesAreTheSumsOfProducts) {
-  const Texture a = textureOf(recorded(1, 0, 40)), b = textureOf(recorded(1, 12, 20, 0, 0.3));
+TEST(Envelope, ResemblancesAreTheSumsOfProducts) {
+  const Envelope a = envelopeOf(recorded(1, 0, 40)), b = envelopeOf(recorded(1, 12, 20, 0, 0.3));
   double power = 0, best = 0, count = 0;
   Eigen::Index bestLag = 0;
   for (Eigen::Index lag = -b.cols(); lag < a.cols(); ++lag) {
     const Eigen::Index from = std::max<Eigen::Index>(0, lag),
                        to = std::min(a.cols(), lag + b.cols());
-    if (double(to - from) < 4 * kTextureRate) continue;
+    if (double(to - from) < 4 * kEnvelopeRate) continue;
     const double sum = (a.middleCols(from, to - from).cast<double>() *
                         b.middleCols(from - lag, to - from).cast<double>())
                            .sum() /
@@ -49,17 +49,17 @@ TEST(Texture, ResemblancesAreTheSumsOfProducts) {
   }
   const auto found = resemblances(a, b, 3, 4);
   ASSERT_FALSE(found.empty());
-  EXPECT_NEAR(found[0].offsetSeconds, double(bestLag) / kTextureRate, 1e-6);
+  EXPECT_NEAR(found[0].offsetSeconds, double(bestLag) / kEnvelopeRate, 1e-6);
   EXPECT_NEAR(found[0].strength, best / std::sqrt(power / count), 0.01 * found[0].strength);
   EXPECT_NEAR(found[0].offsetSeconds, 12, 0.05);
 }
 
-TEST(Texture, AnOffsetsResemblanceTellsTheRightOneFromOthers) {
-  const Texture a = textureOf(recorded(1, 0, 40)), b = textureOf(recorded(1, 12, 20, 0, 0.3));
+TEST(Envelope, AnOffsetsResemblanceTellsTheRightOneFromOthers) {
+  const Envelope a = envelopeOf(recorded(1, 0, 40)), b = envelopeOf(recorded(1, 12, 20, 0, 0.3));
   EXPECT_GT(resemblanceAt(a, b, 12.06).value(), 4);
   EXPECT_LT(resemblanceAt(a, b, 9.5).value(), 3);
   EXPECT_FALSE(resemblanceAt(a, b, 39).has_value());
-  EXPECT_TRUE(resemblances(textureOf({}), a, 3, 4).empty());
+  EXPECT_TRUE(resemblances(envelopeOf({}), a, 3, 4).empty());
 }
 
 }  // namespace

@@ -110,22 +110,25 @@ TEST(FormGroups, ARepetitionThatCouldNotBeSeenDecidesNothing) {
 // Two devices' clips, three of each, which their own copies hold together much more strongly than
 // the devices hear each other: one by one those matches may be repetitions.
 TEST(FormGroups, GroupsAreJoinedByWhatAllTheirRecordingsImply) {
-  const auto recordings = fourMinutesEach({-1, -1, -1, -1, -1, -1});
+  auto recordings = fourMinutesEach({1, 2, 3, 4, 5, 6});
   std::vector<Match> matches{match(0, 1, 5, 100), match(1, 2, 5, 100), match(3, 4, 5, 100),
                              match(4, 5, 5, 100)};
   const auto groups = [&](const Heard& heard) {
     return formGroups(recordings, matches, heard).members.size();
   };
   const Heard none = [](int, int) { return false; };
-  for (const int i : {0, 1}) {
-    matches.push_back(match(i, i + 3, 20, 30));
-    EXPECT_EQ(groups(none), 2u);  // two of each may agree by chance
-  }
+  matches.push_back(match(0, 3, 20, 30));
+  EXPECT_EQ(groups(none), 2u);  // one alone may be a repetition
+  matches.push_back(match(0, 4, 25, 30));
+  EXPECT_EQ(groups(none), 2u);  // of one recording
   matches.push_back(match(2, 5, 20, 30));
   EXPECT_EQ(groups(none), 1u);
   EXPECT_EQ(groups([](int, int) { return true; }), 2u);  // three of the nine that must hear so
   matches.back() = match(2, 5, 20, 30, {60});
   EXPECT_EQ(groups(none), 2u);  // it repeats
+  matches.back().rivals.clear();
+  for (Recording& recording : recordings) recording.device = -1;
+  EXPECT_EQ(groups(none), 2u);  // all may be of one device
 }
 
 }  // namespace

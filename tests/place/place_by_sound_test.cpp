@@ -138,8 +138,8 @@ TEST(PairSearch, APairHeardTwiceIsHeardOnce) {
   shoot.add("b", recorded(1, 12.5, 40));
   const SoundReader sound = shoot.reader();
   const PlacementProgress progress;
-  Matchmaker search(shoot.recordings, sound, progress);
-  search.followVotes(std::vector<vote::Suspicion>{{0, 1, {12.5}, 9}, {1, 0, {-12.5}, 8}});
+  PairSearch search(shoot.recordings, sound, progress);
+  search.followVotes(std::vector<vote::PairCandidates>{{0, 1, {12.5}, 9}, {1, 0, {-12.5}, 8}});
   ASSERT_EQ(search.matches().size(), 1u);
   EXPECT_TRUE(search.matches()[0].rivals.empty());
   EXPECT_TRUE(search.heard(1, 0));

@@ -6,7 +6,7 @@
 #include <random>
 #include <set>
 
-#include "vote/suspicion.h"
+#include "vote/pair_candidates.h"
 
 namespace vote {
 namespace {

@@ -8,7 +8,7 @@
 namespace vote {
 
 /// Supposed offsets of one pair.
-struct Suspicion {
+struct PairCandidates {
   int first, second;            // file indices
   std::vector<double> offsets;  // seconds of second's start on first's clock, likeliest first
   double significance = 0;      // of the likeliest
@@ -20,6 +20,6 @@ double significanceOf(const PairVote& vote);
 
 /// The pairs whose votes suggest something, most significant first. A vote's own choice comes
 /// before its other peaks only where it was accepted.
-std::vector<Suspicion> suspicionsOf(std::span<const PairVote> votes);
+std::vector<PairCandidates> candidatesOf(std::span<const PairVote> votes);
 
 }  // namespace vote

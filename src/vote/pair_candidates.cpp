@@ -1,4 +1,4 @@
-#include "vote/suspicion.h"
+#include "vote/pair_candidates.h"
 
 #include <algorithm>
 #include <cmath>
@@ -25,8 +25,8 @@ double highestPeak(const PairVote& vote) {
   return highest;
 }
 
-Suspicion suspicionOf(const PairVote& vote) {
-  Suspicion s{vote.first, vote.second, {}, significanceOf(vote)};
+PairCandidates suspicionOf(const PairVote& vote) {
+  PairCandidates s{vote.first, vote.second, {}, significanceOf(vote)};
   if (accepted(vote)) addOffset(s.offsets, vote.stats->bestOffset);
   for (const DeltaPeak& peak : vote.peaks)
     if (peak.significance >= kFaint * highestPeak(vote)) addOffset(s.offsets, peak.offsetSeconds);
@@ -40,11 +40,11 @@ double significanceOf(const PairVote& vote) {
   return std::max(highestPeak(vote), accepted(vote) ? double(vote.stats->sections) : 0.0);
 }
 
-std::vector<Suspicion> suspicionsOf(std::span<const PairVote> votes) {
-  std::vector<Suspicion> all;
+std::vector<PairCandidates> candidatesOf(std::span<const PairVote> votes) {
+  std::vector<PairCandidates> all;
   for (const PairVote& vote : votes)
-    if (Suspicion s = suspicionOf(vote); !s.offsets.empty()) all.push_back(std::move(s));
-  std::ranges::stable_sort(all, std::greater{}, &Suspicion::significance);
+    if (PairCandidates s = suspicionOf(vote); !s.offsets.empty()) all.push_back(std::move(s));
+  std::ranges::stable_sort(all, std::greater{}, &PairCandidates::significance);
   return all;
 }
 
