@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <functional>
 #include <cstdio>
 #include <cstdlib>
 #include <string>
@@ -99,8 +100,8 @@ std::vector<align::WindowCorrelation> windowsOf(const Overlap& overlap) {
   }
   auto lags = align::correlate(pieces, kMaxLag);
   for (std::size_t i = 0; i < count; ++i) {
-    for (int lag = -kMaxLag; lag <= kMaxLag; ++lag)
-      lags[i][std::size_t(lag + kMaxLag)] /= align::chanceAt(lag, kWindow);
+    const std::vector<float> chance = align::chanceOf(pieces[i], kMaxLag);
+    std::ranges::transform(lags[i], chance, lags[i].begin(), std::divides());
     windows[i].lags = std::move(lags[i]);
   }
   return windows;

@@ -23,6 +23,7 @@ report::Outcome weddingOutcome() {
   camera.device = 2;
   camera.errorSeconds = 0.00042;
   camera.driftPpm = -12.34;
+  camera.leftOutOfSync = 0.0062;
   camera.matchedWith = {"/rec/take.wav"};
   outcome.groups = {{"Group 1", {recorder, camera}}};
   outcome.unsynced = {{"/cam a/C01.MP4", "Nothing else heard this.", "Try the slow speed."}};
@@ -35,10 +36,10 @@ TEST(SummaryText, TellsPlacesThenWhatStandsAloneThenWhatWasIgnored) {
             "Synchronised 2 of 4 files in 1 group.\n\n"
             "Group 1: 2 recordings of 2 devices, 1:02:05.500 long\n"
             "  Recording      Device     Position       Length  Confidence  Exact to  Clock drift"
-            "  at its end\n"
+            "  leaves\n"
             "  take.wav            1  0:00:00.000  1:02:05.500       100 %\n"
             "  cam b/C01.MP4       2  0:01:01.235  0:16:40.000        93 %    0.4 ms    -12.3 ppm"
-            "    -12.3 ms\n\n"
+            "  6.2 ms\n\n"
             "Standing alone: nothing matches them surely enough\n"
             "  cam a/C01.MP4\n"
             "      Nothing else heard this.\n"
