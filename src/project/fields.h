@@ -67,6 +67,7 @@ void fields(auto& visit, Like<MediaFacts> auto& facts) {
   visit("sounds", facts.sounds);
   visit("timecode", facts.timecode);
   visit("device_model", facts.deviceModel);
+  visit("recorded_at", facts.recordedAt);
   visit("length_seconds", facts.lengthSeconds);
 }
 

@@ -60,6 +60,9 @@ struct MediaFacts {
   std::vector<Sound> sounds;         // in the order of the file
   std::optional<Timecode> timecode;  // none: the file begins at 0
   std::string deviceModel;           // of the camera or recorder, as it wrote it; may be empty
+  /// When recording began by the device's clock, as the file tells: seconds since 1970, in the time
+  /// zone of the device, so that only differences within one device mean something; 0: not told.
+  std::int64_t recordedAt = 0;
   double lengthSeconds = 0;          // of the whole file
   bool operator==(const MediaFacts&) const = default;
 };

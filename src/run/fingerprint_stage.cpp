@@ -20,7 +20,10 @@ void EarlyListener::listen(const std::string& sound) {
   const analysis::FingerprintListener listener{
       services_.console, log, {}, {}, [&] { return services_.cancelled.load(); }};
   analysis::Heard heard = analysis::fingerprintFile(sound, decay_, listener);
-  if (services_.cancelled) return;
+  if (!services_.cancelled) put(sound, std::move(heard));
+}
+
+void EarlyListener::put(const std::string& sound, analysis::Heard heard) {
   const std::lock_guard lock(mutex_);
   heard_.insert_or_assign(sound, std::move(heard));
 }

@@ -21,6 +21,9 @@ class EarlyListener {
   /// from several threads at once.
   void listen(const std::string& sound);
 
+  /// What was heard of a sound in an earlier run.
+  void put(const std::string& sound, analysis::Heard heard);
+
   /// What was heard of a sound, once; none if it was not listened to. For several threads at once.
   std::optional<analysis::Heard> take(const std::string& sound);
 

@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <charconv>
+#include <chrono>
 #include <cmath>
+#include <cstdio>
 #include <iterator>
 #include <sstream>
 
@@ -113,6 +115,26 @@ std::string modelOf(const FileFields& file) {
   return file.pictures.empty() ? file.general.text("Producer") : "";  // the recorder's, in bext
 }
 
+/// The moment of the first text that holds a date and a time of day, "2024-05-18 14:05:09", in
+/// seconds since 1970 and whatever zone it speaks of.
+std::int64_t recordedAt(const StreamFields& general) {
+  for (const char* field : {"Recorded_Date", "Encoded_Date", "Mastered_Date", "Tagged_Date"}) {
+    const std::string text = general.text(field);
+    int year = 0, month = 0, day = 0, hour = 0, minute = 0, second = 0;
+    const std::size_t digits = text.find_first_of("0123456789");
+    if (digits == text.npos || std::sscanf(text.c_str() + digits, "%4d-%2d-%2d%*1[ T]%2d:%2d:%2d",
+                                           &year, &month, &day, &hour, &minute, &second) != 6)
+      continue;
+    const std::chrono::year_month_day date{std::chrono::year(year),
+                                           std::chrono::month(static_cast<unsigned>(month)),
+                                           std::chrono::day(static_cast<unsigned>(day))};
+    if (!date.ok() || year <= 1970) continue;  // a clock that was never set
+    const auto days = std::chrono::sys_days(date).time_since_epoch().count();
+    return std::int64_t(days) * 86400 + hour * 3600 + minute * 60 + second;
+  }
+  return 0;
+}
+
 }  // namespace
 
 std::string StreamFields::text(const std::string& field) const {
@@ -148,6 +170,7 @@ MediaProperties propertiesOf(const FileFields& file) {
           soundStart(file.pictures.front(), stream, facts.timecode ? facts.timecode->seconds() : 0);
   }
   facts.deviceModel = modelOf(file);
+  facts.recordedAt = recordedAt(file.general);
   facts.lengthSeconds = file.general.seconds("Duration");
   return media;
 }

@@ -7,4 +7,7 @@ extern const char* const kMediaInfoFile;
 extern const char* const kMediaInfoRemedy;
 extern const char* const kFfmpegRemedy;
 
+// Where programs keep what can be made again, below the user's own folder.
+extern const char* const kCacheFolder;
+
 }  // namespace run

@@ -7,4 +7,6 @@ const char* const kMediaInfoRemedy = "Install the MediaInfo library (package lib
 const char* const kFfmpegRemedy =
     "Install ffmpeg (package ffmpeg), or put it beside this program.";
 
+const char* const kCacheFolder = "/.cache";
+
 }  // namespace run

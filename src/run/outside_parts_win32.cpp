@@ -8,4 +8,6 @@ const char* const kMediaInfoRemedy =
 const char* const kFfmpegRemedy =
     "Put ffmpeg.exe back beside this program, or install the program anew.";
 
+const char* const kCacheFolder = "/AppData/Local";
+
 }  // namespace run

@@ -1,9 +1,10 @@
 #include "run/project_report.h"
 
-#include <algorithm>
+#include <cmath>
 #include <map>
 
 #include "project/look_up.h"
+#include "report/text.h"
 
 namespace run {
 namespace {
@@ -22,6 +23,11 @@ std::map<Id, int> deviceNumbers(const Project& project) {
   return numbers;
 }
 
+bool isShown(const Project& project, const project::Clip& clip) {
+  const bool byClock = clip.placedBy == project::PlacedBy::clock;
+  return !clip.excluded && (!byClock || project.settings.clipsByClock);
+}
+
 Member memberOf(const Project& project, const project::Clip& clip) {
   const project::Recording& recording = *findRecording(project, clip.recording);
   Member member;
@@ -29,7 +35,7 @@ Member memberOf(const Project& project, const project::Clip& clip) {
   member.offsetSeconds = clip.startSeconds;
   member.durationSeconds = recording.lengthSeconds;
   if (const auto& picture = mainFile(recording).facts.picture; picture && picture->rate.known())
-    member.frameRate = picture->rate.perSecond();
+    member.frameRate = std::round(picture->rate.perSecond() * 1000) / 1000;  // 29.97
   member.confidence = clip.confidence;
   member.driftPpm = clip.driftPpm;
   member.errorSeconds = clip.errorSeconds;
@@ -42,7 +48,7 @@ Group groupOf(const Project& project, const project::Group& placed,
               const std::map<Id, int>& devices) {
   Group group{placed.name, {}};
   for (const project::Clip& clip : placed.clips) {
-    if (clip.excluded) continue;
+    if (!isShown(project, clip)) continue;
     group.members.push_back(memberOf(project, clip));
     group.members.back().device = devices.at(clip.recording);
   }
@@ -52,9 +58,14 @@ Group groupOf(const Project& project, const project::Group& placed,
   return group;
 }
 
-LeftOut leftOut(const project::Recording& recording, bool excluded) {
+LeftOut leftOut(const project::Recording& recording, const project::Clip* clip) {
   const std::string& path = mainFile(recording).path;
-  if (excluded) return {path, "It was excluded by hand.", "Include it again if it is wanted."};
+  if (clip && !clip->excluded)
+    return {path,
+            "No sound places it. By its device's clock it begins " +
+                report::clockText(clip->startSeconds) + " into its group, to about 2 s.",
+            "Have it in the documents with --by-clock, or place it by hand."};
+  if (clip) return {path, "It was excluded by hand.", "Include it again if it is wanted."};
   if (recording.leftOut) return {path, recording.leftOut->reason, recording.leftOut->remedy};
   return {path, "It was not compared yet.", "Synchronise the project."};
 }
@@ -71,9 +82,9 @@ Outcome outcomeOf(const Project& project) {
   for (const project::Recording* recording : allRecordings(project)) {
     const project::Clip* clip = clipOf(project, recording->id);
     if (!recording->usable)
-      outcome.ignored.push_back(leftOut(*recording, false));
-    else if (!clip || clip->excluded)
-      outcome.unsynced.push_back(leftOut(*recording, clip != nullptr));
+      outcome.ignored.push_back(leftOut(*recording, nullptr));
+    else if (!clip || !isShown(project, *clip))
+      outcome.unsynced.push_back(leftOut(*recording, clip));
   }
   outcome.outputs = project.written.files;
   outcome.notices = project.written.notices;

@@ -5,6 +5,7 @@
 #include <map>
 #include <set>
 
+#include "project/clock_placement.h"
 #include "project/device_detection.h"
 #include "project/edit.h"
 #include "project/file_stamp.h"
@@ -85,7 +86,7 @@ class Filling {
     takeOldClips();
     for (const place::PlacedGroup& group : findings_.placement.groups) placeGroup(group);
     takeEvidence();
-    project::tidy(project_);
+    project_ = project::placeByClock(std::move(project_));
   }
 
  private:
@@ -95,7 +96,7 @@ class Filling {
   void placeGroup(const place::PlacedGroup& placed);
   Clip clipFor(const place::Placed& member);
   const place::Placed* anchorOf(const place::Placed& member,
-                                   const place::PlacedGroup& placed) const;
+                                const place::PlacedGroup& placed) const;
   bool stands(int file) const { return clipOf(project_, ids_[file]) != nullptr; }
   void takeEvidence();
 
@@ -143,7 +144,8 @@ void Filling::takeReasons() {
 void Filling::takeOldClips() {
   for (project::Group& group : project_.groups)
     std::erase_if(group.clips, [&](const Clip& clip) {
-      if (!toPlace_.contains(clip.recording)) return false;
+      const bool byClock = clip.placedBy == project::PlacedBy::clock && !clip.pinned;
+      if (!toPlace_.contains(clip.recording)) return byClock;  // worked out anew at the end
       oldClips_.emplace(clip.recording, clip);
       return true;
     });
@@ -170,7 +172,7 @@ Clip Filling::clipFor(const place::Placed& member) {
 /// The clip that stands in the project already and tells best where `member` belongs: the one that
 /// it matches most strongly, else the nearest.
 const place::Placed* Filling::anchorOf(const place::Placed& member,
-                                          const place::PlacedGroup& placed) const {
+                                       const place::PlacedGroup& placed) const {
   const auto find = [&](int file) {
     const auto found = std::ranges::find(placed.members, file, &place::Placed::file);
     return found == placed.members.end() ? nullptr : &*found;
@@ -202,7 +204,11 @@ void Filling::placeGroup(const place::PlacedGroup& placed) {
     }
   }
   for (auto& [group, clip] : beside) findGroup(project_, group)->clips.push_back(std::move(clip));
-  if (fresh.clips.empty()) return;
+  if (fresh.clips.size() == 1)
+    findRecording(project_, fresh.clips.front().recording)->leftOut =
+        project::Reason{"It matches only recordings that have no place and were not to be placed.",
+                        "Synchronise them together with it."};
+  if (fresh.clips.size() < 2) return;
   fresh.id = freshId(project_);
   fresh.name = project::freshGroupName(project_);
   project_.groups.push_back(std::move(fresh));

@@ -47,7 +47,8 @@ Steps::Steps(const Services& services, const Options& options, const Settings& s
       outcome_(outcome),
       project_(project),
       spare_(spare),
-      early_(settings.tolerance, services) {}
+      early_(settings.tolerance, services),
+      kept_(services.cache, spare) {}
 
 std::vector<std::string> Steps::run(const std::vector<std::string>& videofiles) {
   if (const std::string why = whyRefused(videofiles); !why.empty()) {
@@ -103,8 +104,9 @@ void Steps::convert() {
   report::appendLogLine("pred ffmpeg..");  // before ffmpeg
   places_.emplace(list_, spare_);
   const std::vector<MediaProperties> media = askAll(list_, services_);
+  const std::vector<std::string> rest = kept_.fetch(list_);
   const auto listen = [&](const std::string& sound) { early_.listen(sound); };
-  const std::vector<Conversion> results = convertAll(list_, *places_, services_, media, listen);
+  const std::vector<Conversion> results = convertAll(rest, *places_, services_, media, listen);
   services_.progress.moveprogressslot(0);
   report::appendLogLine("posle ffmpeg..");  // after ffmpeg
   material_.entries = makeEntries(list_);
@@ -112,6 +114,7 @@ void Steps::convert() {
     takeOver(results[i], material_.entries[i]);
     material_.entries[i].media = media[i];
   }
+  kept_.putInto(material_.entries);
   addEntries(project_, material_.entries);
   report::appendLogLine("fahlovite se resemplirani vo 8000hz -------------------------");
   const std::vector<std::string> names = convertedNames(list_);
@@ -124,12 +127,18 @@ void Steps::probe() {
   markUnconverted(material_.entries);
   probeAll(material_.entries, services_, result_, outcome_.ignored);
   dropMarked(material_.entries);
-  for (const std::string& notice : useOtherTracks(material_.entries, spare_, services_))
+  for (const std::string& notice : useOtherTracks(material_.entries, spare_, services_)) {
     addNotice(notice);
+    kept_.forget(notice);
+  }
   for (const std::string& notice : noticesOf(missing, material_.entries)) addNotice(notice);
 }
 
-void Steps::fingerprint() { fingerprintAll(material_, settings_.tolerance, services_, early_); }
+void Steps::fingerprint() {
+  kept_.fetchHeard(settings_.tolerance, early_);
+  fingerprintAll(material_, settings_.tolerance, services_, early_);
+  if (!services_.cancelled) kept_.keepHeard(material_, settings_.tolerance);
+}
 
 void Steps::keep() {
   services_.console.line("desktop path:" + resultsFolder());
@@ -148,6 +157,7 @@ void Steps::keep() {
          lost ? "Make room on the drives of the desktop and temporary folders." : "Start again."});
   }
   for (const std::string& notice : noticesOfSounds(material_)) addNotice(notice);
+  kept_.keepSounds(material_);
 }
 
 void Steps::compare() {

@@ -10,6 +10,7 @@
 #include "run/fingerprint_stage.h"
 #include "run/kept_sounds.h"
 #include "run/material.h"
+#include "run/kept_hearing.h"
 #include "run/sound_places.h"
 #include "run/sync_run.h"
 
@@ -54,6 +55,7 @@ class Steps {
   std::optional<SoundPlaces> places_;
   EarlyListener early_;
   Material material_;
+  KeptHearing kept_;
   Comparison comparison_;
   place::Placement placement_;
 };

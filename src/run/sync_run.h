@@ -17,6 +17,7 @@ class Clock;          // run/clock.h
 class Desktop;        // run/desktop.h
 class MediaProbe;     // run/media_probe.h
 class ProcessRunner;  // run/process.h
+class SoundCache;     // run/sound_cache.h
 
 enum class Stage { convert, probe, fingerprint, compare, place, write };
 
@@ -41,6 +42,7 @@ struct Services {
   report::Console& console;
   Progress& progress;
   const std::atomic<bool>& cancelled;  // polled at every file and pair
+  const SoundCache* cache = nullptr;   // what was heard in earlier runs; none: hear all anew
 };
 
 /// Settings beyond those that `synco` takes.

@@ -6,6 +6,7 @@
 #include "run/desktop.h"
 #include "run/media_probe.h"
 #include "run/process.h"
+#include "run/sound_cache.h"
 #include "run/sync_run.h"
 
 namespace run {
@@ -17,6 +18,14 @@ class SystemServices {
   Services with(report::Console& console, Progress& progress, const std::atomic<bool>& cancelled) {
     return {processes_, probe_, clock_, desktop_, console, progress, cancelled};
   }
+  /// The same with what this user's earlier runs have heard.
+  Services withCache(report::Console& console, Progress& progress,
+                     const std::atomic<bool>& cancelled) {
+    Services services = with(console, progress, cancelled);
+    cache_ = SoundCache(SoundCache::usualFolder());
+    services.cache = &cache_;
+    return services;
+  }
   Desktop& desktop() { return desktop_; }
   MediaProbe& probe() { return probe_; }
 
@@ -25,6 +34,7 @@ class SystemServices {
   MediaInfoProbe probe_;
   SystemClock clock_;
   SystemDesktop desktop_;
+  SoundCache cache_{""};
 };
 
 }  // namespace run

@@ -12,6 +12,7 @@ inline Project fullProject() {
   camera.facts.sounds = {{2, 48000, 24, {"L", "R"}, 10.25, -0.5}, {1, 44100, 16, {"C"}, 3, 0.25}};
   camera.facts.timecode = Timecode{{30000, 1001}, 107892, true};
   camera.facts.deviceModel = "Example X100";
+  camera.facts.recordedAt = 1716041109;
   camera.facts.lengthSeconds = 10.125;
   const MediaFile lost{"/media/card/100% \xff\n\xe2\x82\xac.WAV", 7, 8, {}, {}};
   const Recording first{3, {camera, lost}, 10.2, 0.1, 1, true, {}, {}};

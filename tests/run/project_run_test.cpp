@@ -8,6 +8,7 @@
 #include "run/document_stage.h"
 #include "run/entries.h"
 #include "run/project_stage.h"
+#include "run/sound_cache.h"
 
 namespace fs = std::filesystem;
 using project::Id;
@@ -16,12 +17,25 @@ using Strings = std::vector<std::string>;
 
 namespace {
 
+/// Counts the files that real programs are asked to convert.
+class CountingProcesses final : public run::ProcessRunner {
+ public:
+  run::ProcessResult run(const run::Command& command, const std::atomic<bool>& stop) override {
+    for (const std::string& word : command.arguments)
+      converted += word.ends_with(run::kConvertedSuffix) && !word.starts_with(run::kDummyEntry);
+    return programs_.run(command, stop);
+  }
+  std::atomic<int> converted = 0;
+
+ private:
+  run::SystemProcesses programs_;
+};
+
 /// A run over an event, and what it filled.
 struct ProjectRun {
   Project run(const Strings& list) {
-    const run::Services services{event.systemProcesses, event.mediaInfo, event.clock,
-                                 event.desktop,         event.console,   event.progress,
-                                 event.cancelled};
+    const run::Services services{processes,     event.mediaInfo, event.clock,     event.desktop,
+                                 event.console, event.progress,  event.cancelled, cache};
     run::SyncRun run(services, event.options);
     (void)run.synco(list, 0.99, 1280, 720, 29.97f, 1);
     event.outcome = run.outcome();
@@ -46,6 +60,8 @@ struct ProjectRun {
     return texts;
   }
   Event event;
+  CountingProcesses processes;
+  const run::SoundCache* cache = nullptr;
 };
 
 Id idOf(const Project& project, const std::string& path) {
@@ -156,6 +172,28 @@ TEST(ProjectRun, PlacesSelectedClipsAgainAgainstPinnedOnes) {
   const double toA = startOf(third, b) - startOf(third, a);
   const double toC = startOf(third, b) - startOf(third, c);
   EXPECT_TRUE(std::abs(toA - 10) < 0.05 || std::abs(toC + 10) < 0.05) << toA << ' ' << toC;
+}
+
+TEST(ProjectRun, WhatWasHeardOnceIsNotDecodedAgain) {
+  ProjectRun run;
+  Event& event = run.event;
+  const auto sound = liveSound(60, 10);
+  const std::string a = event.sound("a.wav", cut(sound, 0, 40));
+  const std::string b = event.clip("b.mp4", cut(sound, 10, 50));
+  const std::string c = event.sound("c.wav", liveSound(20, 11));
+  const run::SoundCache cache(report::toUtf8(event.work() / "cache"));
+  run.cache = &cache;
+  const Project first = run.run({a, b, c});
+  ASSERT_EQ(first.groups.size(), 1u);
+  EXPECT_EQ(run.processes.converted, 3);
+  EXPECT_GT(cache.bytes(), 1'000'000u);
+  EXPECT_EQ(run.run({a, b, c}), first);
+  EXPECT_EQ(run.processes.converted, 3);
+  // another sound in place of one of them is heard
+  (void)event.sound("c.wav", cut(sound, 15, 40));
+  const Project third = run.run({a, b, c});
+  EXPECT_EQ(run.processes.converted, 4);
+  EXPECT_NEAR(startOf(third, c) - startOf(third, a), 15, 0.05);
 }
 
 #endif
