@@ -1,24 +1,26 @@
 #include "cli/align.h"
 
 #include <algorithm>
-#include <cerrno>
 #include <cstdio>
-#include <cstring>
 #include <functional>
 
 #include "cli/inputs.h"
 #include "cli/interrupt.h"
+#include "cli/option_values.h"
+#include "cli/output_places.h"
 #include "cli/progress_line.h"
-#include "cli/result_json.h"
+#include "cli/talk.h"
 #include "cli/terminal.h"
+#include "project/project_file.h"
 #include "report/disk.h"
 #include "report/files.h"
 #include "report/profile.h"
 #include "report/run_report.h"
-#include "report/summary.h"
-#include "report/text.h"
 #include "run/entries.h"
 #include "run/own_folder.h"
+#include "run/project_report.h"
+#include "run/project_stage.h"
+#include "run/results_folder.h"
 #include "run/system_services.h"
 
 namespace cli {
@@ -26,55 +28,93 @@ namespace {
 
 constexpr char kNoMedia[] = "No media file was found; give media files or a folder that holds them";
 
-void say(const std::string& line) { std::fputs((report::printable(line) + "\n").c_str(), stderr); }
-
-int fail(const std::string& problem) {
-  say("kestrel-align: " + problem);
-  return kFailed;
-}
-
-/// Shows the diagnostic lines beside the result, never in it.
-class ErrorConsole final : public report::Console {
- public:
-  void line(std::string_view text) override { say(std::string(text)); }
-};
-
-void useProfile(const std::string& folder) {
-  if (folder.empty()) return;
+/// The folder is made if it is missing. Why it cannot be used; empty if it can.
+std::string useProfile(const std::string& folder) {
+  if (folder.empty()) {
+    const bool known = !report::profileFolder().empty();
+    return known ? "" : "There is no home folder to write to; name a folder with --profile";
+  }
   std::string text = report::wholePath(folder);
   if (text.size() > 1 && text.ends_with('/')) text.pop_back();
   report::useProfileFolder(text);
+  return whyFolderNotWritable(text);
+}
+
+/// Hours of listening are not for nothing: looks at every place of results before.
+std::string whyNoPlace(const Arguments& arguments) {
+  if (std::string why = whyFolderNotWritable(run::resultsFolder()); !why.empty()) return why;
+  for (const std::string& file : {arguments.output, arguments.json})
+    if (!file.empty() && file != "-")
+      if (std::string why = whyNotWritable(file); !why.empty()) return why;
+  return {};
 }
 
 /// The outcome, and what the end-of-run report is made from.
 struct Finished {
   report::Outcome outcome;
+  project::Project project;
   std::vector<std::string> result;
 };
 
-run::Options optionsOf(const Arguments& arguments) {
+run::Options optionsOf(const Arguments& arguments, const Inputs& inputs) {
   run::Options options;
-  options.align = arguments.align;
+  options.project = inputs.project;
+  project::Settings& settings = options.project.settings;
+  settings = settingsOf(arguments, settings);
+  options.align = settings.bySound;
   options.openFolders = arguments.open;
-  options.compactXmeml = arguments.compactXmeml;
-  options.formats = arguments.formats;
-  if (!arguments.drift.empty()) options.drift = arguments.drift;
-  if (arguments.replaceAudio) options.replaceAudio = true;
-  if (arguments.cameraSound) options.cameraSound = true;
+  options.compactXmeml = settings.compactXmeml;
+  options.formats = settings.formats;
+  options.drift = settings.drift;
+  options.replaceAudio = settings.replaceAudio;
+  options.cameraSound = settings.cameraSound;
+  options.again = inputs.again;
   return options;
 }
 
-Finished synchronise(const Arguments& arguments, const std::vector<std::string>& entries,
-                     run::SystemServices& system, report::Console& console) {
+/// What stands where by now, with clips that the run left where they were or a clock placed.
+void showProject(const project::Project& project, report::Outcome& outcome) {
+  report::Outcome now = run::outcomeOf(project);
+  for (report::Group& group : now.groups)
+    for (report::Member& member : group.members)
+      for (const report::Group& placed : outcome.groups)
+        if (const auto same = std::ranges::find(placed.members, member.path, &report::Member::path);
+            same != placed.members.end())
+          member.leftOutOfSync = same->leftOutOfSync;
+  outcome.groups = std::move(now.groups);
+  outcome.unsynced = std::move(now.unsynced);
+  outcome.ignored = std::move(now.ignored);
+}
+
+Finished synchronise(const Arguments& arguments, const Inputs& inputs, run::SystemServices& system,
+                     report::Console& console) {
   const bool showProgress = !arguments.quiet && !arguments.verbose;
   ProgressLine progress(stderr, [=] { return showProgress ? errorTerminalColumns() : 0; });
-  run::SyncRun run(system.with(console, progress, interrupted()),
-                   optionsOf(arguments));
+  const run::Options options = optionsOf(arguments, inputs);
+  const project::Settings settings = options.project.settings;
+  const project::FrameSize size = settings.frameSize.value_or(project::FrameSize{});
+  const double rate = settings.framesPerSecond.value_or(kAutomatic);
+  std::vector<std::string> list = run::listOf(inputs.project);
+  list.insert(list.end(), inputs.entries.begin(), inputs.entries.end());
+  run::SyncRun run(arguments.cache ? system.withCache(console, progress, interrupted())
+                                   : system.with(console, progress, interrupted()),
+                   options);
   Finished finished;
-  finished.result = run.synco(entries, arguments.tolerance, arguments.width, arguments.height,
-                              static_cast<float>(arguments.framesPerSecond), arguments.mode);
+  finished.result = run.synco(std::move(list), settings.tolerance, size.width, size.height,
+                              static_cast<float>(rate), settings.mode);
   finished.outcome = run.outcome();
+  finished.project = run.project();
+  if (!finished.outcome.cancelled && !finished.outcome.refused)
+    showProject(finished.project, finished.outcome);
   return finished;
+}
+
+/// Keeps the result under the name that was asked for.
+report::Status keep(const std::string& path, Finished& finished) {
+  if (path.empty()) return {};
+  const report::Status saved = project::saveProject(finished.project, path);
+  if (saved.ok()) finished.outcome.project = path;
+  return saved;
 }
 
 void writeProblems(const Arguments& arguments, Finished& finished, run::SystemServices& system,
@@ -95,65 +135,53 @@ std::vector<std::string> notesOf(const report::Outcome& outcome) {
   return notes;
 }
 
-std::string outputsText(const report::Outcome& outcome) {
-  if (outcome.outputs.empty()) return {};
-  std::string text = "\nDocuments\n";
-  for (const std::string& path : outcome.outputs) text += "  " + report::printable(report::nativeSlashes(path)) + '\n';
-  return text;
-}
-
-/// Standard output holds the table or, where asked for, the JSON alone.
-report::Status show(const report::Outcome& outcome, const std::string& jsonFile) {
-  const std::string json = jsonFile.empty() ? "" : resultJson(outcome);
-  const std::string text =
-      jsonFile == "-" ? json : report::summaryText(outcome) + outputsText(outcome);
-  const bool shown = std::fwrite(text.data(), 1, text.size(), stdout) == text.size();
-  if (std::fflush(stdout) != 0 || !shown)
-    return {std::string("The result cannot be shown: ") + std::strerror(errno)};
-  if (jsonFile.empty() || jsonFile == "-") return {};
-  return report::writeWhole(report::fromUtf8(jsonFile), json);
-}
-
 int exitStatus(const report::Outcome& outcome) {
   if (outcome.cancelled) return kInterrupted;
   if (!outcome.failures.empty()) return kFailed;
-  if (!outcome.groups.empty()) return kSynchronised;
+  const auto isTable = [](const std::string& path) { return path.ends_with(".csv"); };
+  const bool noDocument = std::ranges::all_of(outcome.outputs, isTable);
+  if (!outcome.groups.empty()) return noDocument ? kFailed : kSynchronised;
   return outcome.unsynced.empty() ? kFailed : kNothingMatched;  // failed: not one could be heard
 }
 
-bool holdsFile(const std::vector<std::string>& entries) {
-  return !std::ranges::all_of(entries, run::isMarker);
+bool holdsFile(const Inputs& inputs) {
+  return !inputs.project.devices.empty() || !std::ranges::all_of(inputs.entries, run::isMarker);
+}
+
+int wrongUsage(const std::string& problem) {
+  const Parsed error = usageError(problem);
+  std::fputs(error.text.c_str(), stderr);
+  return error.exitStatus;
 }
 
 }  // namespace
 
 int align(const Arguments& arguments) {
-  useProfile(arguments.profile);
-  if (report::profileFolder().empty())
-    return fail("There is no home folder to write to; name a folder with --profile.");
   const Inputs inputs = collectInputs(arguments);
-  for (const std::string& notice : inputs.notices) say(notice);
-  if (!inputs.error.empty() || !holdsFile(inputs.entries)) {
-    const Parsed error = usageError(inputs.error.empty() ? kNoMedia : inputs.error);
-    std::fputs(error.text.c_str(), stderr);
-    return error.exitStatus;
-  }
-  const std::string json = arguments.json.empty() || arguments.json == "-"
-                               ? arguments.json
-                               : report::wholePath(arguments.json);
+  for (const std::string& notice : inputs.notices) say("Note: " + notice);
+  if (inputs.cannotOpen) return fail(inputs.error);
+  if (!inputs.error.empty()) return wrongUsage(inputs.error);
+  if (!holdsFile(inputs)) return wrongUsage(kNoMedia);
+  if (const std::string why = useProfile(arguments.profile); !why.empty()) return fail(why + ".");
+  if (const std::string why = whyNoPlace(arguments); !why.empty()) return fail(why + ".");
+  const std::string json = wholeFilePath(arguments.json);
+  const std::string output = wholeFilePath(arguments.output);
   run::workInOwnFolder();
   watchForInterrupt();
   run::SystemServices system;
   ErrorConsole errors;
   report::NoConsole nowhere;
   report::Console& console = arguments.verbose ? static_cast<report::Console&>(errors) : nowhere;
-  Finished finished = synchronise(arguments, inputs.entries, system, console);
-  if (!finished.outcome.cancelled && !finished.outcome.refused)
+  Finished finished = synchronise(arguments, inputs, system, console);
+  if (!finished.outcome.cancelled && !finished.outcome.refused) {
     writeProblems(arguments, finished, system, console);
+    if (const report::Status kept = keep(output, finished); !kept.ok())
+      run::addFailure("The project was not saved: " + kept.error + ".", finished.outcome);
+  }
   if (!arguments.quiet)
     for (const std::string& notice : notesOf(finished.outcome)) say("Note: " + notice);
   for (const std::string& failure : finished.outcome.failures) say("kestrel-align: " + failure);
-  const report::Status shown = show(finished.outcome, json);
+  const report::Status shown = showOutcome(finished.outcome, json);
   return shown.ok() ? exitStatus(finished.outcome) : fail(shown.error);
 }
 

@@ -7,6 +7,7 @@
 #include <ranges>
 
 #include "export/documents.h"
+#include "project/project_file.h"
 #include "report/disk.h"
 #include "report/files.h"
 #include "report/text.h"
@@ -93,6 +94,10 @@ std::string checkJsonFile(const std::string& value) {
   const std::filesystem::path folder = report::fromUtf8(value).parent_path();
   const bool usable = value == "-" || folder.empty() || checkFolder(report::toUtf8(folder)).empty();
   return usable ? "" : unusable(value, "a file in a folder that exists");
+}
+
+std::string checkProjectFile(const std::string& value) {
+  return project::isProjectPath(value) ? "" : unusable(value, "a name that ends in .kestrel");
 }
 
 std::string frameRates() {

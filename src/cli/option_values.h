@@ -19,6 +19,7 @@ std::string checkXmemlForm(const std::string& value);
 std::string checkDrift(const std::string& value);
 std::string checkFolder(const std::string& value);
 std::string checkJsonFile(const std::string& value);
+std::string checkProjectFile(const std::string& value);
 
 /// The frame rates to choose from, as they are written, and the names of the documents.
 std::string frameRates();

@@ -37,27 +37,31 @@ Json groupsJson(const report::Outcome& outcome) {
   return groups;
 }
 
-Json ignoredJson(const report::Outcome& outcome) {
-  Json ignored = Json::array();
-  for (const report::LeftOut& file : outcome.ignored)
-    ignored.push_back({{"path", file.path}, {"reason", file.reason}, {"remedy", file.remedy}});
-  return ignored;
+Json leftOutJson(const std::vector<report::LeftOut>& files) {
+  Json list = Json::array();
+  for (const report::LeftOut& file : files)
+    list.push_back({{"path", file.path}, {"reason", file.reason}, {"remedy", file.remedy}});
+  return list;
 }
 
-Json pathsJson(const std::vector<report::LeftOut>& files) {
-  Json paths = Json::array();
-  for (const report::LeftOut& file : files) paths.push_back(file.path);
-  return paths;
+/// The end of a run in a word.
+std::string_view statusOf(const report::Outcome& outcome) {
+  if (outcome.cancelled) return "cancelled";
+  const bool all = outcome.unsynced.empty() && outcome.ignored.empty();
+  if (!outcome.groups.empty()) return all ? "synchronised" : "partly";
+  return outcome.unsynced.empty() ? "failed" : "nothing_matched";
 }
 
 }  // namespace
 
 std::string resultJson(const report::Outcome& outcome) {
-  const Json result = {{"status", outcome.status},
+  const Json result = {{"status", statusOf(outcome)},
+                       {"message", outcome.status},
                        {"groups", groupsJson(outcome)},
-                       {"unsynced", pathsJson(outcome.unsynced)},
-                       {"ignored", ignoredJson(outcome)},
+                       {"unsynced", leftOutJson(outcome.unsynced)},
+                       {"ignored", leftOutJson(outcome.ignored)},
                        {"outputs", outcome.outputs},
+                       {"project", outcome.project.empty() ? Json(nullptr) : Json(outcome.project)},
                        {"notices", outcome.notices},
                        {"failures", outcome.failures}};
   return result.dump(2, ' ', false, Json::error_handler_t::replace) + '\n';

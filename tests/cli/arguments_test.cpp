@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "run/settings.h"
+
 namespace {
 
 using Strings = std::vector<std::string>;
@@ -26,16 +28,21 @@ TEST(Arguments, SettingsTakeTheirValues) {
                 "--formats", "fcpx,vegas", "--xmeml-form", "compact", "--no-align"});
   EXPECT_EQ(given.tolerance, run::kSlowTolerance);
   EXPECT_EQ(given.framesPerSecond, 29.97);
-  EXPECT_EQ(accepted({"a"}).framesPerSecond, 0);  // automatic
-  EXPECT_EQ(accepted({"a", "--fps", "auto", "--size", "auto"}).width, 0);
+  EXPECT_EQ(given.frameSize, (project::FrameSize{1280, 720}));
   EXPECT_EQ(accepted({"a", "--fps", "30000/1001"}).framesPerSecond, 29.97);
   EXPECT_EQ(accepted({"a", "--fps", "23.98"}).framesPerSecond, 23.976);
-  EXPECT_EQ(accepted({"a", "--size", "1080p"}).height, 1080);
-  EXPECT_EQ(std::pair(given.width, given.height), std::pair(1280, 720));
+  EXPECT_EQ(accepted({"a", "--size", "1080p"}).frameSize, (project::FrameSize{1920, 1080}));
+  project::Settings chosen;
+  chosen.framesPerSecond = 24;
+  chosen.frameSize = {640, 480};
+  EXPECT_EQ(cli::settingsOf(accepted({"a"}), chosen), chosen);
+  chosen = cli::settingsOf(accepted({"a", "--fps", "auto", "--size", "auto"}), chosen);
+  EXPECT_FALSE(chosen.framesPerSecond.has_value());
+  EXPECT_FALSE(chosen.frameSize.has_value());
   EXPECT_EQ(given.mode, 0);
   EXPECT_EQ(given.formats, (Strings{"fcpx", "vegas"}));
-  EXPECT_TRUE(given.compactXmeml);
-  EXPECT_FALSE(given.align);
+  EXPECT_EQ(given.compactXmeml, true);
+  EXPECT_TRUE(given.votesOnly);
   EXPECT_EQ(accepted({"a", "--tolerance", "0.97"}).tolerance, 0.97);
 }
 
@@ -53,7 +60,12 @@ TEST(Arguments, WrongUsageNamesTheOptionAndTheRemedy) {
                         {{"a", "--tolerance", "0,9"}, "--tolerance", "between 0 and 1"},
                         {{"a", "--mode", "x"}, "--mode", "whole number"},
                         {{"a", "--formats", "fcp,avid"}, "--formats", "fcp,premiere,fcpx"},
-                        {{"a", "--profile", "/no/such"}, "--profile", "folder that exists"},
+                        {{"a", "-o", "wedding"}, "--output", "ends in .kestrel"},
+                        {{"--device", "a", "b"}, "one device", "put -- before the others"},
+                        {{"export"}, "project", ".kestrel"},
+                        {{"show", "a.kestrel", "b.kestrel"}, "one project", ".kestrel"},
+                        {{"show", "a.kestrel", "--formats", "otio"}, "--formats", "--help"},
+                        {{"a", "--devices-in", "/no/such"}, "--devices-in", "folder that exists"},
                         {{"a", "--json", "/no/such/x.json"}, "--json", "folder that exists"},
                         {{"--device", "--fps", "25"}, "--device", "needs files"},
                         {{"a", "--fast"}, "--fast", "--help"},
@@ -66,6 +78,24 @@ TEST(Arguments, WrongUsageNamesTheOptionAndTheRemedy) {
     EXPECT_NE(parsed.text.find(c.option), std::string::npos) << parsed.text;
     EXPECT_NE(parsed.text.find(c.remedy), std::string::npos) << parsed.text;
   }
+}
+
+TEST(Arguments, TheFirstWordMayBeACommand) {
+  EXPECT_EQ(accepted({"sync", "a"}).entries, Strings{"a"});
+  EXPECT_EQ(accepted({"./sync"}).entries, Strings{"./sync"});
+  EXPECT_EQ(accepted({"a", "export"}).entries, (Strings{"a", "export"}));
+  const cli::Arguments given =
+      accepted({"export", "w.kestrel", "--formats", "otio", "--by-clock", "--to", "x"});
+  EXPECT_EQ(given.command, cli::Command::exportDocuments);
+  EXPECT_EQ(given.folder, "x");
+  project::Settings settings;
+  settings.framesPerSecond = 50;
+  settings.mode = 0;
+  settings = cli::settingsOf(given, settings);
+  EXPECT_EQ(settings.framesPerSecond, 50) << "what is not given stays as the project has it";
+  EXPECT_EQ(settings.mode, 0);
+  EXPECT_EQ(settings.formats, Strings{"otio"});
+  EXPECT_TRUE(settings.clipsByClock);
 }
 
 TEST(Arguments, HelpHasAnExampleAndFitsATerminal) {

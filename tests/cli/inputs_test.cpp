@@ -4,6 +4,8 @@
 
 #include <filesystem>
 
+#include "project/edit.h"
+#include "project/project_file.h"
 #include "report/files.h"
 #include "run/entries.h"
 #include "tests/fresh_path.h"
@@ -54,6 +56,46 @@ TEST_F(Inputs, DevicesStandBetweenTheirMarkers) {
   const cli::Inputs inputs = collected({path("a.wav")}, {{path("card")}, {path("x")}});
   EXPECT_EQ(inputs.entries,
             (Strings{begin, path("card/CLIP/ü.mts"), end, begin, path("x"), end, path("a.wav")}));
+}
+
+TEST_F(Inputs, EveryFolderBecomesADevice) {
+  fs::create_directories(folder_ / "zoom");
+  for (const char* name :
+       {"zoom/ZOOM0001_Tr1.WAV", "zoom/ZOOM0001_Tr2.WAV", "zoom/ZOOM0002_Tr1.WAV"})
+    (void)report::writeWhole(folder_ / name, "x");
+  cli::Arguments arguments;
+  arguments.devicesIn = {path(".")};
+  const cli::Inputs inputs = cli::collectInputs(arguments);
+  ASSERT_EQ(inputs.project.devices.size(), 2u);
+  EXPECT_EQ(inputs.project.devices[0].name, "card");
+  EXPECT_EQ(inputs.project.devices[0].kind, project::DeviceKind::camera);
+  EXPECT_EQ(inputs.project.devices[1].name, "zoom");
+  ASSERT_EQ(inputs.project.devices[1].recordings.size(), 2u);  // tracks of a take are one
+  EXPECT_EQ(inputs.project.devices[1].recordings[0].files.size(), 2u);
+  EXPECT_EQ(inputs.entries, (Strings{path("a.wav"), path("b.MOV")}));
+}
+
+TEST_F(Inputs, AProjectIsGoneOnWith) {
+  project::Project made;
+  project::Device device;
+  device.recordings.resize(2);
+  for (project::Recording& recording : device.recordings) recording.files.resize(1);
+  device.recordings[0].files[0].path = path("a.wav");
+  device.recordings[1].files[0].path = path("gone.wav");
+  made = project::addDevices(made, {device});
+  ASSERT_TRUE(project::saveProject(made, path("w.kestrel")).ok());
+  cli::Arguments arguments;
+  arguments.entries = {path("w.kestrel"), path("b.MOV")};
+  arguments.only = {"a.wav"};
+  const cli::Inputs inputs = cli::collectInputs(arguments);
+  EXPECT_EQ(inputs.error, "");
+  EXPECT_EQ(inputs.project, made);
+  EXPECT_EQ(inputs.entries, Strings{path("b.MOV")});
+  EXPECT_EQ(inputs.again, std::vector{made.devices[0].recordings[0].id});
+  EXPECT_EQ(inputs.notices.size(), 1u);  // one file is missing
+  arguments.only = {"c.wav"};
+  EXPECT_NE(cli::collectInputs(arguments).error.find("--only"), std::string::npos);
+  EXPECT_TRUE(collected({path("none.kestrel")}).cannotOpen);
 }
 
 TEST_F(Inputs, ListsHoldMarkersAndNamesFromTheirFolder) {

@@ -14,6 +14,7 @@ TEST(ResultJson, KeepsPrecisionAndSaysWhatIsUnknown) {
   report::Outcome outcome;
   outcome.status = "first";
   outcome.groups = {{"Group 1", {member}}};
+  outcome.unsynced = {{"y.wav", "why", "do that"}};
   outcome.ignored = {{"x.txt", "why", "what"}};
   const auto json = nlohmann::json::parse(cli::resultJson(outcome));
   const auto& read = json["groups"][0]["members"][0];
@@ -23,7 +24,8 @@ TEST(ResultJson, KeepsPrecisionAndSaysWhatIsUnknown) {
   EXPECT_TRUE(read["drift_ppm"].is_null());
   EXPECT_TRUE(read["frame_rate"].is_null());
   EXPECT_EQ(json["ignored"][0]["reason"], "why");
-  EXPECT_TRUE(json["unsynced"].is_array());
+  EXPECT_EQ(json["status"], "partly");
+  EXPECT_EQ(json["unsynced"][0]["remedy"], "do that");
   EXPECT_TRUE(json["outputs"].is_array());
 }
 
