@@ -17,10 +17,34 @@ if(TARGET kestrel-align)
   install(TARGETS kestrel-align DESTINATION bin)
 endif()
 
+# Texts, packed as Debian wants them. A package needs the target "texts" to be built.
+set(texts ${PROJECT_BINARY_DIR}/texts)
+function(kestrel_packed source name)
+  add_custom_command(OUTPUT ${texts}/${name}.gz COMMAND gzip -9nc ${source} >${texts}/${name}.gz
+                     DEPENDS ${source} VERBATIM)
+  set_property(GLOBAL APPEND PROPERTY kestrel_packed ${texts}/${name}.gz)
+endfunction()
+if(TARGET texts)
+  set(debian ${PROJECT_SOURCE_DIR}/packaging/debian)
+  kestrel_packed(${texts}/kestrel-align.1 kestrel-align.1)
+  kestrel_packed(${debian}/kestrel-aligner.1 kestrel-aligner.1)
+  kestrel_packed(${debian}/changelog changelog)
+  get_property(packed GLOBAL PROPERTY kestrel_packed)
+  add_custom_target(packed_texts ALL DEPENDS ${packed})
+  add_dependencies(packed_texts texts)
+  install(FILES ${texts}/kestrel-align.1.gz ${texts}/kestrel-aligner.1.gz
+          DESTINATION share/man/man1)
+  install(FILES ${texts}/changelog.gz ${debian}/copyright DESTINATION share/doc/kestrel-aligner)
+  install(FILES ${texts}/kestrel-align.bash DESTINATION share/bash-completion/completions
+          RENAME kestrel-align)
+  install(FILES ${debian}/kestrel-aligner.xml DESTINATION share/mime/packages)
+  install(FILES ${debian}/tools.kestrel.Aligner.metainfo.xml DESTINATION share/metainfo)
+endif()
+
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME kestrel-aligner)
 set(CPACK_PACKAGE_VERSION "1.53~rc")
-set(CPACK_PACKAGE_CONTACT "Kestrel - tools for digital artists <kestrel@localhost>")
+set(CPACK_PACKAGE_CONTACT "Kestrel - tools for digital artists <kestrel@kestrel-aligner.example>")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "Lines up recordings of several cameras by their sound")
 set(CPACK_PACKAGE_DESCRIPTION
     "Listens to the files of several cameras and sound recorders of one event, places
