@@ -8,7 +8,7 @@
 
 namespace {
 
-int run(const cli::Arguments& arguments) {
+int execute(const cli::Arguments& arguments) {
   switch (arguments.command) {
     case cli::Command::exportDocuments:
       return cli::exportDocuments(arguments);
@@ -27,7 +27,7 @@ int main(int argc, char** argv) {
   cli::useUtf8Output();
   try {
     const cli::Parsed parsed = cli::parseArguments(cli::utf8Arguments(argc, argv));
-    if (parsed.arguments) return run(*parsed.arguments);
+    if (parsed.arguments) return execute(*parsed.arguments);
     std::fputs(parsed.text.c_str(), parsed.exitStatus == 0 ? stdout : stderr);
     return parsed.exitStatus;
   } catch (const std::exception& error) {
