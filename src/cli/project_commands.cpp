@@ -1,5 +1,7 @@
 #include "cli/project_commands.h"
 
+#include <algorithm>
+
 #include "cli/align.h"
 #include "cli/inputs.h"
 #include "cli/interrupt.h"
@@ -27,6 +29,13 @@ report::Outcome write(const project::Project& project, const std::string& folder
   return run::exportDocuments(project, folder, system.with(console, progress, interrupted()));
 }
 
+/// Some documents may be missing although others were written.
+bool tellsOfFailure(const std::vector<std::string>& notices) {
+  return std::ranges::any_of(notices, [](const std::string& notice) {
+    return notice.starts_with("A file was not written");
+  });
+}
+
 }  // namespace
 
 int exportDocuments(const Arguments& arguments) {
@@ -47,7 +56,7 @@ int exportDocuments(const Arguments& arguments) {
   outcome.notices = written.notices;
   const report::Status shown = showOutcome(outcome, wholeFilePath(arguments.json));
   if (!shown.ok()) return fail(shown.error);
-  return written.outputs.empty() || !written.notices.empty() ? kFailed : kSynchronised;
+  return written.outputs.empty() || tellsOfFailure(written.notices) ? kFailed : kSynchronised;
 }
 
 int show(const Arguments& arguments) {

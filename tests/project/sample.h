@@ -18,13 +18,19 @@ inline Project fullProject() {
   const Recording first{3, {camera, lost}, 10.2, 0.1, 1, true, {}, {}};
   const Recording second{4, {lost}, 0.3, 0.4, 0, false, Reason{"It is silent.", "Look at it."}, {}};
   Project project;
-  project.settings = {0.985, 0,        false, 29.97, FrameSize{1280, 720}, {"fcpx", "otio"}, true,
-                      true,  true,     "pieces", true, {}};
+  project.settings = {
+      0.985, 0,        false, 29.97, FrameSize{1280, 720}, {"fcpx", "otio"}, true, true,
+      true,  "pieces", true,  {}};
   project.devices = {{1, "Cam \"1\"", DeviceKind::camera, {first}, {}},
                      {2, "Zoom", DeviceKind::recorder, {second}, {}}};
-  project.groups = {
-      {5, "Dance", {{3, -0.1, PlacedBy::hand, 0.1, 1e-5, -12.5, 0.02, {4}, true, true, true, {}}}, {}},
-      {6, "Talk", {{4, 1.0 / 3, PlacedBy::clock, 1, {}, {}, {}, {3}, false, false, false, {}}}, {}}};
+  project.groups = {{5,
+                     "Dance",
+                     {{3, -0.1, PlacedBy::hand, 0.1, 1e-5, -12.5, 0.02, {4}, true, true, true, {}}},
+                     {}},
+                    {6,
+                     "Talk",
+                     {{4, 1.0 / 3, PlacedBy::clock, 1, {}, {}, {}, {3}, false, false, false, {}}},
+                     {}}};
   project.evidence = {{3, 4, {{12.5, 7}, {-3, 0.5}}, {}}};
   project.written = {"/home/me/SYNCED", "14:05:09", {"/home/me/SYNCED/a.otio"}, {"So."}, {}};
   return project;
