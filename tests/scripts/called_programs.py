@@ -18,7 +18,7 @@ PACKAGES = {
     "makensis": "nsis", "nice": None, "ninja": "ninja-build", "pgrep": "procps",
     "python3": "python3", "wine": "wine", "wineserver": "wine64", "xz": "xz-utils",
     "x86_64-w64-mingw32-g++-posix": "g++-mingw-w64-x86-64-posix", "zip": "zip", "Xvfb": "xvfb", "import": "imagemagick",
-    "xdotool": "xdotool",
+    "xdotool": "xdotool", "pngquant": "pngquant", "lupdate": "qt6-l10n-tools",
 }
 # Called if they are there, with something else in their place if not.
 OPTIONAL = {"git", "sudo"}
@@ -45,6 +45,8 @@ INSTALLED_BY = {
     "packaging/windows/try-installer": ["packaging/windows/check-window"],
     "packaging/windows/wine": ["packaging/windows/check"],
     "scripts/build": ["scripts/setup"],
+    "scripts/screenshots": ["scripts/setup"],
+    "scripts/translate": ["scripts/setup"],
     "test": ["scripts/setup"],
     "run": ["scripts/setup"],
     ".ci/run": ["scripts/setup", "packaging/windows/check"],
