@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <filesystem>
 
+#include "report/disk.h"
 #include "report/files.h"
 #include "report/parallel.h"
 #include "run/conversion_command.h"
@@ -50,8 +51,9 @@ std::string tryOthers(Entry& entry, const fs::path& trial, const Services& servi
         levelOf(target) < kMuchLouder * level)
       continue;
     std::error_code error;
-    fs::copy_file(trial, report::fromUtf8(entry.converted), fs::copy_options::overwrite_existing,
-                  error);
+    const fs::path place = report::fromUtf8(entry.converted);
+    report::removeFile(place);  // mingw-w64 takes any two files of one drive for one, and refuses
+    fs::copy_file(trial, place, error);
     if (error) return {};
     entry.heardStream = choice.track;
     return sentence(entry.listed, choice);
