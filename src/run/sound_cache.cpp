@@ -72,7 +72,8 @@ void touch(const fs::path& path) {
 
 bool copyFile(const fs::path& from, const fs::path& to) {
   std::error_code error;
-  return fs::copy_file(from, to, fs::copy_options::overwrite_existing, error);
+  fs::remove(to, error);  // mingw-w64 takes any two files of one drive for one, and refuses
+  return fs::copy_file(from, to, error);
 }
 
 /// What a fingerprint's file begins with.

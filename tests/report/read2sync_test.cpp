@@ -3,8 +3,11 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <initializer_list>
+#include <string>
 
 #include "report/summary.h"
+#include "tests/report/shown_path.h"
 
 namespace {
 
@@ -32,21 +35,23 @@ report::Outcome weddingOutcome() {
 }
 
 TEST(SummaryText, TellsPlacesThenWhatStandsAloneThenWhatWasIgnored) {
-  EXPECT_EQ(report::summaryText(weddingOutcome()),
-            "Synchronised 2 of 4 files in 1 group.\n\n"
-            "Group 1: 2 recordings of 2 devices, 1:02:05.500 long\n"
-            "  Recording      Device     Position       Length  Confidence  Exact to  Clock drift"
-            "  leaves\n"
-            "  take.wav            1  0:00:00.000  1:02:05.500       100 %\n"
-            "  cam b/C01.MP4       2  0:01:01.235  0:16:40.000        93 %    0.4 ms    -12.3 ppm"
-            "  6.2 ms\n\n"
-            "Standing alone: nothing matches them surely enough\n"
-            "  cam a/C01.MP4\n"
-            "      Nothing else heard this.\n"
-            "      Try the slow speed.\n\n"
-            "Ignored: could not be used\n"
-            "  notes?.txt\n"
-            "      No sound.\n");
+  EXPECT_EQ(
+      report::summaryText(weddingOutcome()),
+      shownPath(
+          "Synchronised 2 of 4 files in 1 group.\n\n"
+          "Group 1: 2 recordings of 2 devices, 1:02:05.500 long\n"
+          "  Recording      Device     Position       Length  Confidence  Exact to  Clock drift"
+          "  leaves\n"
+          "  take.wav            1  0:00:00.000  1:02:05.500       100 %\n"
+          "  cam b/C01.MP4       2  0:01:01.235  0:16:40.000        93 %    0.4 ms    -12.3 ppm"
+          "  6.2 ms\n\n"
+          "Standing alone: nothing matches them surely enough\n"
+          "  cam a/C01.MP4\n"
+          "      Nothing else heard this.\n"
+          "      Try the slow speed.\n\n"
+          "Ignored: could not be used\n"
+          "  notes?.txt\n"
+          "      No sound.\n"));
 }
 
 TEST(SummaryText, UnmeasuredColumnsAreLeftOutAndNoGroupIsSaid) {
@@ -62,8 +67,9 @@ TEST(Read2SyncPage, NamesMatchesSettingsAndAdvice) {
   const report::RunSettings settings{
       .tolerance = 0.985, .mode = 1, .framesPerSecond = 23.976, .width = 1280, .height = 720};
   const std::string page = report::read2syncPage(outcome, settings);
-  for (const char* text : {"cam b/C01.MP4  with  take.wav\n", "1280 x 720, 23.976 frames",
-                           "Tolerance   0.985", "What to try", "--.XML\n"})
+  for (const std::string& text : std::initializer_list<std::string>{
+           shownPath("cam b/C01.MP4  with  take.wav\n"), "1280 x 720, 23.976 frames",
+           "Tolerance   0.985", "What to try", "--.XML\n"})
     EXPECT_NE(page.find(text), std::string::npos) << text;
 }
 

@@ -5,6 +5,7 @@
 #include <clocale>
 
 #include "report/table.h"
+#include "tests/report/shown_path.h"
 
 namespace {
 
@@ -40,8 +41,8 @@ TEST(DistinctNames, TakeAsManyFoldersAsTellThemApart) {
   const std::vector<std::string> paths = {"/a/cam1/C01.MP4", "/a/cam2/C01.MP4", "/a/cam2/C02.MP4",
                                           "/b/cam2/C01.MP4", "/a/cam2/C02.MP4"};
   EXPECT_EQ(report::distinctNames(paths),
-            (std::vector<std::string>{"cam1/C01.MP4", "a/cam2/C01.MP4", "C02.MP4", "b/cam2/C01.MP4",
-                                      "C02.MP4"}));
+            (std::vector<std::string>{shownPath("cam1/C01.MP4"), shownPath("a/cam2/C01.MP4"),
+                                      "C02.MP4", shownPath("b/cam2/C01.MP4"), "C02.MP4"}));
   EXPECT_EQ(report::distinctNames({"", "C:\\cam1\\x.mov", "x"}),
             (std::vector<std::string>{"", "x.mov", "x"}));
 }
