@@ -144,8 +144,7 @@ std::vector<float> chanceOf(const Pieces& pieces, int maxLag) {
   for (Index i = 0; i < blocks; ++i)
     powers.col(i) = signals.middleCols<kBlock>(i * kBlock).topRows<2>().square().rowwise().sum();
   const float mean = powers.row(0).sum() * powers.row(1).sum() / float(blocks) + 1e-20f;
-  std::vector<float> chance;
-  for (int lag = -maxLag; lag <= maxLag; ++lag) chance.push_back(0);
+  std::vector<float> chance(std::size_t(2 * maxLag + 1));
   std::vector<float> coarse(std::size_t(2 * reach + 1));
   for (Index lag = -reach; lag <= reach; ++lag) {
     const Index from = std::max<Index>(0, lag), count = blocks - std::abs(lag);

@@ -97,8 +97,8 @@ void joinByImpliedOverlaps(std::vector<align::Match>& open, std::vector<align::M
     for (const align::Match* match : agree) kept.push_back(*match);
     groups.join(bridge);
   }
-  std::map<FilePair, bool> used;
-  for (const align::Match& match : kept) used[filesOf(match)] = true;
+  std::set<FilePair> used;
+  for (const align::Match& match : kept) used.insert(filesOf(match));
   std::erase_if(open, [&](const align::Match& match) { return used.contains(filesOf(match)); });
 }
 

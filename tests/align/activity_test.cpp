@@ -16,16 +16,6 @@ Eigen::Index activeFrames(const Envelope& envelope) {
   return count;
 }
 
-// Noise of the device alone, of a colour that `deep` (0 to 1) says.
-std::vector<float> waiting(unsigned seed, double seconds, float deep) {
-  std::mt19937 random(seed);
-  std::normal_distribution<float> normal(0, 0.003f);
-  std::vector<float> samples(static_cast<std::size_t>(seconds * kSampleRate));
-  float last = 0;
-  for (float& s : samples) s = last = deep * last + normal(random);
-  return samples;
-}
-
 TEST(Activity, SteadyNoiseOfAnyColourIsNotAndSilenceNeither) {
   for (const float deep : {0.0f, 0.5f, 0.98f}) {
     const Envelope envelope = envelopeOf(waiting(4, 60, deep));

@@ -57,6 +57,15 @@ Alignment Shoot::verified(double offset) const {
   return Listening({0, 1, recordings[0].samples, recordings[1].samples}, offset, sound).exact();
 }
 
+std::vector<float> waiting(unsigned seed, double seconds, float deep) {
+  std::mt19937 random(seed);
+  std::normal_distribution<float> normal(0, 0.003f);
+  std::vector<float> samples(static_cast<std::size_t>(seconds * kSampleRate));
+  float last = 0;
+  for (float& s : samples) s = last = deep * last + normal(random);
+  return samples;
+}
+
 Match match(int first, int second, double offset, double strength, std::vector<double> rivals) {
   const auto alignment = [&](double at) {
     Alignment a{.first = first, .second = second, .offsetSeconds = at};

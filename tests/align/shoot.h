@@ -15,6 +15,9 @@ namespace align {
 std::vector<float> recorded(int event, double start, double seconds, double driftPpm = 0,
                             double noise = 0.02, double period = 0);
 
+/// Noise of the device alone, of a colour that `deep` (0 to 1) says.
+std::vector<float> waiting(unsigned seed, double seconds, float deep);
+
 struct Shoot {
   std::vector<std::vector<float>> sounds;
   std::vector<Recording> recordings;

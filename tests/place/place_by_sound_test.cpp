@@ -16,16 +16,6 @@ namespace {
 
 using namespace align;  // shoots and what they record
 
-// Noise of the device alone, of a colour that `deep` (0 to 1) says.
-std::vector<float> waiting(unsigned seed, double seconds, float deep) {
-  std::mt19937 random(seed);
-  std::normal_distribution<float> normal(0, 0.003f);
-  std::vector<float> samples(static_cast<std::size_t>(seconds * kSampleRate));
-  float last = 0;
-  for (float& s : samples) s = last = deep * last + normal(random);
-  return samples;
-}
-
 // A device that runs from `start` on for so long, while for 15 s something happens at 100 s and
 // again at 160 s.
 std::vector<float> recordedWait(double start, double seconds, float deep) {
