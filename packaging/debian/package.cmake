@@ -20,7 +20,7 @@ endif()
 # Texts, packed as Debian wants them. A package needs the target "texts" to be built.
 set(texts ${PROJECT_BINARY_DIR}/texts)
 function(kestrel_packed source name)
-  add_custom_command(OUTPUT ${texts}/${name}.gz COMMAND gzip -9nc ${source} >${texts}/${name}.gz
+  add_custom_command(OUTPUT ${texts}/${name}.gz COMMAND gzip -9nc ${source} > ${texts}/${name}.gz
                      DEPENDS ${source} VERBATIM)
   set_property(GLOBAL APPEND PROPERTY kestrel_packed ${texts}/${name}.gz)
 endfunction()
