@@ -124,7 +124,7 @@ void OptionReader::addSettings() {
       ->check(checkMode);
   app_.add_flag("--no-align", given_.votesOnly, "Place by the vote of the accepted pairs alone")
       ->option_text(" ");
-  app_.add_flag("!--no-cache", given_.cache, "Listen anew to what was heard before")
+  app_.add_flag("--no-cache", noCache_, "Listen anew to what was heard before")
       ->option_text(" ");
 }
 
@@ -190,6 +190,7 @@ void OptionReader::takeOverWords() {
   if (!formats_.empty()) given_.formats = wordsOf(formats_);
   if (!form_.empty()) given_.compactXmeml = form_ == "compact";
   if (byClock_) given_.byClock = true;
+  given_.cache = !noCache_;
 }
 
 Parsed OptionReader::read(const std::vector<std::string>& words) {

@@ -31,7 +31,7 @@ class OptionReader {
 
   CLI::App app_;
   Arguments given_;
-  bool byClock_ = false;
+  bool byClock_ = false, noCache_ = false;
   std::string speed_, tolerance_, mode_, rate_, size_, formats_, form_;
 };
 

@@ -1,12 +1,12 @@
 #include <windows.h>
-// windows.h comes first: shellapi.h needs it
-#include <shellapi.h>
 
 #include <array>
 #include <csignal>
 #include <cstdlib>
 #include <string>
+#include <utility>
 
+#include "cli/command_line.h"
 #include "cli/terminal.h"
 #include "cli/wildcard.h"
 
@@ -24,12 +24,10 @@ std::string utf8(const wchar_t* text) {
 }  // namespace
 
 std::vector<std::string> utf8Arguments(int, char**) {
-  int count = 0;
-  wchar_t** words = CommandLineToArgvW(GetCommandLineW(), &count);
+  const std::vector<std::string> words = windowsWords(utf8(GetCommandLineW()));
   std::vector<std::string> result;
-  for (int i = 1; i < count; ++i)
-    for (std::string& word : expanded(utf8(words[i]))) result.push_back(std::move(word));
-  LocalFree(words);
+  for (std::size_t i = 1; i < words.size(); ++i)
+    for (std::string& word : expanded(words[i])) result.push_back(std::move(word));
   return result;
 }
 
