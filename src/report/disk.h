@@ -9,7 +9,8 @@
 namespace report {
 
 // What std::filesystem does too, but not on Windows with long paths: the runtime library that it
-// rests on there refuses their extended form and lists and removes no folder beyond 260 characters.
+// rests on there refuses their extended form, lists and removes no folder beyond 260 characters, and
+// takes any two files of one drive for one when it is to copy one over the other.
 // Paths come from `fromUtf8`. All are callable from any thread.
 
 /// What lies at `path`: not_found, directory, regular, or something else; `none` with an `error`
@@ -34,6 +35,9 @@ void removeFile(const std::filesystem::path& path);
 
 /// Deletes a folder with all that is in it, as far as that may be deleted; links are not followed.
 void removeFolder(const std::filesystem::path& folder);
+
+/// Copies a file over whatever file `to` is; what stands there after an error may be half a copy.
+std::error_code copyFile(const std::filesystem::path& from, const std::filesystem::path& to);
 
 /// Makes the folder and those above it; existing ones are no error.
 std::error_code makeFolders(const std::filesystem::path& folder);

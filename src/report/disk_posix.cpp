@@ -44,6 +44,12 @@ void removeFolder(const fs::path& folder) {
   fs::remove_all(folder, ignored);
 }
 
+std::error_code copyFile(const fs::path& from, const fs::path& to) {
+  std::error_code error;
+  fs::copy_file(from, to, fs::copy_options::overwrite_existing, error);
+  return error;
+}
+
 std::error_code makeFolders(const fs::path& folder) {
   std::error_code error;
   fs::create_directories(folder, error);

@@ -126,6 +126,10 @@ void removeFolder(const fs::path& folder) {
   RemoveDirectoryW(folder.c_str());
 }
 
+std::error_code copyFile(const fs::path& from, const fs::path& to) {
+  return CopyFileW(from.c_str(), to.c_str(), FALSE) ? std::error_code() : lastError();
+}
+
 std::error_code makeFolders(const fs::path& folder) {
   std::error_code unknown;
   if (CreateDirectoryW(folder.c_str(), nullptr)) return {};

@@ -63,4 +63,15 @@ Status writeWhole(const std::filesystem::path& path, std::string_view text) {
   return cannotWrite(path, error.message());
 }
 
+std::error_code moveFile(const fs::path& from, const fs::path& to) {
+  std::error_code error;
+  fs::rename(from, to, error);
+  if (!error) return {};
+  const fs::path part = to.parent_path() / ".kestrel-moved.part";  // replaces a killed run's
+  error = copyFile(from, part);
+  if (!error) fs::rename(part, to, error);
+  removeFile(error ? part : from);  // half a file would take the room of others
+  return error;
+}
+
 }  // namespace report

@@ -15,18 +15,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// Moving is copying and deleting, faster where both places are on one drive.
-bool moveFile(const fs::path& from, const fs::path& to) {
-  std::error_code error;
-  fs::rename(from, to, error);
-  if (!error) return true;
-  const fs::path part = to.parent_path() / ".kestrel-sound.part";  // of the one run that may
-  fs::copy_file(from, part, fs::copy_options::overwrite_existing, error);
-  if (!error) fs::rename(part, to, error);
-  report::removeFile(error ? part : from);  // half a sound would take the room of the documents
-  return !error;
-}
-
 /// `path`, or a name beside it that nothing has yet: "clip.wav" becomes "clip-1.wav".
 fs::path freeName(const fs::path& path) {
   std::error_code unknown;
@@ -50,7 +38,7 @@ std::string withoutCase(std::string name) {
 void setAside(const fs::path& target, std::string& stored) {
   if (!report::areOneFile(target, report::fromUtf8(stored))) return;
   const fs::path other = freeName(target);
-  if (moveFile(target, other)) stored = report::toUtf8(other);
+  if (!report::moveFile(target, other)) stored = report::toUtf8(other);
 }
 
 }  // namespace
@@ -68,10 +56,10 @@ std::vector<std::string> keepSounds(const std::vector<Entry>& entries, const std
     console.line("ova treba da e dest:" + folder + name);
     const auto [taken, first] = takenBy.try_emplace(withoutCase(name), i);
     if (!first) setAside(target, places[std::exchange(taken->second, i)]);
-    if (!moveFile(converted, target)) {
+    if (report::moveFile(converted, target)) {
       const bool there = converted.parent_path() == spare.path();
       target = there ? converted : freeName(spare.path() / converted.filename());
-      if (spare.path().empty() || (!there && !moveFile(converted, target))) continue;
+      if (spare.path().empty() || (!there && report::moveFile(converted, target))) continue;
     }
     places[i] = report::toUtf8(target);
   }

@@ -50,11 +50,7 @@ std::string tryOthers(Entry& entry, const fs::path& trial, const Services& servi
     if (services.cancelled || isQuieterThan(target, kNearlySilent) ||
         levelOf(target) < kMuchLouder * level)
       continue;
-    std::error_code error;
-    const fs::path place = report::fromUtf8(entry.converted);
-    report::removeFile(place);  // mingw-w64 takes any two files of one drive for one, and refuses
-    fs::copy_file(trial, place, error);
-    if (error) return {};
+    if (report::moveFile(trial, report::fromUtf8(entry.converted))) return {};
     entry.heardStream = choice.track;
     return sentence(entry.listed, choice);
   }

@@ -70,12 +70,6 @@ void touch(const fs::path& path) {
   fs::last_write_time(path, fs::file_time_type::clock::now(), ignored);
 }
 
-bool copyFile(const fs::path& from, const fs::path& to) {
-  std::error_code error;
-  fs::remove(to, error);  // mingw-w64 takes any two files of one drive for one, and refuses
-  return fs::copy_file(from, to, error);
-}
-
 /// What a fingerprint's file begins with.
 struct Header {
   std::uint64_t magic;
@@ -123,7 +117,8 @@ std::string SoundCache::place(const FileKey& key, const std::string& ending) con
 bool SoundCache::fetchSound(const FileKey& key, const std::string& target) const {
   if (folder_.empty() || key.empty()) return false;
   const fs::path kept = report::fromUtf8(place(key, ".wav"));
-  if (report::sizeOf(kept) == 0 || !copyFile(kept, report::fromUtf8(target))) return false;
+  if (report::sizeOf(kept) == 0 || report::copyFile(kept, report::fromUtf8(target)))
+    return false;
   touch(kept);
   return true;
 }
@@ -131,7 +126,7 @@ bool SoundCache::fetchSound(const FileKey& key, const std::string& target) const
 void SoundCache::keepSound(const FileKey& key, const std::string& sound) const {
   if (folder_.empty() || key.empty()) return;
   makeWhole(place(key, ".wav"),
-            [&](const fs::path& part) { return copyFile(report::fromUtf8(sound), part); });
+            [&](const fs::path& part) { return !report::copyFile(report::fromUtf8(sound), part); });
 }
 
 std::optional<analysis::Heard> SoundCache::fetchHeard(const FileKey& key, double tolerance) const {

@@ -3,10 +3,14 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <fstream>
+#include <iterator>
+#include <utility>
 
 #include "report/files.h"
 #include "report/long_path.h"
 #include "tests/awkward_names.h"
+#include "tests/fresh_path.h"
 
 namespace fs = std::filesystem;
 
@@ -24,6 +28,11 @@ fs::file_type kindOf(const std::string& path) {
   const fs::file_type kind = report::kindOf(report::fromUtf8(path), error);
   EXPECT_FALSE(error);
   return kind;
+}
+
+std::string textOf(const fs::path& path) {
+  std::ifstream file(path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(file), {}};
 }
 
 }  // namespace
@@ -52,6 +61,35 @@ TEST(Disk, FilesOfLongPathsAreMadeFoundToldApartAndRemoved) {
   EXPECT_EQ(kindOf(a), fs::file_type::not_found);
   report::removeFolder(report::fromUtf8(folder));
   EXPECT_EQ(kindOf(folder), fs::file_type::not_found);
+}
+
+TEST(Disk, ACopyOrAMovedFileTakesThePlaceOfWhatWasThere) {
+  const fs::path folder = freshPath("copies");
+  report::makeFolders(folder);
+  const fs::path a = folder / "a.wav", b = folder / "b.wav", none = folder / "none.wav";
+  for (const auto& [file, text] : {std::pair{a, "short"}, std::pair{b, "much longer"}})
+    ASSERT_TRUE(report::writeWhole(file, text).ok());
+  EXPECT_FALSE(report::copyFile(a, b));
+  EXPECT_EQ(textOf(a), "short");
+  EXPECT_EQ(textOf(b), "short");
+  EXPECT_TRUE(report::copyFile(b, b));
+  EXPECT_TRUE(report::copyFile(none, b));
+  EXPECT_TRUE(report::moveFile(none, b));
+  EXPECT_TRUE(report::moveFile(a, folder / "no folder" / "a.wav"));
+  EXPECT_EQ(textOf(a) + textOf(b), "shortshort");
+
+  const fs::path memory = "/dev/shm";  // another drive where there is one
+  const fs::path other = fs::is_directory(memory) ? memory / folder.filename() : folder;
+  report::makeFolders(other);
+  for (const fs::path& to : {b, other / "b.wav"}) {
+    ASSERT_TRUE(report::writeWhole(a, "moved").ok() && report::writeWhole(to, "before").ok());
+    EXPECT_FALSE(report::moveFile(a, to));
+    EXPECT_EQ(textOf(to), "moved");
+    EXPECT_EQ(report::sizeOf(a), 0u);
+  }
+  EXPECT_EQ(report::itemsOf(other).size(), 1u);
+  report::removeFolder(other);
+  report::removeFolder(folder);
 }
 
 TEST(Disk, ThePathOfAFileReadsAsItWasGivenHoweverLong) {
