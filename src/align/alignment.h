@@ -33,6 +33,7 @@ struct Alignment {
   double logOdds = 0;        // of all windows together, see Evidence; 0 = the line said enough
   bool varies = false;       // a device was carried about: errorSeconds is how far the sound's way
                              // moves it to either side
+  bool copy = false;         // the samples are the same: two files of one microphone's sound
 };
 
 /// Fills in what `line` and the windows it runs through say: strength, evidence, distinction,

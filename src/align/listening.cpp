@@ -1,5 +1,6 @@
 #include "align/listening.h"
 
+#include <Eigen/Core>
 #include <algorithm>
 #include <cmath>
 #include <functional>
@@ -39,6 +40,13 @@ std::vector<std::size_t> coarseFirst(std::size_t count) {
 
 void turn(WindowCorrelation& window) {
   for (float& lag : window.lags) lag = -lag;
+}
+
+// The correlation coefficient of two pieces, 0 where either is silent.
+float likeness(const std::vector<float>& a, const std::vector<float>& b) {
+  using Samples = Eigen::Map<const Eigen::VectorXf>;
+  const Samples x(a.data(), std::ssize(a)), y(b.data(), std::ssize(b));
+  return std::abs(x.dot(y)) / std::max(1e-9f, x.norm() * y.norm());
 }
 
 // Where four windows all say the same so loudly, nobody needs to hear more.
@@ -213,14 +221,27 @@ Alignment Listening::exact() {
     listenTo(kSome);
   for (const std::size_t more : {kMany, kMost})
     if (middles_.size() > correlations_.size() && worthMore(summary())) listenTo(more);
-  const Alignment heard = summary();
-  if (believed(heard)) return summary(findDirect());
+  if (!believed(summary())) return summary();
+  Alignment heard = summary(findDirect());
+  heard.copy = samplesAlike();
   return heard;
 }
 
 Alignment Listening::thorough() {
   listenTo(kMany);
   return summary();
+}
+
+// Whether the samples themselves, not only what correlates of them, are the same in every one of
+// the first windows. Rooms leave less alike of what two microphones hear.
+bool Listening::samplesAlike() const {
+  constexpr float kAlike = 0.95f;
+  for (std::size_t i = 0; i < std::min(kFew, line_.delays.size()); ++i) {
+    const double there = middles_[i] - offset_ - line_.delays[i] / kSampleRate;
+    if (likeness(piece(pair_.first, middles_[i]), piece(pair_.second, there)) < kAlike)
+      return false;
+  }
+  return !line_.varies;
 }
 
 // Only pairs with echoes nearly as loud as the direct sound need the look at their own echoes.

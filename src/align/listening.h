@@ -56,6 +56,7 @@ class Listening {
   void comeNearer();
   std::vector<float> piece(int file, double middle) const;
   DirectSound findDirect() const;
+  bool samplesAlike() const;
   Evidence evidence() const;
   Alignment summary(const DirectSound& direct = {}) const;
 

@@ -121,6 +121,12 @@ class Examination {
 
 }  // namespace
 
+std::vector<Alignment> allOf(const Match& match) {
+  std::vector<Alignment> all{match.best};
+  all.insert(all.end(), match.rivals.begin(), match.rivals.end());
+  return all;
+}
+
 Match mirrored(Match match) {
   match.best = mirrored(match.best);
   for (Alignment& rival : match.rivals) rival = mirrored(rival);

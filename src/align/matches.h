@@ -17,6 +17,9 @@ struct Match {
   std::vector<Alignment> rivals;  // other offsets at which the sound fits too: repeated music
 };
 
+/// The best and all rivals.
+std::vector<Alignment> allOf(const Match& match);
+
 /// The same match with first and second exchanged.
 Match mirrored(Match match);
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <functional>
 #include <span>
@@ -24,6 +25,13 @@ using SoundReader =
 
 inline double secondsOf(const Recording& recording) {
   return double(recording.samples) / kSampleRate;
+}
+
+/// Seconds that two recordings share if the second starts so long after the first; below 0 where
+/// they do not meet.
+inline double overlapAt(double offsetSeconds, const Recording& first, const Recording& second) {
+  return std::min(secondsOf(first), offsetSeconds + secondsOf(second)) -
+         std::max(0.0, offsetSeconds);
 }
 
 /// Whether two recordings, by index, may hear the same at the same time.

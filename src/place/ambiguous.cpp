@@ -37,7 +37,7 @@ std::map<int, std::vector<Repetition>> repetitionsOf(std::span<const align::Matc
   return repetitions;
 }
 
-/// The most that a recording's sound reaches with any other.
+/// The most that a recording's sound reaches with any other that is no copy of it.
 struct Usual {
   double strength = 0, distinct = 0;
 };
@@ -46,8 +46,10 @@ std::map<int, Usual> usualOf(std::span<const align::Match> matches) {
   std::map<int, Usual> usual;
   for (const align::Match& m : matches)
     for (const int file : {m.best.first, m.best.second}) {
-      usual[file].strength = std::max(usual[file].strength, m.best.strength);
-      usual[file].distinct = std::max(usual[file].distinct, m.best.distinct);
+      Usual& most = usual[file];
+      if (m.best.copy) continue;
+      most.strength = std::max(most.strength, m.best.strength);
+      most.distinct = std::max(most.distinct, m.best.distinct);
     }
   return usual;
 }
@@ -66,8 +68,8 @@ double typicalStrength(const std::map<int, Usual>& usual) {
 double shareOf(const align::Alignment& a, const std::map<int, Usual>& usual) {
   const Usual &x = usual.at(a.first), &y = usual.at(a.second);
   const double everywhere = double(a.support) / a.windows;
-  return a.strength / std::min(x.strength, y.strength) * a.distinct /
-         std::min(x.distinct, y.distinct) * everywhere * everywhere;
+  return std::min(1.0, a.strength / std::min(x.strength, y.strength)) *
+         std::min(1.0, a.distinct / std::min(x.distinct, y.distinct)) * everywhere * everywhere;
 }
 
 // Whether it fits so long, and nowhere else, that a repetition would have shown.
@@ -77,19 +79,15 @@ bool fitsThroughout(const align::Match& m) {
          a.spreadSeconds >= kWide * a.overlapSeconds;
 }
 
-double overlapAt(double offset, const align::Recording& first, const align::Recording& second) {
-  return std::min(align::secondsOf(first), offset + align::secondsOf(second)) -
-         std::max(0.0, offset);
-}
-
 // Whether the match, were it such a repetition itself, would look as it does.
 bool mayBe(const Repetition& repetition, const align::Alignment& a,
            std::span<const align::Recording> recordings) {
   if (a.strength > align::kPastRepetition || kPartOfIt * a.strength > repetition.strength)
     return false;
   return std::ranges::any_of(std::array{-1, 1}, [&](int sign) {
-    return overlapAt(a.offsetSeconds + sign * repetition.seconds, recordings[std::size_t(a.first)],
-                     recordings[std::size_t(a.second)]) < kEnoughToSee;
+    return align::overlapAt(a.offsetSeconds + sign * repetition.seconds,
+                            recordings[std::size_t(a.first)],
+                            recordings[std::size_t(a.second)]) < kEnoughToSee;
   });
 }
 

@@ -60,7 +60,8 @@ std::string doubt(const align::Match& match, GrowingGroups& groups, Recordings r
   if (groups.together(a))
     return contradiction({a.first, a.second, a.offsetSeconds, a.strength},
                          groups.position(a.second) - groups.position(a.first), recordings);
-  return groups.possible(a) ? repetition(match, recordings) : deviceConflict(a, recordings);
+  if (!groups.suitsDevices(a)) return deviceConflict(a, recordings);
+  return groups.possible(a) ? repetition(match, recordings) : othersSilent(a, recordings);
 }
 
 void addGroup(Grouping& grouping, GrowingGroups& groups, int root) {
@@ -82,13 +83,19 @@ Grouping formGroups(Recordings recordings, std::vector<align::Match> matches, co
   grouping.position.resize(recordings.size(), 0.0);
   grouping.groupOf.resize(recordings.size(), -1);
   std::vector<align::Match> open;
+  const ImpliedOverlaps overlaps(recordings, matches, heard);
+  groups.require([&](const align::Alignment& a) { return overlaps.bearOut(a, groups); });
+  const auto join = [&](const align::Alignment& a) {
+    std::ranges::copy(overlaps.untested(a, groups), std::back_inserter(grouping.untested));
+    groups.join(a);
+  };
   dropMereRepeats(matches);
   std::vector<align::Match> ambiguous = takeAmbiguous(matches, recordings);
   for (auto& [match, thirds, weight] : ranked(recordings, std::move(matches))) {
     const bool together = groups.together(match.best);
     const bool joins = !together && ((confirmed(thirds, match) && groups.possible(match.best)) ||
                                      standsOut(match, groups));
-    if (joins) groups.join(match.best);
+    if (joins) join(match.best);
     if (joins || (together && agreesSomehow(groups, match)))
       grouping.kept.push_back(std::move(match));
     else

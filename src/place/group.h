@@ -22,6 +22,7 @@ struct Grouping {
   std::vector<int> groupOf;               // per file; -1 if alone
   std::vector<align::Match> kept;         // matches that agree with the positions
   std::vector<Unused> undecided;          // those that would join groups
+  std::vector<Implied> untested;          // pairs that must hear each other, which nobody tried
   std::vector<std::string> doubts;        // a sentence for every match that was not used
 };
 

@@ -22,7 +22,7 @@ bool GrowingGroups::agrees(const align::Alignment& a) {
   return std::abs(shift(a)) < offsetTolerance(longest) + 2 * a.errorSeconds;
 }
 
-bool GrowingGroups::possible(const align::Alignment& a) {
+bool GrowingGroups::suitsDevices(const align::Alignment& a) {
   if (together(a)) return agrees(a);
   for (const int x : membersWith(a.first))
     for (const int y : membersWith(a.second))

@@ -12,8 +12,9 @@ namespace place {
 namespace {
 
 constexpr double kEnoughToHear = 6;  // seconds of overlap in which a pair would have been heard
-constexpr std::size_t kFewest = 2;  // recordings of each group that must agree
+constexpr std::size_t kFewest = 2;   // recordings of each group that must agree
 constexpr double kNearlyAll = 0.75;  // of the pairs heard that a bridge implies
+constexpr std::size_t kTested = 6;   // implied pairs that tell a repetition from a right bridge
 
 using FilePair = std::pair<int, int>;
 
@@ -59,6 +60,61 @@ bool borneOut(const align::Alignment& bridge, std::size_t agree, GrowingGroups& 
 
 }  // namespace
 
+ImpliedOverlaps::ImpliedOverlaps(std::span<const align::Recording> recordings,
+                                 std::span<const align::Match> matches, Heard heard)
+    : recordings_(recordings), heard_(std::move(heard)) {
+  for (const align::Match& match : matches) {
+    auto& all = alignments_[filesOf(match)];
+    const bool ascending = match.best.first < match.best.second;
+    for (const align::Alignment& a : align::allOf(match))
+      all.push_back(ascending ? a : align::mirrored(a));
+    if (match.best.copy) continue;
+    for (const int file : {match.best.first, match.best.second})
+      usual_[file] = std::max(usual_[file], match.best.strength);
+  }
+}
+
+bool ImpliedOverlaps::fits(const Implied& pair) const {
+  const auto known = alignments_.find(std::minmax(pair.first, pair.second));
+  if (known == alignments_.end()) return false;
+  const double offset = pair.first < pair.second ? pair.offsetSeconds : -pair.offsetSeconds;
+  return std::ranges::any_of(known->second, [&](const align::Alignment& a) {
+    const double longest = std::max(align::secondsOf(recordings_[std::size_t(a.first)]),
+                                    align::secondsOf(recordings_[std::size_t(a.second)]));
+    return std::abs(a.offsetSeconds - offset) < offsetTolerance(longest) + 2 * a.errorSeconds;
+  });
+}
+
+bool ImpliedOverlaps::mustBeHeard(const Implied& pair) const {
+  const auto x = usual_.find(pair.first), y = usual_.find(pair.second);
+  return x != usual_.end() && y != usual_.end() &&
+         std::min(x->second, y->second) >= align::kPastRepetition;
+}
+
+bool ImpliedOverlaps::bearOut(const align::Alignment& bridge, GrowingGroups& groups) const {
+  int fitting = 0, silent = 0;
+  for (const Implied& pair : impliedBy(bridge, groups, recordings_)) {
+    if (fits(pair))
+      ++fitting;
+    else
+      silent += heard_(pair.first, pair.second) && mustBeHeard(pair);
+  }
+  return fitting >= kNearlyAll * (fitting + silent);
+}
+
+std::vector<Implied> ImpliedOverlaps::untested(const align::Alignment& bridge,
+                                               GrowingGroups& groups) const {
+  std::vector<Implied> pairs = impliedBy(bridge, groups, recordings_);
+  const auto rest = std::ranges::stable_partition(pairs, [&](const Implied& pair) {
+    return !heard_(pair.first, pair.second) &&
+           !alignments_.contains(std::minmax(pair.first, pair.second));
+  });
+  const auto known = static_cast<std::size_t>(std::ssize(rest));
+  pairs.erase(rest.begin(), rest.end());
+  pairs.resize(std::min(pairs.size(), kTested - std::min(kTested, known)));
+  return pairs;
+}
+
 bool devicesKnown(std::span<const align::Recording> recordings) {
   return std::ranges::any_of(
       recordings, [](const align::Recording& recording) { return recording.device >= 0; });
@@ -72,9 +128,8 @@ std::vector<Implied> impliedBy(const align::Alignment& bridge, GrowingGroups& gr
     for (const int y : groups.membersWith(bridge.second)) {
       if (!align::comparable(recordings, x, y)) continue;
       const double offset = groups.position(y) + shift - groups.position(x);
-      const double overlap = std::min(align::secondsOf(recordings[std::size_t(x)]),
-                                      offset + align::secondsOf(recordings[std::size_t(y)])) -
-                             std::max(0.0, offset);
+      const double overlap =
+          align::overlapAt(offset, recordings[std::size_t(x)], recordings[std::size_t(y)]);
       if (overlap >= kEnoughToHear) implied.push_back({x, y, offset, overlap});
     }
   std::ranges::stable_sort(implied, std::greater{}, &Implied::overlapSeconds);

@@ -211,15 +211,25 @@ bool PairSearch::tryBridges(const Grouping& grouping) {
   return matches_.size() > before;
 }
 
+bool PairSearch::testJoins(const Grouping& grouping) {
+  connected_ = OffsetForest(static_cast<int>(recordings_.size()));
+  std::vector<vote::PairCandidates> implied;
+  for (const Implied& pair : grouping.untested)
+    if (!heard(pair.first, pair.second))
+      implied.push_back({pair.first, pair.second, {pair.offsetSeconds}, pair.overlapSeconds});
+  listen(implied, align::examine, implied.size() + 1);
+  return !implied.empty();
+}
+
 void PairSearch::confirm(const Grouping& grouping) {
-  const auto seconds = [&](int file) { return align::secondsOf(recordings_[std::size_t(file)]); };
   std::vector<vote::PairCandidates> implied;
   std::vector<int> asked(recordings_.size(), 0);
   for (const auto& members : grouping.members)
     for (const int a : members)
       for (const int b : members) {
         const double offset = grouping.position[std::size_t(b)] - grouping.position[std::size_t(a)];
-        const double overlap = std::min(seconds(a), offset + seconds(b)) - std::max(0.0, offset);
+        const double overlap =
+            align::overlapAt(offset, recordings_[std::size_t(a)], recordings_[std::size_t(b)]);
         if (a == b || !align::comparable(recordings_, a, b) ||
             matched_.contains(std::minmax(a, b)) || overlap < kImpliedOverlap ||
             matchCount_[std::size_t(a)] > 1 || asked[std::size_t(a)] >= kEnough)

@@ -38,6 +38,9 @@ class PairSearch {
   /// Whether the pair was listened to.
   bool heard(int a, int b) const { return heard_.contains(std::minmax(a, b)); }
 
+  /// Listens to what the joins of the groups imply and nobody tried yet. Whether there was any.
+  bool testJoins(const Grouping& grouping);
+
   /// Listens to members of a group that hang on one match and must hear by their places what others
   /// hear that they were not compared with.
   void confirm(const Grouping& grouping);

@@ -22,7 +22,9 @@ Placement placeBySound(std::span<const align::Recording> recordings,
     return formGroups(recordings, search.matches(),
                       [&](int a, int b) { return search.heard(a, b); });
   };
-  for (int round = 0; round < kRounds && search.tryBridges(grouping()); ++round) {
+  for (int round = 0; round < kRounds; ++round) {
+    const bool tested = search.testJoins(grouping());
+    if (!search.tryBridges(grouping()) && !tested) break;
   }
   search.confirm(grouping());
   return placementOf(grouping(), recordings, search.partners());

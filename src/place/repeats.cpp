@@ -16,12 +16,6 @@ struct Bridge {
   bool decided() const { return weight > 0 && nextWeight < kClearly * weight; }
 };
 
-std::vector<align::Alignment> allOf(const align::Match& match) {
-  std::vector<align::Alignment> all{match.best};
-  all.insert(all.end(), match.rivals.begin(), match.rivals.end());
-  return all;
-}
-
 // The two groups' order decides the sign of a shift; all of a bridge must see it alike.
 double shiftBetween(const align::Alignment& a, GrowingGroups& groups) {
   const double shift = groups.shift(a);
@@ -37,7 +31,7 @@ double weightAt(double shift, std::span<align::Match* const> matches, GrowingGro
   double sum = 0;
   for (const align::Match* match : matches) {
     double most = 0;
-    for (const align::Alignment& a : allOf(*match))
+    for (const align::Alignment& a : align::allOf(*match))
       if (gives(a, shift, groups)) most = std::max(most, align::weightOf(a));
     sum += most;
   }
@@ -47,7 +41,7 @@ double weightAt(double shift, std::span<align::Match* const> matches, GrowingGro
 void weigh(Bridge& bridge, GrowingGroups& groups) {
   std::map<double, double> weightOfShift;
   for (const align::Match* match : bridge.matches)
-    for (const align::Alignment& a : allOf(*match)) {
+    for (const align::Alignment& a : align::allOf(*match)) {
       const double shift = shiftBetween(a, groups);
       weightOfShift[shift] = weightAt(shift, bridge.matches, groups);
     }
@@ -60,7 +54,7 @@ void weigh(Bridge& bridge, GrowingGroups& groups) {
 
 bool possible(const Bridge& bridge, GrowingGroups& groups) {
   for (const align::Match* match : bridge.matches)
-    for (const align::Alignment& a : allOf(*match))
+    for (const align::Alignment& a : align::allOf(*match))
       if (gives(a, bridge.shift, groups) && !groups.possible(a)) return false;
   return true;
 }
@@ -96,8 +90,9 @@ bool leadWith(align::Match& match, double shift, GrowingGroups& groups) {
 void dropMereRepeats(std::vector<align::Match>& matches) {
   std::map<int, double> strongest;  // by file
   for (const align::Match& m : matches)
-    for (const int file : {m.best.first, m.best.second})
-      strongest[file] = std::max(strongest[file], m.best.strength);
+    if (!m.best.copy)
+      for (const int file : {m.best.first, m.best.second})
+        strongest[file] = std::max(strongest[file], m.best.strength);
   std::erase_if(matches, [&](const align::Match& m) {
     const double usual = std::min(strongest[m.best.first], strongest[m.best.second]);
     return !m.rivals.empty() && m.best.strength < kPartOfIt * usual;

@@ -58,6 +58,14 @@ std::string deviceConflict(const align::Alignment& match,
          "files of one device.";
 }
 
+std::string othersSilent(const align::Alignment& match,
+                         std::span<const align::Recording> recordings) {
+  return recordings[match.first].name + " and " + recordings[match.second].name + " fit " +
+         inSeconds(match.offsetSeconds) +
+         " apart, but others that were recorded with them would then have to hear each other too, "
+         "and do not; what they share is a repetition, so this match was left out.";
+}
+
 std::string repetition(const align::Match& match, std::span<const align::Recording> recordings) {
   constexpr std::size_t kShown = 3;
   const std::string heard = recordings[match.best.first].name + " and " +

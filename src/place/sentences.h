@@ -26,6 +26,10 @@ std::string contradiction(const Link& link, double knownOffset,
 std::string deviceConflict(const align::Alignment& match,
                            std::span<const align::Recording> recordings);
 
+/// Says that if the two fit, others would have to hear each other too, which do not.
+std::string othersSilent(const align::Alignment& match,
+                         std::span<const align::Recording> recordings);
+
 /// Says that the two fit at several offsets alike, or at one that may be a repetition.
 std::string repetition(const align::Match& match, std::span<const align::Recording> recordings);
 

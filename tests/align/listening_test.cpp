@@ -49,6 +49,19 @@ TEST(Listening, ComesNearerWhereTheOffsetIsVague) {
   EXPECT_NEAR(found.offsetSeconds, 125 * 1.00006 - 120 * 0.99994, 0.0001);
 }
 
+// A copy has the microphone's own noise too.
+TEST(Listening, KnowsACopyFromASecondMicrophone) {
+  Shoot shoot;
+  const std::vector<float> sound = recorded(1, 0, 25, 0, 0.1);
+  shoot.add("a", sound);
+  shoot.add("b", {sound.begin() + 3 * kSampleRate, sound.end()});
+  EXPECT_TRUE(shoot.verified(3.0).copy);
+  shoot.sounds[1] = recorded(1, 3, 22, 0, 0.1);
+  const Alignment other = shoot.verified(3.0);
+  EXPECT_TRUE(believed(other));
+  EXPECT_FALSE(other.copy);
+}
+
 // Exchanged wires turn the correlation upside down; its second highest peak is no place.
 TEST(Listening, HearsARecordingWhoseSignIsInverted) {
   Shoot shoot;

@@ -131,5 +131,39 @@ TEST(FormGroups, GroupsAreJoinedByWhatAllTheirRecordingsImply) {
   EXPECT_EQ(groups(none), 2u);  // all may be of one device
 }
 
+// Whoever has two files of one sound still hears other microphones as they are.
+TEST(FormGroups, CopiesDoNotMakeOthersLookFaint) {
+  const auto recordings = fourMinutesEach({-1, -1, -1, -1});
+  std::vector<Match> matches{match(0, 1, 0, 100), match(2, 3, 0, 100), match(0, 2, 20, 30)};
+  EXPECT_EQ(formGroups(recordings, matches).members.size(), 2u);
+  matches[0].best.copy = matches[1].best.copy = true;
+  EXPECT_EQ(formGroups(recordings, matches).members.size(), 1u);
+}
+
+// Two groups of three that one match would lay over each other: the other eight pairs must then
+// hear each other as well.
+TEST(FormGroups, JoinsOnlyWhatTheImpliedOverlapsBearOut) {
+  const auto recordings = fourMinutesEach({-1, -1, -1, -1, -1, -1});
+  std::vector<Match> matches{match(0, 1, 5, 40), match(1, 2, 5, 40), match(0, 2, 10, 40),
+                             match(3, 4, 5, 40), match(4, 5, 5, 40), match(3, 5, 10, 40),
+                             match(0, 3, 50, 30)};
+  const auto told = [](int, int) { return true; };
+  const Grouping untold = formGroups(recordings, matches);
+  EXPECT_EQ(untold.members.size(), 1u);
+  EXPECT_EQ(untold.untested.size(), 5u);  // six of the bridge's nine pairs suffice, one is known
+  const Grouping apart = formGroups(recordings, matches, told);
+  EXPECT_EQ(apart.members.size(), 2u);
+  ASSERT_EQ(apart.undecided.size(), 1u);
+  EXPECT_NE(apart.undecided[0].why.find("hear each other too, and do not"), std::string::npos);
+
+  for (const int a : {0, 1, 2})
+    for (const int b : {3, 4, 5})
+      if (a != 0 || b != 3) matches.push_back(match(a, b, 50 + 5 * (b - 3) - 5 * a, 30));
+  EXPECT_EQ(formGroups(recordings, matches, told).members.size(), 1u);
+  matches.resize(7);
+  for (Match& pair : matches) pair.best.strength *= 0.4;  // so faint that silence says nothing
+  EXPECT_EQ(formGroups(recordings, matches, told).members.size(), 1u);
+}
+
 }  // namespace
 }  // namespace place
