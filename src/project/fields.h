@@ -1,8 +1,8 @@
 #pragma once
 
 #include <array>
-#include <concepts>
 #include <string_view>
+#include <tuple>
 #include <type_traits>
 #include <utility>
 
@@ -10,14 +10,11 @@
 
 namespace project {
 
-// The fields of a project's file, once for reading and writing: `fields(visitor, part)` calls the
-// visitor with the name of each field and the field itself, which the one fills and the other
-// reads. A visitor has operator() for values, lists and parts, `word` for a value of a closed set,
-// `path` for a file's place, and `unknown` for what else stands there. docs/project.md tells what
-// the fields mean to others.
-
-template <class T, class Part>
-concept Like = std::same_as<std::remove_const_t<T>, Part>;
+// The fields of a project's file, once for reading and writing: a table for each part of a project.
+// `fields(visitor, part)` hands each field of a part to the visitor, which the one fills and the
+// other reads. A visitor has operator() for values, lists and parts, `word` for a value of a closed
+// set, `path` for a file's place, and `unknown` for what else stands there. docs/project.md tells
+// what the fields mean to others.
 
 template <class Value, std::size_t size>
 using Words = std::array<std::pair<Value, std::string_view>, size>;
@@ -31,147 +28,169 @@ inline constexpr Words<DeviceKind, 3> kDeviceKinds{{{DeviceKind::unknown, "unkno
 inline constexpr Words<PlacedBy, 3> kPlacedBy{
     {{PlacedBy::sound, "sound"}, {PlacedBy::hand, "hand"}, {PlacedBy::clock, "clock"}}};
 
-void fields(auto& visit, Like<Rate> auto& rate) {
-  visit("units", rate.units);
-  visit("seconds", rate.seconds);
-}
+template <class Part, class Value>
+struct Plain {
+  const char* name;
+  Value Part::*member;
+  void show(auto& visit, auto& part) const { visit(name, part.*member); }
+};
 
-void fields(auto& visit, Like<Picture> auto& picture) {
-  visit("rate", picture.rate);
-  visit("variable_rate", picture.variableRate);
-  visit("width", picture.width);
-  visit("height", picture.height);
-  visit("rotation", picture.rotation);
-  visit("pixel_aspect", picture.pixelAspect);
-  visit.word("scan", picture.scan, kScans);
-  visit("length_seconds", picture.lengthSeconds);
-}
+template <class Part, class Value, std::size_t size>
+struct Word {
+  const char* name;
+  Value Part::*member;
+  const Words<Value, size>& words;
+  void show(auto& visit, auto& part) const { visit.word(name, part.*member, words); }
+};
 
-void fields(auto& visit, Like<Sound> auto& sound) {
-  visit("channels", sound.channels);
-  visit("rate", sound.rate);
-  visit("bits", sound.bits);
-  visit("layout", sound.layout);
-  visit("length_seconds", sound.lengthSeconds);
-  visit("start_seconds", sound.startSeconds);
-}
+template <class Part, class Value>
+struct Path {
+  const char* name;
+  Value Part::*member;
+  void show(auto& visit, auto& part) const { visit.path(name, part.*member); }
+};
 
-void fields(auto& visit, Like<Timecode> auto& timecode) {
-  visit("rate", timecode.rate);
-  visit("units", timecode.units);
-  visit("drop_frame", timecode.dropFrame);
-}
+template <class Part, class Value>
+struct Paths {
+  const char* name;
+  Value Part::*member;
+  void show(auto& visit, auto& part) const { visit.paths(name, part.*member); }
+};
 
-void fields(auto& visit, Like<MediaFacts> auto& facts) {
-  visit("picture", facts.picture);
-  visit("sounds", facts.sounds);
-  visit("timecode", facts.timecode);
-  visit("device_model", facts.deviceModel);
-  visit("recorded_at", facts.recordedAt);
-  visit("length_seconds", facts.lengthSeconds);
-}
+template <class Part, class Value>
+struct Rest {
+  Value Part::*member;
+  void show(auto& visit, auto& part) const { visit.unknown(part.*member); }
+};
 
-void fields(auto& visit, Like<MediaFile> auto& file) {
-  visit.path("path", file.path);
-  visit("bytes", file.bytes);
-  visit("modified", file.modified);
-  visit("facts", file.facts);
-  visit.unknown(file.unknown);
-}
+template <class Part>
+inline constexpr std::tuple<> kFields;  // every part has its own
 
-void fields(auto& visit, Like<Reason> auto& reason) {
-  visit("reason", reason.reason);
-  visit("remedy", reason.remedy);
-}
+template <>
+inline constexpr std::tuple kFields<Rate>{Plain{"units", &Rate::units},
+                                          Plain{"seconds", &Rate::seconds}};
 
-void fields(auto& visit, Like<Recording> auto& recording) {
-  visit("id", recording.id);
-  visit("files", recording.files);
-  visit("length_seconds", recording.lengthSeconds);
-  visit("sound_start_seconds", recording.soundStartSeconds);
-  visit("heard_stream", recording.heardStream);
-  visit("usable", recording.usable);
-  visit("left_out", recording.leftOut);
-  visit.unknown(recording.unknown);
-}
+template <>
+inline constexpr std::tuple kFields<Picture>{
+    Plain{"rate", &Picture::rate},         Plain{"variable_rate", &Picture::variableRate},
+    Plain{"width", &Picture::width},       Plain{"height", &Picture::height},
+    Plain{"rotation", &Picture::rotation}, Plain{"pixel_aspect", &Picture::pixelAspect},
+    Word{"scan", &Picture::scan, kScans},  Plain{"length_seconds", &Picture::lengthSeconds}};
 
-void fields(auto& visit, Like<Device> auto& device) {
-  visit("id", device.id);
-  visit("name", device.name);
-  visit.word("kind", device.kind, kDeviceKinds);
-  visit("recordings", device.recordings);
-  visit.unknown(device.unknown);
-}
+template <>
+inline constexpr std::tuple kFields<Sound>{Plain{"channels", &Sound::channels},
+                                           Plain{"rate", &Sound::rate},
+                                           Plain{"bits", &Sound::bits},
+                                           Plain{"layout", &Sound::layout},
+                                           Plain{"length_seconds", &Sound::lengthSeconds},
+                                           Plain{"start_seconds", &Sound::startSeconds},
+                                           Plain{"index", &Sound::index}};
 
-void fields(auto& visit, Like<Clip> auto& clip) {
-  visit("recording", clip.recording);
-  visit("start_seconds", clip.startSeconds);
-  visit.word("placed_by", clip.placedBy, kPlacedBy);
-  visit("confidence", clip.confidence);
-  visit("error_seconds", clip.errorSeconds);
-  visit("drift_ppm", clip.driftPpm);
-  visit("one_clock_shift_seconds", clip.oneClockShiftSeconds);
-  visit("matched_with", clip.matchedWith);
-  visit("confirmed", clip.confirmed);
-  visit("pinned", clip.pinned);
-  visit("excluded", clip.excluded);
-  visit.unknown(clip.unknown);
-}
+template <>
+inline constexpr std::tuple kFields<Timecode>{Plain{"rate", &Timecode::rate},
+                                              Plain{"units", &Timecode::units},
+                                              Plain{"drop_frame", &Timecode::dropFrame}};
 
-void fields(auto& visit, Like<Group> auto& group) {
-  visit("id", group.id);
-  visit("name", group.name);
-  visit("clips", group.clips);
-  visit.unknown(group.unknown);
-}
+template <>
+inline constexpr std::tuple kFields<MediaFacts>{
+    Plain{"picture", &MediaFacts::picture},
+    Plain{"sounds", &MediaFacts::sounds},
+    Plain{"timecode", &MediaFacts::timecode},
+    Plain{"device_model", &MediaFacts::deviceModel},
+    Plain{"recorded_at", &MediaFacts::recordedAt},
+    Plain{"length_seconds", &MediaFacts::lengthSeconds}};
 
-void fields(auto& visit, Like<Likely> auto& place) {
-  visit("offset_seconds", place.offsetSeconds);
-  visit("weight", place.weight);
-}
+template <>
+inline constexpr std::tuple kFields<MediaFile>{
+    Path{"path", &MediaFile::path}, Plain{"bytes", &MediaFile::bytes},
+    Plain{"modified", &MediaFile::modified}, Plain{"facts", &MediaFile::facts},
+    Rest{&MediaFile::unknown}};
 
-void fields(auto& visit, Like<PairEvidence> auto& pair) {
-  visit("first", pair.first);
-  visit("second", pair.second);
-  visit("places", pair.places);
-  visit.unknown(pair.unknown);
-}
+template <>
+inline constexpr std::tuple kFields<Reason>{Plain{"reason", &Reason::reason},
+                                            Plain{"remedy", &Reason::remedy}};
 
-void fields(auto& visit, Like<FrameSize> auto& size) {
-  visit("width", size.width);
-  visit("height", size.height);
-}
+template <>
+inline constexpr std::tuple kFields<Recording>{
+    Plain{"id", &Recording::id},
+    Plain{"files", &Recording::files},
+    Plain{"length_seconds", &Recording::lengthSeconds},
+    Plain{"sound_start_seconds", &Recording::soundStartSeconds},
+    Plain{"heard_stream", &Recording::heardStream},
+    Plain{"usable", &Recording::usable},
+    Plain{"left_out", &Recording::leftOut},
+    Rest{&Recording::unknown}};
 
-void fields(auto& visit, Like<Settings> auto& settings) {
-  visit("tolerance", settings.tolerance);
-  visit("mode", settings.mode);
-  visit("by_sound", settings.bySound);
-  visit("frames_per_second", settings.framesPerSecond);
-  visit("frame_size", settings.frameSize);
-  visit("formats", settings.formats);
-  visit("compact_xmeml", settings.compactXmeml);
-  visit("clips_by_clock", settings.clipsByClock);
-  visit("camera_sound", settings.cameraSound);
-  visit("drift", settings.drift);
-  visit("replace_audio", settings.replaceAudio);
-  visit.unknown(settings.unknown);
-}
+template <>
+inline constexpr std::tuple kFields<Device>{Plain{"id", &Device::id}, Plain{"name", &Device::name},
+                                            Word{"kind", &Device::kind, kDeviceKinds},
+                                            Plain{"recordings", &Device::recordings},
+                                            Rest{&Device::unknown}};
 
-void fields(auto& visit, Like<Written> auto& written) {
-  visit.path("folder", written.folder);
-  visit("time", written.time);
-  visit.paths("files", written.files);
-  visit("notices", written.notices);
-  visit.unknown(written.unknown);
-}
+template <>
+inline constexpr std::tuple kFields<Clip>{
+    Plain{"recording", &Clip::recording},
+    Plain{"start_seconds", &Clip::startSeconds},
+    Word{"placed_by", &Clip::placedBy, kPlacedBy},
+    Plain{"confidence", &Clip::confidence},
+    Plain{"error_seconds", &Clip::errorSeconds},
+    Plain{"drift_ppm", &Clip::driftPpm},
+    Plain{"one_clock_shift_seconds", &Clip::oneClockShiftSeconds},
+    Plain{"matched_with", &Clip::matchedWith},
+    Plain{"confirmed", &Clip::confirmed},
+    Plain{"pinned", &Clip::pinned},
+    Plain{"excluded", &Clip::excluded},
+    Rest{&Clip::unknown}};
 
-void fields(auto& visit, Like<Project> auto& project) {
-  visit("settings", project.settings);
-  visit("devices", project.devices);
-  visit("groups", project.groups);
-  visit("evidence", project.evidence);
-  visit("written", project.written);
-  visit.unknown(project.unknown);
+template <>
+inline constexpr std::tuple kFields<Group>{Plain{"id", &Group::id}, Plain{"name", &Group::name},
+                                           Plain{"clips", &Group::clips}, Rest{&Group::unknown}};
+
+template <>
+inline constexpr std::tuple kFields<Likely>{Plain{"offset_seconds", &Likely::offsetSeconds},
+                                            Plain{"weight", &Likely::weight}};
+
+template <>
+inline constexpr std::tuple kFields<PairEvidence>{
+    Plain{"first", &PairEvidence::first}, Plain{"second", &PairEvidence::second},
+    Plain{"places", &PairEvidence::places}, Rest{&PairEvidence::unknown}};
+
+template <>
+inline constexpr std::tuple kFields<FrameSize>{Plain{"width", &FrameSize::width},
+                                               Plain{"height", &FrameSize::height}};
+
+template <>
+inline constexpr std::tuple kFields<Settings>{
+    Plain{"tolerance", &Settings::tolerance},
+    Plain{"mode", &Settings::mode},
+    Plain{"by_sound", &Settings::bySound},
+    Plain{"frames_per_second", &Settings::framesPerSecond},
+    Plain{"frame_size", &Settings::frameSize},
+    Plain{"formats", &Settings::formats},
+    Plain{"compact_xmeml", &Settings::compactXmeml},
+    Plain{"clips_by_clock", &Settings::clipsByClock},
+    Plain{"camera_sound", &Settings::cameraSound},
+    Plain{"drift", &Settings::drift},
+    Plain{"replace_audio", &Settings::replaceAudio},
+    Rest{&Settings::unknown}};
+
+template <>
+inline constexpr std::tuple kFields<Written>{
+    Path{"folder", &Written::folder}, Plain{"time", &Written::time},
+    Paths{"files", &Written::files}, Plain{"notices", &Written::notices}, Rest{&Written::unknown}};
+
+template <>
+inline constexpr std::tuple kFields<Project>{
+    Plain{"settings", &Project::settings}, Plain{"devices", &Project::devices},
+    Plain{"groups", &Project::groups},     Plain{"evidence", &Project::evidence},
+    Plain{"written", &Project::written},   Rest{&Project::unknown}};
+
+template <class Part>
+void fields(auto& visit, Part& part) {
+  using Table = std::remove_const_t<decltype(kFields<std::remove_const_t<Part>>)>;
+  static_assert(std::tuple_size_v<Table> > 0, "a part without fields");
+  std::apply([&](const auto&... field) { (field.show(visit, part), ...); },
+             kFields<std::remove_const_t<Part>>);
 }
 
 }  // namespace project

@@ -42,6 +42,7 @@ struct Sound {
   std::vector<std::string> layout;  // a name a channel, "L", "R", "C", "LFE"; empty: not told
   double lengthSeconds = 0;
   double startSeconds = 0;  // after the picture's start; 0 without a picture
+  int index = -1;           // among all streams of the file, from 0; -1: not told
   bool operator==(const Sound&) const = default;
 };
 
@@ -63,7 +64,7 @@ struct MediaFacts {
   /// When recording began by the device's clock, as the file tells: seconds since 1970, in the time
   /// zone of the device, so that only differences within one device mean something; 0: not told.
   std::int64_t recordedAt = 0;
-  double lengthSeconds = 0;          // of the whole file
+  double lengthSeconds = 0;  // of the whole file
   bool operator==(const MediaFacts&) const = default;
 };
 

@@ -92,6 +92,8 @@ project::Sound soundOf(const StreamFields& stream) {
   sound.bits = static_cast<int>(stream.number("BitDepth"));
   sound.layout = layoutOf(stream, sound.channels);
   sound.lengthSeconds = soundLength(stream, sound.rate);
+  if (const std::string order = stream.text("StreamOrder"); !order.empty())
+    sound.index = static_cast<int>(stream.number("StreamOrder"));
   return sound;
 }
 
