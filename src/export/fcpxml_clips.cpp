@@ -50,10 +50,6 @@ std::string_view outputs(const Media& media, int stream) {
   return surround ? "L, R, C, LFE, Ls, Rs" : "";
 }
 
-int streamCount(const Media& media) {
-  return std::max<int>(1, static_cast<int>(media.facts.sounds.size()));
-}
-
 Element marker(const Item& item, const std::string& start, FrameRate rate) {
   return Element("marker")
       .attribute("start", start)
@@ -99,7 +95,7 @@ Element ClipWriter::clip(const Item& item, bool onTimeline) const {
 void ClipWriter::addSounds(Element& parent, const Item& item, const std::string& start) const {
   const Media& media = mediaOf(item);
   const std::int64_t samples = wholeUnits(shownSound(media, item.clip), {soundRate(media), 1});
-  for (int stream = 0; stream < streamCount(media); ++stream) {
+  for (int stream = 0; stream < soundStreams(media); ++stream) {
     Element audio("audio");
     audio.attribute("ref", assetId(item.media())).attribute("lane", -1 - stream);
     if (stream > 0) audio.attribute("srcID", stream + 1);
@@ -138,8 +134,8 @@ Element ClipWriter::modernClip(const Item& item, bool onTimeline) const {
   result.attribute("format", pictureFormatId(project_, media))
       .attribute("tcFormat", timecodeFormat(media))
       .add(marker(item, start, rate_));
-  if (item.soundLength > 0 && streamCount(media) > 1)
-    for (int stream = 0; stream < streamCount(media); ++stream) {
+  if (item.soundLength > 0 && soundStreams(media) > 1)
+    for (int stream = 0; stream < soundStreams(media); ++stream) {
       Element source("audio-channel-source");
       source.attribute("srcCh", sourceChannels(media, stream)).attribute("role", role(item));
       if (!isHeard(media, {stream, 0, ""})) source.attribute("active", 0);

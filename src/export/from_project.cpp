@@ -73,7 +73,8 @@ Group groupOf(const project::Project& project, const project::Group& placed, Med
                              .confidence = clip->confidence,
                              .errorSeconds = clip->errorSeconds,
                              .driftPpm = clip->driftPpm,
-                             .oneClockStart = oneClockStart(*clip, origin)});
+                             .oneClockStart = oneClockStart(*clip, origin),
+                             .placedBy = clip->placedBy});
     indices.erase(clip->recording);  // what is left at the end stands nowhere
   }
   return group;

@@ -53,6 +53,16 @@ std::vector<Channel> channelsOf(const Media& media) {
 
 int soundChannels(const Media& media) { return static_cast<int>(channelsOf(media).size()); }
 
+int soundStreams(const Media& media) {
+  return hasSound(media) ? std::max(1, static_cast<int>(media.facts.sounds.size())) : 0;
+}
+
+int indexOfSound(const Media& media, int stream) {
+  const auto& sounds = media.facts.sounds;
+  const int told = stream < std::ssize(sounds) ? sounds[stream].index : -1;
+  return told >= 0 ? told : stream + (hasPicture(media) ? 1 : 0);
+}
+
 bool isHeard(const Media& media, const Channel& channel) {
   return media.heardStream == 0 || channel.stream == media.heardStream;
 }

@@ -36,12 +36,18 @@ struct Channel {
 std::vector<Channel> channelsOf(const Media& media);
 int soundChannels(const Media& media);
 
+int soundStreams(const Media& media);  // one where the file does not tell; 0 without sound
+
 /// Whether a channel is meant to sound: all are, unless a later stream than the first was listened
 /// to; then that one alone, for the first was silent.
 bool isHeard(const Media& media, const Channel& channel);
 
 int soundRate(const Media& media);  // Hz, of the first stream; 48000 where it is not told
 int soundBits(const Media& media);  // 16 where it is not told
+
+/// The whole file's stream that is its sound stream of that number; where the file does not tell,
+/// streams count as cameras write them, the picture first.
+int indexOfSound(const Media& media, int stream);
 
 /// The moment of the file's start by its own clock, in units of the timecode's rate; without a
 /// timecode 0 at `otherwise`.

@@ -1,6 +1,7 @@
 #include "export/mlt.h"
 
 #include <numeric>
+#include <set>
 
 #include "export/element.h"
 #include "export/lanes.h"
@@ -10,26 +11,30 @@
 namespace timeline {
 namespace {
 
-enum class Kind { video, audio };
+/// One stream of a file: its picture, or a stream of its sound.
+struct Part {
+  bool picture;
+  int stream = 0;  // of the sound
+};
 
 Element property(std::string_view name, std::string_view value) {
   return Element("property", value).attribute("name", name);
 }
 
-std::string producerId(const Item& item, Kind kind) {
-  return (kind == Kind::video ? "picture" : "sound") + std::to_string(item.media() + 1);
+std::string producerId(const Item& item, const Part& part) {
+  std::string id = (part.picture ? "picture" : "sound") + std::to_string(item.media() + 1);
+  if (part.stream > 0) id += "-" + std::to_string(part.stream + 1);
+  return id;
 }
 
-/// One track of the timeline: a lane's pictures or its sounds.
+/// One track of the timeline: a lane's pictures, or one stream of its sounds, those apart that are
+/// not meant to be heard, for the format has no clips that are switched off.
 struct Track {
-  std::string id;
-  Kind kind;
+  std::string id, name;
+  Part part;
+  bool silent;
   Lane items;  // those that have that part
 };
-
-std::int64_t partLength(const Item& item, Kind kind) {
-  return kind == Kind::video ? item.pictureLength : item.soundLength;
-}
 
 class MltWriter {
  public:
@@ -39,15 +44,17 @@ class MltWriter {
         rate_(exactRate(project.fps)),
         names_(deviceNames(project)),
         items_(onGrid(project, group, {rate_})) {
-    for (const Kind kind : {Kind::audio, Kind::video}) addTracks(kind);  // pictures lie on top
+    const std::vector<Lane> all = lanes(items_, deviceKeys(project_));
+    for (const Lane& lane : all)
+      for (int stream = 0; stream < mostStreams(lane); ++stream)
+        for (const bool silent : {false, true}) addTrack(lane, {false, stream}, silent);
+    for (const Lane& lane : all) addTrack(lane, {true}, false);  // pictures lie on top
   }
 
   std::string text() const {
     Element root("mlt");
     root.attribute("LC_NUMERIC", "C").attribute("title", group_.name).add(profile());
-    for (const Kind kind : {Kind::audio, Kind::video})
-      for (const Item& item : items_)
-        if (partLength(item, kind) > 0 && isFirstPiece(item)) root.add(producer(item, kind));
+    addProducers(root);
     root.add(black(), background());
     for (const Track& track : tracks_) root.add(playlist(track));
     return root.add(tractor()).document("mlt");
@@ -56,18 +63,40 @@ class MltWriter {
  private:
   const Media& mediaOf(const Item& item) const { return project_.media[item.media()]; }
 
-  bool isFirstPiece(const Item& item) const {
-    return &item == &*std::ranges::find(items_, item.media(), &Item::media);
+  std::int64_t lengthOf(const Item& item, const Part& part) const {
+    if (part.picture) return item.pictureLength;
+    return part.stream < soundStreams(mediaOf(item)) ? item.soundLength : 0;
   }
 
-  void addTracks(Kind kind) {
-    for (const Lane& lane : lanes(items_, deviceKeys(project_))) {
-      Lane part;
-      for (const Item& item : lane)
-        if (partLength(item, kind) > 0) part.push_back(item);
-      if (!part.empty())
-        tracks_.push_back({"playlist" + std::to_string(tracks_.size()), kind, std::move(part)});
-    }
+  int mostStreams(const Lane& lane) const {
+    int most = 0;
+    for (const Item& item : lane) most = std::max(most, soundStreams(mediaOf(item)));
+    return most;
+  }
+
+  bool isSilent(const Item& item, const Part& part) const {
+    if (part.picture) return false;
+    const bool covered = !project_.cameraSound && coveredByRecorders(project_, group_, item.clip);
+    return covered || !isHeard(mediaOf(item), {part.stream, 0, ""});
+  }
+
+  void addTrack(const Lane& lane, const Part& part, bool silent) {
+    Lane items;
+    for (const Item& item : lane)
+      if (lengthOf(item, part) > 0 && isSilent(item, part) == silent) items.push_back(item);
+    if (items.empty()) return;
+    std::string name = names_[lane.front().media()];
+    if (part.stream > 0) name += " " + std::to_string(part.stream + 1);
+    tracks_.push_back(
+        {"playlist" + std::to_string(tracks_.size()), name, part, silent, std::move(items)});
+  }
+
+  /// Each part of a file once, however many pieces of it there are.
+  void addProducers(Element& root) const {
+    std::set<std::string> known;
+    for (const Track& track : tracks_)
+      for (const Item& item : track.items)
+        if (known.insert(producerId(item, track.part)).second) root.add(producer(item, track.part));
   }
 
   Element profile() const {
@@ -88,19 +117,21 @@ class MltWriter {
 
   /// One part of a file alone; the other is on a track of its own. Without a length of its own it
   /// would be taken to be one frame long, and silent.
-  Element producer(const Item& item, Kind kind) const {
+  Element producer(const Item& item, const Part& part) const {
     const Media& media = mediaOf(item);
     Element result("producer");
     const std::int64_t length = std::max<std::int64_t>(1, wholeUnits(lengthSeconds(media), rate_));
-    result.attribute("id", producerId(item, kind))
+    result.attribute("id", producerId(item, part))
         .attribute("in", 0)
         .attribute("out", length - 1)
         .add(property("length", std::to_string(length)), property("resource", media.path),
              property("mlt_service", "avformat-novalidate"),
              property("kestrel:name", fileName(media.path)));
-    if (kind == Kind::video) return result.add(property("audio_index", "-1"));
+    if (part.picture) return result.add(property("audio_index", "-1"));
     result.add(property("video_index", "-1"));
-    if (media.heardStream > 0) result.add(property("astream", std::to_string(media.heardStream)));
+    if (soundStreams(media) > 1)  // newer releases count sound streams, older ones all streams
+      result.add(property("audio_index", std::to_string(indexOfSound(media, part.stream))),
+                 property("astream", std::to_string(part.stream)));
     return result;
   }
 
@@ -122,29 +153,21 @@ class MltWriter {
 
   Element playlist(const Track& track) const {
     Element result("playlist");
-    const std::string& name = names_[track.items.front().media()];
     result.attribute("id", track.id)
-        .add(property(track.kind == Kind::video ? "shotcut:video" : "shotcut:audio", "1"),
-             property("shotcut:name", name), property("kdenlive:track_name", name));
-    if (track.kind == Kind::audio) result.add(property("kdenlive:audio_track", "1"));
+        .add(property(track.part.picture ? "shotcut:video" : "shotcut:audio", "1"),
+             property("shotcut:name", track.name), property("kdenlive:track_name", track.name));
+    if (!track.part.picture) result.add(property("kdenlive:audio_track", "1"));
     std::int64_t end = 0;
     for (const Item& item : track.items) {
       if (item.start > end) result.add(Element("blank").attribute("length", item.start - end));
-      const std::int64_t length = partLength(item, track.kind);
+      const std::int64_t length = lengthOf(item, track.part);
       result.add(Element("entry")
-                     .attribute("producer", producerId(item, track.kind))
+                     .attribute("producer", producerId(item, track.part))
                      .attribute("in", item.in)
                      .attribute("out", item.in + length - 1));
       end = item.start + length;
     }
     return result;
-  }
-
-  bool isSilenced(const Track& track) const {
-    return track.kind == Kind::audio && !project_.cameraSound &&
-           std::ranges::all_of(track.items, [&](const Item& item) {
-             return coveredByRecorders(project_, group_, item.clip);
-           });
   }
 
   Element tractor() const {
@@ -154,21 +177,21 @@ class MltWriter {
     for (const Track& track : tracks_) {
       Element entry("track");
       entry.attribute("producer", track.id);
-      if (track.kind == Kind::audio) entry.attribute("hide", isSilenced(track) ? "both" : "video");
+      if (!track.part.picture) entry.attribute("hide", track.silent ? "both" : "video");
       result.add(std::move(entry));
     }
     for (int track = 1; track <= std::ssize(tracks_); ++track)
-      result.add(transition(track, tracks_[track - 1].kind));
+      result.add(transition(track, tracks_[track - 1].part));
     return result;
   }
 
-  static Element transition(int track, Kind kind) {
+  static Element transition(int track, const Part& part) {
     Element result("transition");
     const std::string at = std::to_string(track);
     result.add(property("a_track", "0"), property("b_track", at),
-               property("mlt_service", kind == Kind::video ? "qtblend" : "mix"),
+               property("mlt_service", part.picture ? "qtblend" : "mix"),
                property("always_active", "1"));
-    if (kind == Kind::audio) result.add(property("sum", "1"));
+    if (!part.picture) result.add(property("sum", "1"));
     return result;
   }
 

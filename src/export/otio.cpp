@@ -13,7 +13,13 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
-enum class Kind { video, audio };
+/// One stream of a file: its picture, or a stream of its sound.
+struct Part {
+  bool picture;
+  int stream = 0;  // of the sound
+
+  const char* kind() const { return picture ? "Video" : "Audio"; }
+};
 
 std::string nameOf(const Media& media) { return cleanText(fileName(media.path)); }
 
@@ -68,10 +74,13 @@ class TimelineWriter {
   Json timeline() const {
     Json tracks = Json::array();
     const std::vector<Lane> all = lanes(onGrid(project_, group_, {rate_}), deviceKeys(project_));
-    for (const Kind kind : {Kind::video, Kind::audio})
-      for (const Lane& lane : all)
-        if (Json made = track(lane, kind); !made["children"].empty())
-          tracks.push_back(std::move(made));
+    const auto add = [&](const Lane& lane, const Part& part) {
+      if (Json made = track(lane, part); !made["children"].empty())
+        tracks.push_back(std::move(made));
+    };
+    for (const Lane& lane : all) add(lane, {true});
+    for (const Lane& lane : all)
+      for (int stream = 0; stream < mostStreams(lane); ++stream) add(lane, {false, stream});
     return {{"OTIO_SCHEMA", "Timeline.1"},
             {"name", cleanText(group_.name)},
             {"metadata", Json::object()},
@@ -82,17 +91,28 @@ class TimelineWriter {
  private:
   const Media& mediaOf(const Item& item) const { return project_.media[item.media()]; }
 
+  int mostStreams(const Lane& lane) const {
+    int most = 0;
+    for (const Item& item : lane) most = std::max(most, soundStreams(mediaOf(item)));
+    return most;
+  }
+
+  /// Of the part; 0 if the clip does not have it.
+  std::int64_t lengthOf(const Item& item, const Part& part) const {
+    if (part.picture) return item.pictureLength;
+    return part.stream < soundStreams(mediaOf(item)) ? item.soundLength : 0;
+  }
+
   /// Sound alone counts in samples, everything else in frames.
-  FrameRate unitOf(const Lane& lane, Kind kind) const {
+  FrameRate unitOf(const Lane& lane, const Part& part) const {
     const bool pictures =
         std::ranges::any_of(lane, [](const Item& item) { return item.pictureLength > 0; });
-    if (kind == Kind::video || pictures) return rate_;
+    if (part.picture || pictures) return rate_;
     return {soundRate(mediaOf(lane.front())), 1};
   }
 
-  Place placeOf(const Item& item, Kind kind, FrameRate unit) const {
-    if (unit == rate_)
-      return {item.start, item.in, kind == Kind::video ? item.pictureLength : item.soundLength};
+  Place placeOf(const Item& item, const Part& part, FrameRate unit) const {
+    if (unit == rate_) return {item.start, item.in, lengthOf(item, part)};
     const double cut = std::max(0.0, -item.startSeconds);  // before the timeline's beginning
     const double in = item.clip.sourceSeconds + cut;
     const double left = std::min(mediaOf(item).soundSeconds - in, item.clip.lengthSeconds - cut);
@@ -100,19 +120,21 @@ class TimelineWriter {
             wholeUnits(left - toSeconds(1, unit) / 2, unit)};  // the in point may round up
   }
 
-  Json track(const Lane& lane, Kind kind) const {
-    const FrameRate unit = unitOf(lane, kind);
+  Json track(const Lane& lane, const Part& part) const {
+    const FrameRate unit = unitOf(lane, part);
     Json children = Json::array();
     std::int64_t end = 0;
     for (const Item& item : lane) {
-      const Place place = placeOf(item, kind, unit);
-      if ((kind == Kind::video ? item.pictureLength : item.soundLength) == 0) continue;
+      if (lengthOf(item, part) == 0) continue;
+      const Place place = placeOf(item, part, unit);
       if (place.start > end) children.push_back(gap(place.start - end, unit));
-      children.push_back(clip(item, kind, place, unit));
+      children.push_back(clip(item, part, place, unit));
       end = std::max(end, place.start) + place.length;
     }
-    Json result = composition("Track.1", names_[lane.front().media()], std::move(children));
-    result["kind"] = kind == Kind::video ? "Video" : "Audio";
+    std::string name = names_[lane.front().media()];
+    if (part.stream > 0) name += " " + std::to_string(part.stream + 1);
+    Json result = composition("Track.1", name, std::move(children));
+    result["kind"] = part.kind();
     return result;
   }
 
@@ -134,20 +156,42 @@ class TimelineWriter {
             {"target_url", fileUrl(media.path, UrlStyle::standard)}};
   }
 
-  Json clip(const Item& item, Kind kind, const Place& place, FrameRate unit) const {
+  bool isSilenced(const Item& item, const Part& part) const {
+    if (part.picture) return false;
+    const bool covered = !project_.cameraSound && coveredByRecorders(project_, group_, item.clip);
+    return covered || !isHeard(mediaOf(item), {part.stream, 0, ""});
+  }
+
+  /// What the format has no words for: the exact place, and which channels of the file are meant,
+  /// also in the words of the library's own xmeml adapter.
+  Json metadata(const Item& item, const Part& part) const {
+    const Media& media = mediaOf(item);
+    Json own = {{"start_seconds", item.startSeconds},
+                {"duration_seconds", lengthSeconds(media)},
+                {"confidence", item.clip.confidence}};
+    if (part.picture) return {{"kestrel", own}};
+    int number = 0, first = 0;
+    own["stream"] = part.stream + 1;
+    own["channels"] = Json::array();
+    for (const Channel& channel : channelsOf(media)) {
+      ++number;
+      if (channel.stream != part.stream) continue;
+      if (first == 0) first = number;
+      own["channels"].push_back(channel.name.empty() ? std::to_string(number)
+                                                     : cleanText(channel.name));
+    }
+    const Json track = {{"mediatype", "audio"}, {"trackindex", std::to_string(first)}};
+    return {{"kestrel", own}, {"fcp_xml", {{"sourcetrack", track}}}};
+  }
+
+  Json clip(const Item& item, const Part& part, const Place& place, FrameRate unit) const {
     const Media& media = mediaOf(item);
     const Json start = mediaTime(media, place.in, unit);
-    const bool silenced = kind == Kind::audio && !project_.cameraSound &&
-                          coveredByRecorders(project_, group_, item.clip);
     return {{"OTIO_SCHEMA", "Clip.1"},
             {"name", nameOf(media)},
-            {"metadata",
-             {{"kestrel",
-               {{"start_seconds", item.startSeconds},
-                {"duration_seconds", lengthSeconds(media)},
-                {"confidence", item.clip.confidence}}}}},
+            {"metadata", metadata(item, part)},
             {"source_range", range(start, place.length, unit)},
-            {"enabled", !silenced},
+            {"enabled", !isSilenced(item, part)},
             {"effects", Json::array()},
             {"markers", Json::array({marker(item, start, unit)})},
             {"media_reference", reference(media, unit)}};

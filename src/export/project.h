@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "project/media_facts.h"
+#include "project/project.h"
 
 namespace timeline {
 
@@ -39,6 +39,7 @@ struct Clip {
   std::optional<double> driftPpm = {};      // what is left of the clock's drift against the group's
   std::optional<double> oneClockStart = {};  // its start where all run by one clock, by the sound
   std::optional<Steady> steady = {};
+  project::PlacedBy placedBy = project::PlacedBy::sound;
 };
 
 struct Group {

@@ -6,12 +6,18 @@
 
 namespace timeline {
 
+using project::PlacedBy;
+
 std::string confidenceText(const Clip& clip) {
+  if (clip.placedBy == PlacedBy::clock) return "By the clock";
+  if (clip.placedBy == PlacedBy::hand) return "By hand";
   if (clip.confidence <= 0 && !clip.errorSeconds) return "Not synchronised";
   return "Confidence " + numberText(std::round(clip.confidence * 100)) + " %";
 }
 
 std::string placeText(const Clip& clip) {
+  if (clip.placedBy == PlacedBy::clock) return "By its device's clock, to about 2 s. Check it.";
+  if (clip.placedBy == PlacedBy::hand) return "Somebody put it there.";
   if (clip.confidence <= 0 && !clip.errorSeconds) return "Place it by hand.";
   std::string text = "How exact the place is was not measured.";
   if (clip.errorSeconds) {

@@ -1,5 +1,7 @@
 #include <algorithm>
+#include <cmath>
 #include <map>
+#include <optional>
 #include <set>
 #include <utility>
 
@@ -57,9 +59,39 @@ class CompleteDocument {
 std::string masterClipId(int media) { return "masterclip-" + std::to_string(media + 1); }
 std::string fileId(int media) { return "file-" + std::to_string(media + 1); }
 
-/// What one part of a clip shows of the file.
-std::int64_t partLength(const PlacedClip& clip, int channel) {
-  return channel == 0 ? clip.item.pictureLength : clip.item.soundLength;
+/// Where one part of a clip stands, in frames, and what it shows of the file.
+struct Extent {
+  std::int64_t start, in, length;
+};
+
+Extent extentOf(const PlacedClip& clip, int channel) {
+  const Item& item = clip.item;
+  return {item.start, item.in, channel == 0 ? item.pictureLength : item.soundLength};
+}
+
+// Premiere's, in a second: whole ones for the frames of all rates.
+constexpr std::int64_t kTicks = 254'016'000'000;
+
+/// Sound alone stands on a frame, but Premiere can begin it at any moment of the file: the one that
+/// belongs to the frame's edge. Of what the recorder heard before there may be a frame lost.
+struct ExactSound {
+  Extent extent;
+  std::int64_t in, out;  // ticks
+};
+
+ExactSound exactSound(const PlacedClip& clip, double soundSeconds, FrameRate rate) {
+  const Item& item = clip.item;
+  const std::int64_t start =
+      item.startSeconds > toSeconds(item.start, rate) + 1e-9 ? item.start + 1 : item.start;
+  const double in = item.clip.sourceSeconds + toSeconds(start, rate) - item.startSeconds;
+  const double left =
+      std::min(soundSeconds, item.clip.sourceSeconds + item.clip.lengthSeconds) - in;
+  const std::int64_t length =
+      std::max<std::int64_t>(0, std::min(wholeUnits(left, rate), clip.next - start));
+  const std::int64_t ticks = std::llround(in * double(kTicks));
+  return {{start, nearestUnit(in, rate), length},
+          ticks,
+          ticks + length * (kTicks / rate.units * rate.seconds)};
 }
 
 Element sequenceTimecode(FrameRate rate) {
@@ -129,16 +161,22 @@ Element CompleteDocument::audioTrack(const TrackSet& set, int channel) {
 Element CompleteDocument::clipItem(const PlacedClip& clip, int channel) {
   const Media& media = mediaOf(clip);
   const Item& item = clip.item;
-  const std::int64_t length = partLength(clip, channel);
+  Extent extent = extentOf(clip, channel);
+  std::optional<ExactSound> exact;
+  if (premiere() && item.pictureLength == 0) exact = exactSound(clip, media.soundSeconds, rate_);
+  if (exact && exact->extent.length == 0) exact.reset();  // too short to lose anything
+  if (exact) extent = exact->extent;
   const bool sounds =
       channel == 0 || (!clip.silenced && isHeard(media, channelsOf(media)[channel - 1]));
   Element result = reference("clipitem", partId(clip, channel));
   if (premiere() && channel > 0 && clip.channels <= 2)
     result.attribute("premiereChannelType", clip.channels == 1 ? "mono" : "stereo");
-  result.add(Element("name", fileName(media.path)), Element("duration", item.in + length),
-             xmemlRate(rate_), Element("start", item.start), Element("end", item.start + length),
-             Element("in", item.in), Element("out", item.in + length),
-             Element("enabled", sounds ? "TRUE" : "FALSE"),
+  result.add(Element("name", fileName(media.path)), Element("duration", extent.in + extent.length),
+             xmemlRate(rate_), Element("start", extent.start),
+             Element("end", extent.start + extent.length), Element("in", extent.in),
+             Element("out", extent.in + extent.length));
+  if (exact) result.add(Element("pproTicksIn", exact->in), Element("pproTicksOut", exact->out));
+  result.add(Element("enabled", sounds ? "TRUE" : "FALSE"),
              Element("masterclipid", masterClipId(item.media())), file(item.media()),
              sourceTrack(channel), xmemlLabel(devices_[item.media()], premiere()));
   if (channel == (clip.videoTrack > 0 ? 0 : 1)) result.add(xmemlMarker(clip.clip()));

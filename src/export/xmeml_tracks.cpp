@@ -23,6 +23,7 @@ TrackSet trackSet(const Project& project, const Group& group, const Lane& lane, 
     const bool picture = item.pictureLength > 0;
     set.channels = std::max(set.channels, channels);
     if (picture && set.videoTrack == 0) set.videoTrack = ++tracks.video;
+    if (!set.clips.empty()) set.clips.back().next = item.start;
     set.clips.push_back({item, "clipitem-" + std::to_string(++clipCount), channels,
                          picture ? set.videoTrack : 0, picture ? ++pictures : 0, tracks.audio + 1,
                          channels > 0 ? ++sounds : 0,

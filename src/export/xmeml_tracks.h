@@ -1,5 +1,6 @@
 #pragma once
 
+#include <limits>
 #include <string>
 #include <vector>
 
@@ -16,7 +17,8 @@ struct PlacedClip {
   int channels;  // 0: no sound
   int videoTrack, videoPosition;
   int audioTrack, audioPosition;
-  bool silenced;  // a recorder sounds in its place
+  bool silenced;                                                 // a recorder sounds in its place
+  std::int64_t next = std::numeric_limits<std::int64_t>::max();  // where the next one begins
 
   const Clip& clip() const { return item.clip; }
 };

@@ -7,7 +7,9 @@
 #include "export/fcpxml.h"
 #include "export/lanes.h"
 #include "export/media.h"
+#include "export/mlt.h"
 #include "export/otio.h"
+#include "export/reaper.h"
 #include "export/text.h"
 #include "export/vegas.h"
 #include "export/xmeml.h"
@@ -49,7 +51,8 @@ project::Timecode anyTimecode(const RandomRun& run, Below below) {
   return {rate, below(day * rate.units / rate.seconds), rate.seconds == 1001 && below(2) > 0};
 }
 
-/// A few groups of a few devices that never overlap themselves; long waits reach past 30 hours.
+/// Two groups of up to 60 clips of a few devices that never overlap themselves, some with several
+/// sound streams; long waits reach past 30 hours.
 RandomRun randomRun(unsigned seed, double fps) {
   std::mt19937 random(seed);
   const auto below = [&](std::int64_t n) { return static_cast<std::int64_t>(random() % n); };
@@ -58,12 +61,15 @@ RandomRun randomRun(unsigned seed, double fps) {
   int device = 0;
   for (const char* name : {"Group <1>", "Group 2"}) {
     Group group{name, {}};
-    const std::int64_t wait = below(2) ? kRate : 12 * 3600 * kRate;
+    const std::int64_t longest = below(2) ? kRate : 12 * 3600 * kRate;
     for (int last = device + 1 + static_cast<int>(below(4)); device < last; ++device) {
       const bool video = below(3) > 0;
       const int channels = 1 + static_cast<int>(below(2));
+      const std::int64_t streams = video && below(4) == 0 ? 2 + below(3) : 1;
+      const std::int64_t clips = 1 + below(below(4) ? 4 : 15);
+      const std::int64_t wait = longest / std::max<std::int64_t>(1, clips / 4);
       std::int64_t at = group.clips.empty() ? 0 : below(wait);
-      for (std::int64_t clips = 1 + below(4); clips > 0; --clips) {
+      for (std::int64_t clip = 0; clip < clips; ++clip) {
         const std::int64_t frame = kRate / static_cast<std::int64_t>(fps) + 1;
         const Shot shot{at, below(3) ? frame + below(wait) : frame};
         const int media = static_cast<int>(run.project.media.size());
@@ -74,6 +80,8 @@ RandomRun randomRun(unsigned seed, double fps) {
             video
                 ? sample::camera(path, seconds, kUsualRates[below(8)], 1920, 1080, channels, device)
                 : sample::recorder(path, seconds, channels, 48000, device));
+        if (streams > 1)
+          run.project.media.back().facts.sounds.assign(streams, {1, 48000, 24, {}, seconds, 0});
         if (below(2)) run.project.media.back().facts.timecode = anyTimecode(run, below);
         group.clips.push_back({media, static_cast<double>(shot.start) / kRate, 0.9});
         run.shots[media] = shot;
@@ -157,8 +165,20 @@ TEST_P(Positions, OfXmemlAreThoseThatWentIn) {
     for (const XmemlTarget target : {XmemlTarget::finalCut, XmemlTarget::premiere}) {
       const auto complete = reader::xmeml(
           xmemlDocument(run.project, XmemlForm::complete, target, Part::synced), true);
-      EXPECT_TRUE(sorted(complete) == expected(run, rate, 1, channels));
       expectOrderlyTracks(run, complete);
+      const auto wanted = expected(run, rate, 1, channels);
+      const auto read = sorted(complete);
+      ASSERT_EQ(read.size(), wanted.size());
+      for (std::size_t i = 0; i < read.size(); ++i) {
+        Placed clip = read[i];
+        if (clip.soundAt != 0) {  // exact, for which up to a frame may be cut
+          EXPECT_NEAR(clip.soundAt, wanted[i].soundAt, 1e-6) << clip.path;
+          EXPECT_EQ(clip.start - clip.in, wanted[i].start) << "coarse readers see the same";
+          EXPECT_LE(std::abs(wanted[i].end - clip.end), 1);
+          clip = wanted[i];
+        }
+        EXPECT_TRUE(clip == wanted[i]) << clip.path;
+      }
     }
   });
 }
@@ -215,7 +235,7 @@ TEST_P(Positions, OfOtioAreThoseThatWentIn) {
         read.push_back(clip);
     expectOrderlyTracks(run, read);
     std::ranges::sort(read);
-    const auto wanted = expected(run, rate, 1, [](const Media&) { return 1; });
+    const auto wanted = expected(run, rate, 1, [](const Media& m) { return soundStreams(m); });
     ASSERT_EQ(read.size(), wanted.size());
     for (std::size_t i = 0; i < read.size(); ++i) {
       if (read[i].soundAt != 0) {
@@ -225,6 +245,30 @@ TEST_P(Positions, OfOtioAreThoseThatWentIn) {
       read[i].end = wanted[i].end;  // of sound, in samples
       EXPECT_TRUE(read[i] == wanted[i]) << read[i].path;
     }
+  });
+}
+
+TEST_P(Positions, OfMltAndReaperAreThoseThatWentIn) {
+  forRandomRuns([](RandomRun run, FrameRate rate) {
+    run.project.cameraSound = true;  // what is off stands on tracks of its own
+    auto wanted = expected(run, rate, 1, [](const Media& media) { return soundStreams(media); });
+    std::vector<Placed> mlt, reaper;
+    for (const Group& group : run.project.groups) {
+      for (Placed& clip : reader::mlt(mltDocument(run.project, group))) {
+        clip.path = slashed(clip.path);
+        clip.group = group.name;
+        mlt.push_back(clip);
+      }
+      for (Placed& clip : reader::reaper(reaperProject(run.project, group))) reaper.push_back(clip);
+    }
+    for (Placed& clip : wanted) clip.path = cleanText(clip.path);
+    std::ranges::sort(wanted);
+    EXPECT_TRUE(sorted(mlt) == wanted);
+    std::map<std::string, double> starts;
+    for (const auto& [media, shot] : run.shots)
+      starts[oneLine(run.project.media[media].path)] = double(shot.start) / kRate;
+    EXPECT_EQ(reaper.size(), starts.size());
+    for (const Placed& clip : reaper) EXPECT_NEAR(clip.soundAt, starts.at(clip.path), 1e-9);
   });
 }
 

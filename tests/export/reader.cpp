@@ -98,9 +98,24 @@ class Xmeml {
       result.push_back({group, files_[file], channel, reader::number(item, "start"),
                         reader::number(item, "end"), complete_ ? reader::number(item, "in") : 0,
                         number});
+      if (item.child("pproTicksIn")) result.back().soundAt = exactPlace(item);
       if (complete_) checkItem(item, result.back(), number, position);
     }
     require(!complete_ || track.child("locked"), "a track without locked");
+  }
+
+  /// By Premiere's fine in point, which the coarse one must be near.
+  static double exactPlace(const xml_node& item) {
+    constexpr double kTicks = 254016000000;
+    const bool ntsc = item.child("rate").child_value("ntsc") == std::string("TRUE");
+    const double rate =
+        double(reader::number(item.child("rate"), "timebase")) * (ntsc ? 1000.0 / 1001 : 1);
+    const double in = double(reader::number(item, "pproTicksIn")) / kTicks;
+    const double out = double(reader::number(item, "pproTicksOut")) / kTicks;
+    require(std::abs(in * rate - double(reader::number(item, "in"))) < 0.51, "ticks beside in");
+    const auto length = double(reader::number(item, "out") - reader::number(item, "in"));
+    require(std::abs((out - in) * rate - length) < 1e-4, "ticks of another length");
+    return double(reader::number(item, "start")) / rate - in;
   }
 
   void checkItem(const xml_node& item, const Placed& clip, int track, int position) {
@@ -260,6 +275,16 @@ void requireInside(const Json& clip) {
   require(!clip.at("markers").at(0).at("comment").get<std::string>().empty(), "no comment");
 }
 
+/// From 1; the channel that other readers are told is the stream's first.
+int streamOf(const Json& clip) {
+  const Json& metadata = clip.at("metadata");
+  const int first =
+      std::stoi(metadata.at("fcp_xml").at("sourcetrack").at("trackindex").get<std::string>());
+  const int stream = metadata.at("kestrel").at("stream");
+  require(first >= stream && !metadata.at("kestrel").at("channels").empty(), "no such channel");
+  return stream;
+}
+
 void readTrack(const Json& track, const std::string& group, int number, timeline::FrameRate rate,
                std::vector<Placed>& result) {
   double at = 0;
@@ -270,8 +295,9 @@ void readTrack(const Json& track, const std::string& group, int number, timeline
     if (item.at("OTIO_SCHEMA") == "Clip.1") {
       requireInside(item);
       result.push_back({group, decoded(item.at("media_reference").at("target_url")),
-                        track.at("kind") == "Video" ? 0 : 1, frameAt(at, rate, samples),
-                        frameAt(end, rate, samples), 0, number, samples ? at : 0});
+                        track.at("kind") == "Video" ? 0 : streamOf(item),
+                        frameAt(at, rate, samples), frameAt(end, rate, samples), 0, number,
+                        samples ? at : 0});
     }
     at = end;
   }
@@ -299,6 +325,57 @@ std::vector<Placed> otio(const std::string& text, timeline::FrameRate rate) {
   std::map<std::string, int> numbers;
   for (const Json& track : root.at("tracks").at("children"))
     readTrack(track, root.at("name"), ++numbers[track.at("kind")], rate, result);
+  return result;
+}
+
+std::vector<Placed> mlt(const std::string& text) {
+  const pugi::xml_document document = parsed(text);
+  const xml_node root = document.child("mlt"),
+                 timeline = root.find_child_by_attribute("id", "timeline");
+  const auto property = [](const xml_node& node, const char* name) {
+    return std::string(node.find_child_by_attribute("property", "name", name).child_value());
+  };
+  std::vector<Placed> result;
+  int number = 0;
+  for (const xml_node entry : timeline.children("track")) {
+    const xml_node playlist =
+        root.find_child_by_attribute("playlist", "id", entry.attribute("producer").value());
+    require(playlist, "a track of nothing");
+    std::int64_t at = 0;
+    for (const xml_node item : playlist.children()) {
+      if (std::string(item.name()) == "blank") at += item.attribute("length").as_llong();
+      if (std::string(item.name()) != "entry") continue;
+      const xml_node producer =
+          root.find_child_by_attribute("producer", "id", item.attribute("producer").value());
+      const std::int64_t in = item.attribute("in").as_llong(),
+                         out = item.attribute("out").as_llong();
+      require(out <= producer.attribute("out").as_llong(), "past the media");
+      const bool picture = property(producer, "audio_index") == "-1";
+      const std::string stream = property(producer, "astream");
+      const int channel = picture ? 0 : stream.empty() ? 1 : std::stoi(stream) + 1;
+      if (property(producer, "mlt_service") != "color")
+        result.push_back({property(playlist, "shotcut:name"), property(producer, "resource"),
+                          channel, at, at + out + 1 - in, in, number});
+      at += out + 1 - in;
+    }
+    ++number;
+  }
+  return result;
+}
+
+std::vector<Placed> reaper(const std::string& text) {
+  std::vector<Placed> result;
+  std::istringstream lines(text);
+  int depth = 0;
+  double position = 0;
+  for (std::string line; std::getline(lines, line);) {
+    const std::string words = line.substr(std::min(line.find_first_not_of(' '), line.size()));
+    depth += words.starts_with('<') ? 1 : words == ">" ? -1 : 0;
+    if (words.starts_with("POSITION ")) position = std::stod(words.substr(9));
+    if (words.starts_with("FILE "))
+      result.push_back({"", words.substr(6, words.size() - 7), 1, 0, 0, 0, 0, position});
+  }
+  require(depth == 0, "brackets are open");
   return result;
 }
 
