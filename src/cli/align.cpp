@@ -18,7 +18,6 @@
 #include "report/run_report.h"
 #include "run/entries.h"
 #include "run/own_folder.h"
-#include "run/project_report.h"
 #include "run/project_stage.h"
 #include "run/results_folder.h"
 #include "run/system_services.h"
@@ -72,20 +71,6 @@ run::Options optionsOf(const Arguments& arguments, const Inputs& inputs) {
   return options;
 }
 
-/// What stands where by now, with clips that the run left where they were or a clock placed.
-void showProject(const project::Project& project, report::Outcome& outcome) {
-  report::Outcome now = run::outcomeOf(project);
-  for (report::Group& group : now.groups)
-    for (report::Member& member : group.members)
-      for (const report::Group& placed : outcome.groups)
-        if (const auto same = std::ranges::find(placed.members, member.path, &report::Member::path);
-            same != placed.members.end())
-          member.leftOutOfSync = same->leftOutOfSync;
-  outcome.groups = std::move(now.groups);
-  outcome.unsynced = std::move(now.unsynced);
-  outcome.ignored = std::move(now.ignored);
-}
-
 Finished synchronise(const Arguments& arguments, const Inputs& inputs, run::SystemServices& system,
                      report::Console& console) {
   const bool showProgress = !arguments.quiet && !arguments.verbose;
@@ -104,8 +89,6 @@ Finished synchronise(const Arguments& arguments, const Inputs& inputs, run::Syst
                               static_cast<float>(rate), settings.mode);
   finished.outcome = run.outcome();
   finished.project = run.project();
-  if (!finished.outcome.cancelled && !finished.outcome.refused)
-    showProject(finished.project, finished.outcome);
   return finished;
 }
 
@@ -124,15 +107,6 @@ void writeProblems(const Arguments& arguments, Finished& finished, run::SystemSe
   const report::Status written = report::reportRun(finished.result, console, execute);
   if (!written.ok())
     run::addFailure("A file was not written: " + written.error + ".", finished.outcome);
-}
-
-/// What is worth knowing beside the failures.
-std::vector<std::string> notesOf(const report::Outcome& outcome) {
-  std::vector<std::string> notes = outcome.notices;
-  std::erase_if(notes, [&](const std::string& note) {
-    return std::ranges::find(outcome.failures, note) != outcome.failures.end();
-  });
-  return notes;
 }
 
 int exitStatus(const report::Outcome& outcome) {
@@ -178,9 +152,7 @@ int align(const Arguments& arguments) {
     if (const report::Status kept = keep(output, finished); !kept.ok())
       run::addFailure("The project was not saved: " + kept.error + ".", finished.outcome);
   }
-  if (!arguments.quiet)
-    for (const std::string& notice : notesOf(finished.outcome)) say("Note: " + notice);
-  for (const std::string& failure : finished.outcome.failures) say("kestrel-align: " + failure);
+  tellNotices(finished.outcome, arguments.quiet);
   const report::Status shown = showOutcome(finished.outcome, json);
   return shown.ok() ? exitStatus(finished.outcome) : fail(shown.error);
 }

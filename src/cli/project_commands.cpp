@@ -1,7 +1,5 @@
 #include "cli/project_commands.h"
 
-#include <algorithm>
-
 #include "cli/align.h"
 #include "cli/inputs.h"
 #include "cli/interrupt.h"
@@ -11,6 +9,7 @@
 #include "cli/terminal.h"
 #include "project/device_names.h"
 #include "report/disk.h"
+#include "run/clock_stage.h"
 #include "run/document_stage.h"
 #include "run/project_report.h"
 #include "run/system_services.h"
@@ -26,14 +25,7 @@ report::Outcome write(const project::Project& project, const std::string& folder
   report::NoConsole nowhere;
   report::Console& console = arguments.verbose ? static_cast<report::Console&>(errors) : nowhere;
   ProgressLine progress(stderr, [] { return 0; });
-  return run::exportDocuments(project, folder, system.with(console, progress, interrupted()));
-}
-
-/// Some documents may be missing although others were written.
-bool tellsOfFailure(const std::vector<std::string>& notices) {
-  return std::ranges::any_of(notices, [](const std::string& notice) {
-    return notice.starts_with("A file was not written");
-  });
+  return run::exportDocuments(project, folder, system.withCache(console, progress, interrupted()));
 }
 
 }  // namespace
@@ -47,16 +39,13 @@ int exportDocuments(const Arguments& arguments) {
                                                       : report::wholePath(arguments.folder);
   if (const std::string why = whyFolderNotWritable(folder); !why.empty()) return fail(why + ".");
   inputs.project.settings = settingsOf(arguments, inputs.project.settings);
-  const report::Outcome written = write(inputs.project, folder, arguments);
+  const report::Outcome outcome = write(inputs.project, folder, arguments);
   if (!arguments.quiet)
     for (const std::string& notice : inputs.notices) say("Note: " + notice);
-  for (const std::string& notice : written.notices) say("Note: " + notice);
-  report::Outcome outcome = run::outcomeOf(inputs.project);
-  outcome.outputs = written.outputs;
-  outcome.notices = written.notices;
+  tellNotices(outcome, arguments.quiet);
   const report::Status shown = showOutcome(outcome, wholeFilePath(arguments.json));
   if (!shown.ok()) return fail(shown.error);
-  return written.outputs.empty() || tellsOfFailure(written.notices) ? kFailed : kSynchronised;
+  return outcome.outputs.empty() || !outcome.failures.empty() ? kFailed : kSynchronised;
 }
 
 int show(const Arguments& arguments) {
@@ -65,6 +54,7 @@ int show(const Arguments& arguments) {
   if (!inputs.error.empty()) return fail(inputs.error);
   for (const std::string& notice : inputs.notices) say("Note: " + notice);
   report::Outcome outcome = run::outcomeOf(inputs.project);
+  run::foretellClocks(inputs.project, outcome);
   outcome.project = report::wholePath(arguments.entries.front());
   const report::Status shown = showOutcome(outcome, wholeFilePath(arguments.json));
   return shown.ok() ? kSynchronised : fail(shown.error);

@@ -14,11 +14,24 @@ Json milliseconds(std::optional<double> seconds) {
   return seconds ? Json(*seconds * 1000) : Json(nullptr);
 }
 
+std::string_view placedBy(const report::Member& member) {
+  switch (member.placedBy) {
+    case report::PlacedBy::hand:
+      return "hand";
+    case report::PlacedBy::clock:
+      return "clock";
+    case report::PlacedBy::sound:
+      break;
+  }
+  return "sound";
+}
+
 Json memberJson(const report::Member& member) {
   return {{"path", member.path},
           {"offset_seconds", member.offsetSeconds},
           {"duration_seconds", member.durationSeconds},
           {"frame_rate", orNull(member.frameRate)},
+          {"placed_by", placedBy(member)},
           {"confidence", member.confidence},
           {"device", member.device},
           {"error_ms", milliseconds(member.errorSeconds)},

@@ -1,5 +1,6 @@
 #include "cli/talk.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
@@ -32,6 +33,15 @@ void say(const std::string& line) { std::fputs((report::printable(line) + "\n").
 int fail(const std::string& problem) {
   say("kestrel-align: " + problem);
   return kFailed;
+}
+
+void tellNotices(const report::Outcome& outcome, bool quiet) {
+  const auto failed = [&](const std::string& notice) {
+    return std::ranges::find(outcome.failures, notice) != outcome.failures.end();
+  };
+  for (const std::string& notice : outcome.notices)
+    if (!quiet && !failed(notice)) say("Note: " + notice);
+  for (const std::string& failure : outcome.failures) say("kestrel-align: " + failure);
 }
 
 report::Status showOutcome(const report::Outcome& outcome, const std::string& jsonFile) {

@@ -14,6 +14,9 @@ void say(const std::string& line);
 /// Says what went wrong; returns the exit status for it.
 int fail(const std::string& problem);
 
+/// Says what failed and, unless `quiet`, what else is worth knowing.
+void tellNotices(const report::Outcome& outcome, bool quiet);
+
 /// Shows the diagnostic lines beside the result, never in it.
 class ErrorConsole final : public report::Console {
  public:

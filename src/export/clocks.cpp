@@ -135,6 +135,28 @@ double OneClock::worstError(double length) const {
   return std::abs(1 / playRate - 1) * std::max(middleSeconds, length - middleSeconds);
 }
 
+double OneClock::worstError(const Clip& clip, double length) const {
+  const auto error = [&](double moment) {
+    return std::abs(clip.startSeconds + moment - clip.sourceSeconds - startSeconds -
+                    moment / playRate);
+  };
+  const double end = std::min(length, clip.sourceSeconds + clip.lengthSeconds);
+  return std::max(error(clip.sourceSeconds), error(end));
+}
+
+double standsLater(const Group& group, const std::vector<OneClock>& clocks) {
+  double steady = 0, all = 0;
+  int count = 0;
+  for (std::size_t i = 0; i < clocks.size(); ++i) {
+    const double later = group.clips[i].startSeconds - clocks[i].uncorrectedStart();
+    all += later;
+    if (clocks[i].playRate != 1) continue;
+    steady += later;
+    ++count;
+  }
+  return count > 0 ? steady / count : all / double(std::max<std::size_t>(clocks.size(), 1));
+}
+
 std::vector<OneClock> byOneClock(const Project& project, const Group& group) {
   const double clock = clockOfGroup(project, group);
   std::vector<OneClock> clocks;

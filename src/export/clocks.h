@@ -21,12 +21,19 @@ struct OneClock {
   }
   /// How far its ends are out then, at the worst; `length` is the file's, in seconds.
   double worstError(double length) const;
+  /// How far the clip is out, at the worst, as it stands; it may be a piece of the file, which is
+  /// `length` long.
+  double worstError(const Clip& clip, double length) const;
 };
 
 /// One for each clip of the group, by what its sound told; without that, a position is taken to
 /// be right in the middle of what a recording shares with another; clips whose drift is not known
 /// count as running by the group's clock. Pure.
 std::vector<OneClock> byOneClock(const Project& project, const Group& group);
+
+/// How much later the group as a whole stands than `clocks` say, which matters to nobody: the mean
+/// of the clips that run by the group's clock, of all if there is none. Pure.
+double standsLater(const Group& group, const std::vector<OneClock>& clocks);
 
 /// Gives a good moment of a file for a cut, near the one it is asked for; seconds.
 using QuietMoment = std::function<double(double)>;

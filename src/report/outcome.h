@@ -6,17 +6,21 @@
 
 namespace report {
 
+/// Who says where a recording stands.
+enum class PlacedBy { sound, hand, clock };
+
 /// A recording at its place. Offsets count from the group's earliest member.
 struct Member {
   std::string path;
   double offsetSeconds = 0;
   double durationSeconds = 0;       // exact
   std::optional<double> frameRate;  // none for sound
-  double confidence = 0;            // 0 to 1
-  int device = 0;                   // from 1; files of one device share it
-  std::optional<double> driftPpm;
+  PlacedBy placedBy = PlacedBy::sound;
+  double confidence = 0;                 // 0 to 1, of what the sound says
+  int device = 0;                        // from 1; files of one device share it
+  std::optional<double> driftPpm;        // its clock against the group's
   std::optional<double> errorSeconds;    // estimated error of the position
-  std::optional<double> leftOutOfSync;   // seconds that the clock leaves at the worse end
+  std::optional<double> leftOutOfSync;   // seconds that its drift leaves it out in the documents
   std::vector<std::string> matchedWith;  // paths, strongest first
   std::string soundPath;                 // the converted 8000 Hz sound, for drawing; may be empty
 };
@@ -41,7 +45,7 @@ struct Outcome {
   std::vector<LeftOut> ignored;      // not usable
   std::vector<std::string> outputs;  // files written, whole paths
   std::vector<std::string>
-      notices;  // plain sentences: doubts, missing programs, unwritable folders
+      notices;          // plain sentences: doubts, missing programs, unwritable folders
   std::string project;  // the file that keeps all of it, whole path; empty: none was written
   std::vector<std::string> failures;  // of the notices those that say what was not written or begun
   bool cancelled = false;

@@ -38,10 +38,15 @@ std::string_view verdictText(ComparedPair::Verdict verdict) {
 constexpr std::string_view kHowToRead =
     "How to read the tables\n"
     "  Position    where the recording starts, counted from the start of its group's first one\n"
-    "  Confidence  of the recordings given 90 %, about nine in ten stand at the right place\n"
+    "  Confidence  of the recordings given 90 %, about nine in ten stand at the right place; "
+    "others\n"
+    "              stand where somebody put them, or where their device's clock says, to about 2 "
+    "s\n"
     "  Exact to    the estimated error of the position; empty where it was not measured\n"
     "  Drift       how much faster the device's clock runs than the group's, in millionths, and\n"
-    "              how far that leaves the worse end of the recording from its place\n\n";
+    "              how far that leaves the worst moment of the recording from its place in the\n"
+    "              documents: where its sound was written anew or it was cut into pieces, next to\n"
+    "              nothing\n\n";
 
 constexpr std::string_view kWhatToTry =
     "What to try for files that stand alone\n"

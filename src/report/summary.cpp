@@ -28,6 +28,7 @@ Names shownNames(const Outcome& outcome) {
 std::string percentText(double share) { return decimalText(share * 100, 0) + " %"; }
 
 std::string millisecondsText(double seconds) {
+  if (seconds >= 1) return decimalText(seconds, 0) + " s";
   const double milliseconds = seconds * 1000;
   return decimalText(milliseconds, std::abs(milliseconds) < 10 ? 1 : 0) + " ms";
 }
@@ -38,12 +39,19 @@ std::string signedText(double value, std::string_view unit) {
   return (value < 0 ? '-' : '+') + number + std::string(unit);
 }
 
+/// Confidence is what the sound says, which is nothing of a place that somebody or a clock gave.
+std::string certaintyText(const Member& member) {
+  if (member.placedBy == PlacedBy::clock) return "by the clock";
+  if (member.placedBy == PlacedBy::hand) return "by hand";
+  return percentText(member.confidence);
+}
+
 Row memberRow(const Member& member, const Names& names) {
   Row row = {names.at(member.path),
              std::to_string(member.device),
              clockText(member.offsetSeconds),
              clockText(member.durationSeconds),
-             percentText(member.confidence),
+             certaintyText(member),
              "",
              "",
              ""};

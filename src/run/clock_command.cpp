@@ -1,5 +1,6 @@
 #include "run/clock_command.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace run {
@@ -11,29 +12,13 @@ std::string fileArgument(const std::string& path) {
   return std::string(path.starts_with('/') ? "" : "./") + path;
 }
 
-/// The source is said to run at one rate and resampled to another, which stretches it; then it is
-/// said to run at its own again.
-std::string stretch(const NewSound& sound) {
-  const auto [over, under] = nearestRatio(1 / sound.playRate);
-  if (over == under) return {};
-  return "asetrate=" + std::to_string(under) + ",aresample=" + std::to_string(over) +
-         ":filter_size=64:phase_shift=10:linear_interp=1:cutoff=0.98:internal_sample_fmt=dblp"
-         ",asetrate=" +
-         std::to_string(sound.rate) + ",";
-}
-
 std::string filters(const NewSound& sound) {
   std::string text;
   if (sound.skip > 0)
     text += "atrim=start_sample=" + std::to_string(sound.skip) + ",asetpts=PTS-STARTPTS,";
-  text += stretch(sound);
+  text += stretchFilters(1 / sound.playRate, sound.rate);
   if (sound.delay > 0) text += "adelay=delays=" + std::to_string(sound.delay) + "S:all=1,";
   return text + "apad,atrim=end_sample=" + std::to_string(sound.length);
-}
-
-std::string codec(int bits) {
-  if (bits > 24) return "pcm_s32le";
-  return bits > 16 || bits <= 0 ? "pcm_s24le" : "pcm_s16le";  // a codec without bits loses nothing
 }
 
 }  // namespace
@@ -57,35 +42,56 @@ Ratio nearestRatio(double value) {
   return {over, under};
 }
 
-Command newSoundCommand(const std::string& programFolder, const NewSound& sound) {
-  const std::string track = "0:a:" + std::to_string(sound.stream);
-  std::vector<std::string> words{"ffmpeg",
-                                 "-v",
-                                 "error",
-                                 "-i",
-                                 fileArgument(sound.source),
-                                 "-map",
-                                 track,
-                                 "-vn",
-                                 "-af",
-                                 filters(sound),
-                                 "-c:a",
-                                 codec(sound.bits),
-                                 "-ar",
-                                 std::to_string(sound.rate),
-                                 "-rf64",
-                                 "auto",
-                                 "-map_metadata",
-                                 "0"};
-  if (sound.keepTimecode) words.insert(words.end(), {"-write_bext", "1"});
-  words.insert(words.end(), {"-f", "wav", "-y", fileArgument(sound.target)});
-  std::string line = "\"" + programFolder + "ffmpeg.exe\"";
-  for (std::size_t i = 1; i < words.size(); ++i) {
-    const bool path = words[i] == fileArgument(sound.source) || i + 1 == words.size();
-    const std::string word = !path ? words[i] : i + 1 == words.size() ? sound.target : sound.source;
-    line += " \"" + word + "\"";
+// The source is said to run at one rate and resampled to another, which stretches it; then it is
+// said to run at its own again.
+std::string stretchFilters(double longer, int rate) {
+  auto [over, under] = nearestRatio(longer);
+  if (over == under) return {};
+  while (std::max(over, under) * 10 <= kLargest) {  // 147 samples a second are no sound
+    over *= 10;
+    under *= 10;
   }
-  return {line, words};
+  return "asetrate=" + std::to_string(under) + ",aresample=" + std::to_string(over) +
+         ":filter_size=64:phase_shift=10:linear_interp=1:cutoff=0.98:internal_sample_fmt=dblp"
+         ",asetrate=" +
+         std::to_string(rate) + ",";
+}
+
+std::string soundCodec(int bits) {
+  if (bits > 24) return "pcm_s32le";
+  return bits > 16 || bits <= 0 ? "pcm_s24le" : "pcm_s16le";  // a codec without bits loses nothing
+}
+
+Command ffmpegCommand(const std::string& programFolder, const std::vector<ProgramWord>& words) {
+  Command command{"\"" + programFolder + "ffmpeg.exe\"", {"ffmpeg"}};
+  for (const auto& [text, isPath] : words) {
+    command.windowsLine += " \"" + text + "\"";
+    command.arguments.push_back(isPath ? fileArgument(text) : text);
+  }
+  return command;
+}
+
+Command newSoundCommand(const std::string& programFolder, const NewSound& sound) {
+  std::vector<ProgramWord> words{{"-v"},
+                                 {"error"},
+                                 {"-i"},
+                                 {sound.source, true},
+                                 {"-map"},
+                                 {"0:a:" + std::to_string(sound.stream)},
+                                 {"-vn"},
+                                 {"-af"},
+                                 {filters(sound)},
+                                 {"-c:a"},
+                                 {soundCodec(sound.bits)},
+                                 {"-ar"},
+                                 {std::to_string(sound.rate)},
+                                 {"-rf64"},
+                                 {"auto"},
+                                 {"-map_metadata"},
+                                 {"0"}};
+  if (sound.keepTimecode) words.insert(words.end(), {{"-write_bext"}, {"1"}});
+  words.insert(words.end(), {{"-f"}, {"wav"}, {"-y"}, {sound.target, true}});
+  return ffmpegCommand(programFolder, words);
 }
 
 }  // namespace run

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "run/process.h"
 
@@ -25,6 +26,20 @@ struct Ratio {
   std::int64_t over, under;
 };
 Ratio nearestRatio(double value);
+
+/// Filters, with a comma at their end, that make a sound `longer` times as many samples, which then
+/// count as `rate` in a second: ffmpeg's best resampler. Empty if there is nothing to do.
+std::string stretchFilters(double longer, int rate);
+
+/// The WAV codec for samples of that many bits; 24 where there are none to be kept.
+std::string soundCodec(int bits);
+
+/// A word of a command line; paths are told from options, whatever they begin with.
+struct ProgramWord {
+  std::string text;
+  bool isPath = false;
+};
+Command ffmpegCommand(const std::string& programFolder, const std::vector<ProgramWord>& words);
 
 /// ffmpeg with its best resampler: same rate, bits and channels, exactly as long as asked. Pure.
 Command newSoundCommand(const std::string& programFolder, const NewSound& sound);

@@ -5,11 +5,10 @@
 #include <map>
 
 #include "export/clocks.h"
+#include "export/from_project.h"
 #include "export/lanes.h"
 #include "export/media.h"
-#include "report/text.h"
 #include "run/new_sounds.h"
-#include "run/quiet_moment.h"
 
 namespace run {
 namespace {
@@ -19,12 +18,23 @@ using timeline::Media;
 using timeline::OneClock;
 
 constexpr double kVisible = 0.010;  // seconds; less is neither seen nor heard
+constexpr double kMillion = 1e6;
+
+/// What the reports say of a recording, by its media.
+struct Standing {
+  double startSeconds = 0;
+  std::optional<double> driftPpm;
+  double leftOutOfSync = 0;
+};
 
 class Correction {
  public:
-  Correction(timeline::Project& timeline, Drift drift, NewSounds& sounds, const SoundOf& soundOf,
-             Outcome& outcome)
-      : timeline_(timeline), drift_(drift), sounds_(sounds), soundOf_(soundOf), outcome_(outcome) {}
+  Correction(timeline::Project& timeline, Drift drift, const WriteSound& write,
+             const QuietMomentOf& quiet, Outcome& outcome)
+      : timeline_(timeline), drift_(drift), write_(write), quiet_(quiet), outcome_(outcome) {
+    for (Group& group : outcome_.groups)
+      for (Member& member : group.members) members_.emplace(member.path, &member);
+  }
 
   void run() {
     for (timeline::Group& group : timeline_.groups) correct(group);
@@ -40,144 +50,138 @@ class Correction {
   }
 
  private:
+  using Clocks = std::map<int, OneClock>;  // by media
+
   Media& mediaOf(const Clip& clip) { return timeline_.media[clip.media]; }
+  double lengthOf(const Clip& clip) { return lengthSeconds(mediaOf(clip)); }
+  timeline::FrameRate rate() const { return timeline::exactRate(timeline_.fps); }
 
   void correct(timeline::Group& group) {
-    const std::vector<OneClock> clocks = byOneClock(timeline_, group);
+    paths_.clear();
+    const std::vector<OneClock> all = byOneClock(timeline_, group);
     double worst = 0;
-    for (std::size_t i = 0; i < clocks.size(); ++i)
-      worst = std::max(worst, clocks[i].worstError(lengthSeconds(mediaOf(group.clips[i]))));
+    for (std::size_t i = 0; i < all.size(); ++i)
+      worst = std::max(worst, all[i].worstError(lengthOf(group.clips[i])));
     const bool act = drift_ != Drift::off && worst > kVisible;
-    std::map<int, OneClock> toCut;  // by media
-    for (std::size_t i = 0; i < clocks.size(); ++i) {
+    const double later = act ? 0 : standsLater(group, all);
+    Clocks clocks;
+    for (std::size_t i = 0; i < all.size(); ++i) {
       Clip& clip = group.clips[i];
-      const double error = clocks[i].worstError(lengthSeconds(mediaOf(clip)));
-      clip.steady = timeline::Steady{clocks[i].startSeconds, clocks[i].playRate};
-      tell(mediaOf(clip).path, error);
-      if (!act) continue;
-      clip.startSeconds = clocks[i].uncorrectedStart();
-      if (hasPicture(mediaOf(clip))) {
-        const double halfFrame = toSeconds(1, timeline::exactRate(timeline_.fps)) / 2;
-        if (drift_ == Drift::pieces && error > halfFrame) toCut.emplace(clip.media, clocks[i]);
-      } else if (clocks[i].playRate != 1) {
-        rewrite(clip, clocks[i]);
-      }
+      OneClock& clock = clocks[clip.media] = all[i];
+      clock.startSeconds += later;
+      takeClock(clip, clock);
+      if (act) bringToClock(clip, clock);
     }
-    if (act) fromZero(group);
-    if (!toCut.empty()) cut(group, toCut);
+    if (act) moveToZero(group, clocks);
+    if (act && drift_ == Drift::pieces) cutAll(group, clocks);
+    tell(group, clocks);
+  }
+
+  void takeClock(Clip& clip, const OneClock& clock) {
+    paths_[clip.media] = mediaOf(clip).path;
+    clip.steady = timeline::Steady{clock.startSeconds, clock.playRate};
+    if (clip.driftPpm) clip.driftPpm = (clock.playRate - 1) * kMillion;
+    drifts_[clip.media] = clip.driftPpm;
+  }
+
+  void bringToClock(Clip& clip, OneClock& clock) {
+    clip.startSeconds = clock.uncorrectedStart();
+    if (!hasPicture(mediaOf(clip)) && clock.playRate != 1 && rewrite(clip, clock))
+      clock.playRate = 1;
   }
 
   /// The sound of a recorder, stretched to the group's clock.
-  void rewrite(Clip& clip, const OneClock& clock) {
+  bool rewrite(Clip& clip, const OneClock& clock) {
     Media& media = mediaOf(clip);
     const int rate = soundRate(media);
     const std::int64_t length = std::llround(media.soundSeconds / clock.playRate * rate);
-    NewSound sound{.source = media.path,
-                   .target = {},
-                   .stream = media.heardStream,
-                   .rate = rate,
-                   .bits = media.facts.sounds.empty() ? 0 : media.facts.sounds.front().bits,
-                   .playRate = clock.playRate,
-                   .length = length,
-                   .keepTimecode = media.facts.timecode.has_value()};
-    const auto written = sounds_.write(sound, stemOf(media.path));
-    if (!written) return;
+    const auto written = write_({.source = media.path,
+                                 .target = {},
+                                 .stream = media.heardStream,
+                                 .rate = rate,
+                                 .bits = soundOf(media).bits,
+                                 .playRate = clock.playRate,
+                                 .length = length,
+                                 .keepTimecode = media.facts.timecode.has_value()},
+                                stemOf(media.path));
+    if (!written) return false;
     ++rewritten_;
-    tell(media.path, 0);
-    const project::Sound heard = media.facts.sounds.empty() ? project::Sound{2, rate, 24, {}, 0, 0}
-                                                            : media.facts.sounds[media.heardStream];
     media.path = *written;
     media.soundSeconds = double(length) / rate;
-    media.facts.sounds = {heard};
+    media.facts.sounds = {soundOf(media)};
     media.facts.sounds.front().lengthSeconds = media.soundSeconds;
     media.facts.lengthSeconds = media.soundSeconds;
     media.heardStream = 0;
     clip.startSeconds = clock.startSeconds;
     clip.driftPpm = 0;
-    clip.steady.reset();
+    clip.steady = timeline::Steady{clock.startSeconds, 1};
+    return true;
   }
 
-  static void fromZero(timeline::Group& group) {
+  /// The stream that is listened to, of which a file need not tell anything.
+  static project::Sound soundOf(const Media& media) {
+    if (media.facts.sounds.empty()) return {2, soundRate(media), 0, {}, 0, 0};
+    return media.facts.sounds[media.heardStream];
+  }
+
+  static void moveToZero(timeline::Group& group, Clocks& clocks) {
     std::ranges::stable_sort(group.clips, {}, &Clip::startSeconds);
     const double first = group.clips.front().startSeconds;
     for (Clip& clip : group.clips) {
       clip.startSeconds -= first;
-      if (clip.steady) clip.steady->startSeconds -= first;
+      clip.steady->startSeconds -= first;
     }
+    for (auto& [media, clock] : clocks) clock.startSeconds -= first;
   }
 
   /// After everything else of the group stands, so that the pieces keep to its frames.
-  void cut(timeline::Group& group, const std::map<int, OneClock>& toCut) {
-    const timeline::FrameRate rate = timeline::exactRate(timeline_.fps);
-    group.phaseSeconds = bestPhase(timeline_, group, rate);
+  void cutAll(timeline::Group& group, const Clocks& clocks) {
+    const double phase = bestPhase(timeline_, group, rate()), halfFrame = toSeconds(1, rate()) / 2;
     std::vector<Clip> clips;
     for (const Clip& clip : group.clips) {
-      const auto found = toCut.find(clip.media);
-      if (found == toCut.end()) {
+      const OneClock& clock = clocks.at(clip.media);
+      if (!hasPicture(mediaOf(clip)) || clock.worstError(lengthOf(clip)) <= halfFrame) {
         clips.push_back(clip);
         continue;
       }
       ++cut_;
-      OneClock clock = found->second;
-      clock.startSeconds = clip.steady->startSeconds;
-      const std::string sound = soundOf_(mediaOf(clip).path);
-      const auto quiet = [&](double seconds) { return quietMoment(sound, seconds); };
-      for (Clip& piece :
-           inPieces(clip, clock, lengthSeconds(mediaOf(clip)), rate, *group.phaseSeconds, quiet))
+      group.phaseSeconds = phase;
+      const auto quiet = [&](double seconds) { return quiet_(mediaOf(clip), seconds); };
+      for (Clip& piece : inPieces(clip, clock, lengthOf(clip), rate(), phase, quiet))
         clips.push_back(std::move(piece));
-      tell(mediaOf(clip).path, toSeconds(1, rate) / 2);
     }
     group.clips = std::move(clips);
     std::ranges::stable_sort(group.clips, {}, &Clip::startSeconds);
   }
 
-  /// What stays out at the worse end of a recording.
-  void tell(const std::string& path, double error) {
-    for (Group& group : outcome_.groups)
-      for (Member& member : group.members)
-        if (member.path == path) member.leftOutOfSync = error;
+  void tell(const timeline::Group& group, const Clocks& clocks) {
+    std::map<int, Standing> standings;
+    for (const Clip& clip : group.clips) {
+      const auto [known, isNew] =
+          standings.try_emplace(clip.media, Standing{clip.startSeconds, drifts_[clip.media], 0});
+      double& worst = known->second.leftOutOfSync;
+      worst = std::max(worst, clocks.at(clip.media).worstError(clip, lengthOf(clip)));
+    }
+    for (const auto& [media, standing] : standings) {
+      const auto found = members_.find(paths_[media]);
+      if (found == members_.end()) continue;  // a further track of a recording
+      Member& member = *found->second;
+      member.offsetSeconds = standing.startSeconds;
+      member.driftPpm = standing.driftPpm;
+      if (standing.driftPpm) member.leftOutOfSync = standing.leftOutOfSync;
+    }
   }
 
   timeline::Project& timeline_;
   Drift drift_;
-  NewSounds& sounds_;
-  const SoundOf& soundOf_;
+  const WriteSound& write_;
+  const QuietMomentOf& quiet_;
   Outcome& outcome_;
+  std::map<std::string, Member*> members_;       // by path
+  std::map<int, std::string> paths_;             // by media: of the originals
+  std::map<int, std::optional<double>> drifts_;  // by media
   int rewritten_ = 0, cut_ = 0;
 };
-
-/// The sound clip of `group` that covers most of `camera`'s picture; null if none touches it.
-const Clip* bestCover(const timeline::Project& timeline, const timeline::Group& group,
-                      const Clip& camera) {
-  const double end = camera.startSeconds + timeline.media[camera.media].pictureSeconds;
-  const Clip* best = nullptr;
-  double most = 0;
-  for (const Clip& other : group.clips) {
-    const Media& media = timeline.media[other.media];
-    if (hasPicture(media) || !hasSound(media)) continue;
-    const double covered = std::min(end, other.startSeconds + media.soundSeconds) -
-                           std::max(camera.startSeconds, other.startSeconds);
-    if (covered <= most) continue;
-    most = covered;
-    best = &other;
-  }
-  return best;
-}
-
-/// As long as the camera's picture, what `from` sounds at its place.
-NewSound coverOf(const timeline::Project& timeline, const Clip& camera, const Clip& from) {
-  const Media& media = timeline.media[from.media];
-  const int rate = soundRate(media);
-  const auto late = std::llround((from.startSeconds - camera.startSeconds) * rate);
-  return {.source = media.path,
-          .target = {},
-          .stream = media.heardStream,
-          .rate = rate,
-          .bits = media.facts.sounds.empty() ? 0 : media.facts.sounds.front().bits,
-          .skip = std::max(0LL, -late),
-          .delay = std::max(0LL, late),
-          .length = std::llround(timeline.media[camera.media].pictureSeconds * rate)};
-}
 
 }  // namespace
 
@@ -186,21 +190,20 @@ Drift driftOf(const std::string& word) {
   return word == "pieces" ? Drift::pieces : Drift::sound;
 }
 
-void correctClocks(timeline::Project& timeline, Drift drift, NewSounds& sounds,
-                   const SoundOf& soundOf, Outcome& outcome) {
-  Correction(timeline, drift, sounds, soundOf, outcome).run();
+void correctClocks(timeline::Project& timeline, Drift drift, const WriteSound& write,
+                   const QuietMomentOf& quiet, Outcome& outcome) {
+  Correction(timeline, drift, write, quiet, outcome).run();
 }
 
-void replaceAudio(const timeline::Project& timeline, NewSounds& sounds) {
-  for (const timeline::Group& group : timeline.groups)
-    for (const Clip& camera : group.clips) {
-      const Media& media = timeline.media[camera.media];
-      if (!hasPicture(media) || camera.sourceSeconds > 0) continue;  // once, not for every piece
-      const Clip* cover = bestCover(timeline, group, camera);
-      if (!cover && !hasSound(media)) continue;
-      (void)sounds.write(coverOf(timeline, camera, cover ? *cover : camera),  // it says why not
-                         stemOf(media.path) + "_sound");
-    }
+void foretellClocks(const project::Project& project, Outcome& outcome) {
+  timeline::Project timeline = timeline::timelineOf(project);
+  const std::vector<std::string> notices = outcome.notices;
+  const WriteSound asIfWritten = [](const NewSound& sound, const std::string&) {
+    return std::optional(sound.source);
+  };
+  const QuietMomentOf anywhere = [](const Media&, double seconds) { return seconds; };
+  correctClocks(timeline, driftOf(project.settings.drift), asIfWritten, anywhere, outcome);
+  outcome.notices = notices;
 }
 
 }  // namespace run

@@ -1,6 +1,6 @@
 #include "run/document_stage.h"
 
-#include <algorithm>
+#include <map>
 
 #include "export/documents.h"
 #include "export/from_project.h"
@@ -9,7 +9,12 @@
 #include "report/files.h"
 #include "run/clock.h"
 #include "run/clock_stage.h"
+#include "run/project_report.h"
+#include "run/quiet_moment.h"
+#include "run/replacement.h"
+#include "run/sound_cache.h"
 #include "run/tables.h"
+#include "run/temporary_folder.h"
 
 namespace run {
 namespace {
@@ -22,6 +27,31 @@ void store(const std::string& file, const std::string& text, Outcome& outcome) {
     outcome.outputs.push_back(report::wholePath(file));
   else
     addFailure("A file was not written: " + status.error + ".", outcome);
+}
+
+/// Sounds of earlier runs, as far as they are kept, copied to where they can be read.
+class EarlierSounds {
+ public:
+  explicit EarlierSounds(const SoundCache* cache) : cache_(cache) {}
+
+  std::string of(const std::string& path) {
+    const std::filesystem::path& folder = spare_.path();
+    if (!cache_ || folder.empty()) return {};
+    const std::string copy = report::toUtf8(folder / (std::to_string(++count_) + ".wav"));
+    return cache_->fetchSound(SoundCache::keyOf(path), copy) ? copy : std::string();
+  }
+
+ private:
+  const SoundCache* cache_;
+  TemporaryFolder spare_;
+  int count_ = 0;
+};
+
+/// Converted sounds begin with the sound, files with their picture.
+double quietIn(const SoundOf& soundOf, const timeline::Media& media, double seconds) {
+  const auto& sounds = media.facts.sounds;
+  const double late = sounds.empty() ? 0 : sounds[media.heardStream].startSeconds;
+  return quietMoment(soundOf(media.path), seconds - late) + late;
 }
 
 }  // namespace
@@ -38,7 +68,7 @@ void writeDocuments(const timeline::Project& project, const std::string& folder,
       services.clock.timeOfDay(), options.formats,
       options.compactXmeml ? timeline::XmemlForm::compact : timeline::XmemlForm::complete};
   const timeline::Documents written = timeline::documents(project, wanted, services.console);
-  if (!written.error.empty()) outcome.notices.push_back(written.error + ".");
+  if (!written.error.empty()) addFailure(written.error + ".", outcome);
   for (const std::string& line : written.log) report::appendLogLine(line);
   const int count = static_cast<int>(written.files.size());
   for (int i = 0; i < count; ++i) {
@@ -53,23 +83,37 @@ void writeResults(const project::Project& project, const std::string& folder,
                   Outcome& outcome) {
   timeline::Project timeline = timeline::timelineOf(project);
   NewSounds sounds(folder, services, outcome);
-  correctClocks(timeline, driftOf(project.settings.drift), sounds, soundOf, outcome);
+  const WriteSound write = [&](const NewSound& sound, const std::string& name) {
+    return sounds.write(sound, name);
+  };
+  const QuietMomentOf quiet = [&](const timeline::Media& media, double seconds) {
+    return quietIn(soundOf, media, seconds);
+  };
+  correctClocks(timeline, driftOf(project.settings.drift), write, quiet, outcome);
   if (project.settings.replaceAudio) replaceAudio(timeline, sounds);
   writeDocuments(timeline, folder, options, services, outcome);
 }
 
 Outcome exportDocuments(const project::Project& project, const std::string& folder,
                         const Services& services) {
-  Outcome outcome;
+  Outcome outcome = outcomeOf(project);
+  outcome.outputs.clear();
+  outcome.notices.clear();
   const std::filesystem::path vegas = report::fromUtf8(folder + "/VEGAS_SEQUENCES");
   if (const std::error_code error = report::makeFolders(vegas))
-    outcome.notices.push_back("The folder " + folder + " cannot be written to (" + error.message() +
-                              ").");
+    addFailure("The folder " + folder + " cannot be written to (" + error.message() + ").",
+               outcome);
   Options options;
   options.formats = project.settings.formats;
   options.compactXmeml = project.settings.compactXmeml;
-  const SoundOf none = [](const std::string&) { return std::string(); };
-  writeResults(project, folder, options, none, services, outcome);
+  EarlierSounds earlier(services.cache);
+  std::map<std::string, std::string> sounds;  // fetched once, for there are many cuts
+  const SoundOf soundOf = [&](const std::string& path) {
+    const auto [known, isNew] = sounds.try_emplace(path);
+    if (isNew) known->second = earlier.of(path);
+    return known->second;
+  };
+  writeResults(project, folder, options, soundOf, services, outcome);
   return outcome;
 }
 

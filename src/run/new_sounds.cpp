@@ -10,6 +10,8 @@ namespace run {
 
 namespace fs = std::filesystem;
 
+constexpr char kUnfinished[] = ".part";
+
 NewSounds::NewSounds(const std::string& folder, const Services& services, Outcome& outcome)
     : folder_(folder + "/sound"), services_(services), outcome_(outcome) {}
 
@@ -22,25 +24,37 @@ std::string NewSounds::freePath(const std::string& name) {
 
 std::optional<std::string> NewSounds::write(NewSound sound, const std::string& name) {
   const std::string path = freePath(name);
-  sound.target = path + ".part";
+  sound.target = path + kUnfinished;
+  return make(newSoundCommand(programFolder(), sound), path, sound.source);
+}
+
+std::optional<std::string> NewSounds::write(JoinedSound sound, const std::string& name,
+                                            const std::string& source) {
+  const std::string path = freePath(name);
+  sound.target = path + kUnfinished;
+  return make(joinedSoundCommand(programFolder(), sound), path, source);
+}
+
+std::optional<std::string> NewSounds::make(const Command& command, const std::string& path,
+                                           const std::string& source) {
+  const fs::path unfinished = report::fromUtf8(path + kUnfinished);
   const auto fail = [&](const std::string& why) -> std::optional<std::string> {
-    report::removeFile(report::fromUtf8(sound.target));
-    outcome_.notices.push_back("The new sound of " + sound.source + " was not written: " + why +
-                               ".");
+    report::removeFile(unfinished);
+    addFailure("The new sound of " + source + " was not written: " + why + ".", outcome_);
     return {};
   };
   if (const std::error_code error = report::makeFolders(report::fromUtf8(folder_)))
     return fail("the folder " + folder_ + " cannot be created (" + error.message() + ")");
-  const Command command = newSoundCommand(programFolder(), sound);
   services_.console.line("ffmpeg windows komand:     " + command.windowsLine);
   const ProcessResult result = services_.processes.run(command, services_.cancelled);
   if (services_.cancelled) {
-    report::removeFile(report::fromUtf8(sound.target));
+    report::removeFile(unfinished);
     return {};
   }
+  if (hadNoRoom(result)) return fail("there is no room on its drive");
   if (!result.ok()) return fail(result.started.ok() ? "ffmpeg stopped" : result.started.error);
   std::error_code error;
-  fs::rename(report::fromUtf8(sound.target), report::fromUtf8(path), error);
+  fs::rename(unfinished, report::fromUtf8(path), error);
   if (error) return fail(error.message());
   outcome_.outputs.push_back(report::wholePath(path));
   return report::wholePath(path);

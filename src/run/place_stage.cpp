@@ -88,10 +88,15 @@ LeftOut leftAlone(const place::Alone& alone, const Material& material) {
           "Try the slow setting, and check that it is of the same event as the others."};
 }
 
-}  // namespace
+/// The order in which people know their material.
+void putInFileOrder(Placement& placement) {
+  std::ranges::stable_sort(placement.groups, {}, [](const place::PlacedGroup& group) {
+    return std::ranges::min(group.members, {}, &place::Placed::file).file;
+  });
+}
 
-Placement placeAll(const Material& material, const Comparison& comparison, bool align,
-                   const Services& services) {
+Placement placed(const Material& material, const Comparison& comparison, bool align,
+                 const Services& services) {
   const auto recordings = recordingsOf(material);
   if (!align) return place::placeByVotes(recordings, comparison.votes);
   const align::SoundReader sound = [&](int file, std::int64_t first, std::int64_t count) {
@@ -102,6 +107,15 @@ Placement placeAll(const Material& material, const Comparison& comparison, bool 
       [&] { return services.cancelled.load(); }};
   Placement placement = place::placeBySound(recordings, comparison.votes, sound, progress);
   moveToClipStarts(placement, material);
+  return placement;
+}
+
+}  // namespace
+
+Placement placeAll(const Material& material, const Comparison& comparison, bool align,
+                   const Services& services) {
+  Placement placement = placed(material, comparison, align, services);
+  putInFileOrder(placement);
   return placement;
 }
 

@@ -5,6 +5,7 @@
 
 #include "project/look_up.h"
 #include "report/text.h"
+#include "run/project_stage.h"
 
 namespace run {
 namespace {
@@ -28,6 +29,18 @@ bool isShown(const Project& project, const project::Clip& clip) {
   return !clip.excluded && (!byClock || project.settings.clipsByClock);
 }
 
+report::PlacedBy placedBy(const project::Clip& clip) {
+  switch (clip.placedBy) {
+    case project::PlacedBy::hand:
+      return report::PlacedBy::hand;
+    case project::PlacedBy::clock:
+      return report::PlacedBy::clock;
+    case project::PlacedBy::sound:
+      break;
+  }
+  return report::PlacedBy::sound;
+}
+
 Member memberOf(const Project& project, const project::Clip& clip) {
   const project::Recording& recording = *findRecording(project, clip.recording);
   Member member;
@@ -36,6 +49,7 @@ Member memberOf(const Project& project, const project::Clip& clip) {
   member.durationSeconds = recording.lengthSeconds;
   if (const auto& picture = mainFile(recording).facts.picture; picture && picture->rate.known())
     member.frameRate = std::round(picture->rate.perSecond() * 1000) / 1000;  // 29.97
+  member.placedBy = placedBy(clip);
   member.confidence = clip.confidence;
   member.driftPpm = clip.driftPpm;
   member.errorSeconds = clip.errorSeconds;
@@ -89,6 +103,19 @@ Outcome outcomeOf(const Project& project) {
   outcome.outputs = project.written.files;
   outcome.notices = project.written.notices;
   return outcome;
+}
+
+void showProject(const Project& project, Outcome& outcome) {
+  std::map<std::string, std::string> sounds;  // by whole path
+  for (const Group& group : outcome.groups)
+    for (const Member& member : group.members)
+      sounds[pathInProject(member.path)] = member.soundPath;
+  Outcome now = outcomeOf(project);
+  for (Group& group : now.groups)
+    for (Member& member : group.members) member.soundPath = sounds[member.path];
+  outcome.groups = std::move(now.groups);
+  outcome.unsynced = std::move(now.unsynced);
+  outcome.ignored = std::move(now.ignored);
 }
 
 }  // namespace run

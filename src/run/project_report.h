@@ -9,4 +9,8 @@ namespace run {
 /// alone, with that as their reason.
 Outcome outcomeOf(const project::Project& project);
 
+/// Puts what stands where by now into `outcome`, with clips that a run left where they were or that
+/// a clock placed; converted sounds stay known.
+void showProject(const project::Project& project, Outcome& outcome);
+
 }  // namespace run

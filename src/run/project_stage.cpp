@@ -26,11 +26,6 @@ bool isWhole(const std::string& path) {
   return path.starts_with('/') || path.starts_with('\\') || (path.size() > 1 && path[1] == ':');
 }
 
-/// A listed file as the project names it.
-std::string pathOf(const std::string& listed) {
-  return isWhole(listed) ? listed : report::wholePath(listed);
-}
-
 project::Recording recordingOf(const std::string& path) {
   project::Recording recording;
   recording.files.emplace_back();
@@ -62,7 +57,7 @@ std::vector<Id> idsOf(const Project& project, const std::vector<Entry>& entries)
     known.emplace(mainFile(*recording).path, recording->id);
   std::vector<Id> ids;
   for (const Entry& entry : entries) {
-    const auto found = known.find(pathOf(entry.listed));
+    const auto found = known.find(pathInProject(entry.listed));
     ids.push_back(entry.isFile() && found != known.end() ? found->second : 0);
   }
   return ids;
@@ -130,7 +125,7 @@ void Filling::takeReasons() {
     for (project::Recording& recording : device.recordings)
       known.emplace(mainFile(recording).path, &recording);
   const auto note = [&](const LeftOut& file, bool usable) {
-    const auto found = known.find(pathOf(file.path));
+    const auto found = known.find(pathInProject(file.path));
     if (found == known.end()) return;
     project::Recording& recording = *found->second;
     recording.usable = usable;
@@ -234,6 +229,10 @@ void Filling::takeEvidence() {
 
 }  // namespace
 
+std::string pathInProject(const std::string& listed) {
+  return isWhole(listed) ? listed : report::wholePath(listed);
+}
+
 std::vector<std::string> listOf(const Project& project) {
   std::vector<std::string> list;
   for (const project::Device& device : project.devices) {
@@ -255,7 +254,7 @@ void addEntries(Project& project, std::span<const Entry> entries) {
       place->second = devices.size();
       devices.emplace_back();
     }
-    devices[place->second].recordings.push_back(recordingOf(pathOf(entry.listed)));
+    devices[place->second].recordings.push_back(recordingOf(pathInProject(entry.listed)));
   }
   for (project::Device& device : devices) device.name = deviceName(device.recordings);
   project = project::addDevices(std::move(project), std::move(devices));

@@ -13,6 +13,9 @@
 
 namespace run {
 
+/// A listed file as its project names it: by its whole path.
+std::string pathInProject(const std::string& listed);
+
 /// The list of a run over a project: the first file of every recording, devices of several between
 /// markers.
 std::vector<std::string> listOf(const project::Project& project);

@@ -22,6 +22,7 @@
 #include "run/other_tracks.h"
 #include "run/place_stage.h"
 #include "run/probing.h"
+#include "run/project_report.h"
 #include "run/project_stage.h"
 #include "run/result_list.h"
 #include "run/results_folder.h"
@@ -178,6 +179,7 @@ void Steps::place() {
 
 void Steps::fill() {
   fillProject(project_, {material_, placement_, comparison_, outcome_}, options_.again);
+  showProject(project_, outcome_);
 }
 
 /// Beside the documents, so that every result can be opened again.

@@ -73,6 +73,21 @@ TEST(Clocks, WithSeveralCamerasTheSoundTellsWhereEachBelongs) {
   EXPECT_LT(worst(truths, byOneClock(project, project.groups[0]), 0), 1e-4);
 }
 
+TEST(Clocks, TellHowFarAClipStaysOutAsItStands) {
+  const OneClock clock{10, 1 + 100e-6, 500};
+  const Clip whole{0, clock.uncorrectedStart()};
+  EXPECT_NEAR(clock.worstError(whole, 1000), 0.05, 1e-5);
+  EXPECT_NEAR(clock.worstError(whole, 1000), clock.worstError(1000), 1e-9);
+  EXPECT_NEAR(clock.worstError({0, 10}, 1000), 0.1, 1e-5) << "right at its start alone";
+  Clip piece{0, 10 + 800 / clock.playRate + 0.003};
+  piece.sourceSeconds = 800;
+  piece.lengthSeconds = 20;
+  EXPECT_NEAR(clock.worstError(piece, 1000), 0.005, 1e-5);
+  // what moves all clips alike is no error
+  const Group group{"", {{0, 7 + 3}, {1, clock.uncorrectedStart() + 3}}};
+  EXPECT_NEAR(standsLater(group, {{7, 1, 100}, clock}), 3, 1e-9);
+}
+
 TEST(Clocks, PiecesAreNowhereFartherOutThanHalfAFrame) {
   const FrameRate rate{25, 1};
   for (const double ppm : {80.0, -80.0, 20.0})

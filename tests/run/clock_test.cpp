@@ -5,6 +5,7 @@
 
 #include "run/clock_command.h"
 #include "run/media_probe.h"
+#include "run/replacement.h"
 #include "tests/run/media.h"
 
 namespace {
@@ -77,6 +78,73 @@ TEST(NewSound, APieceStandsExactlyInPlace) {
   sound.delay = 777;
   ASSERT_TRUE(run::SystemProcesses().run(run::newSoundCommand("", sound), never).ok());
   EXPECT_EQ(readSamples(sound.target)[10 * kRate + 777], 30000);
+}
+
+/// A recorder's file that is silent but for one sample.
+timeline::Media recorder(const Folder& folder, const char* name, int seconds, int channels,
+                         std::initializer_list<int> clicks) {
+  std::vector<std::int16_t> samples(static_cast<std::size_t>(seconds) * kRate, 0);
+  for (const int at : clicks) samples[at] = 30000;
+  timeline::Media media;
+  media.path = folder.write(name, wavText(samples, kRate));
+  if (channels > 1) {
+    const std::string wide = folder.file(std::string("wide ") + name);
+    EXPECT_TRUE(ffmpeg({"-i", media.path, "-ac", std::to_string(channels), "-c:a", "pcm_s16le",
+                        "-af", "pan=2c|c0=c0|c1=c0", wide}));
+    media.path = wide;
+  }
+  media.soundSeconds = seconds;
+  media.facts.sounds = {{channels, kRate, 16, {}, double(seconds), 0}};
+  return media;
+}
+
+TEST(Replacement, JoinsRecordersToTheSampleAndFillsWithTheCamera) {
+  const Folder folder;
+  timeline::Project timeline;
+  timeline.media = {recorder(folder, "camera.wav", 100, 1, {2 * kRate, 90 * kRate}),
+                    recorder(folder, "take 1.wav", 40, 1, {30 * kRate, 39 * kRate}),
+                    recorder(folder, "take 2.wav", 40, 2, {5, 39 * kRate})};
+  timeline.media[0].pictureSeconds = 100;
+  timeline.media[0].facts.picture = project::Picture{{25, 1}};
+  const double second = 20 + 40;  // the recorder goes on with a new file, as its card wants it
+  timeline.groups = {{"Group 1", {{0, 10}, {1, 20}, {2, second}}}};
+  run::JoinedSound sound =
+      run::replacementOf(timeline, timeline.groups[0], timeline.groups[0].clips[0]);
+  sound.target = folder.file("joined.wav");
+  const std::atomic<bool> never = false;
+  const auto result = run::SystemProcesses().run(run::joinedSoundCommand("", sound), never);
+  ASSERT_TRUE(result.ok()) << result.messages;
+  EXPECT_EQ(sound.channels, 1);
+  const auto samples = readSamples(sound.target);
+  ASSERT_EQ(std::ssize(samples), 100 * kRate);
+  // camera, first take, second take, camera again; all of the camera's own between is not there
+  std::vector<int> clicks;
+  for (int i = 0; i < std::ssize(samples); ++i)
+    if (samples[i] == 30000) clicks.push_back(i);
+  EXPECT_EQ(clicks, (std::vector<int>{2 * kRate, 40 * kRate, 49 * kRate, 50 * kRate + 5, 89 * kRate,
+                                      90 * kRate}));
+}
+
+TEST(Replacement, GoesByTheCamerasClock) {
+  const Folder folder;
+  timeline::Project timeline;
+  timeline.media = {recorder(folder, "camera.wav", 300, 1, {}),
+                    recorder(folder, "take.wav", 400, 1, {60 * kRate, 300 * kRate})};
+  timeline.media[0].pictureSeconds = 300;
+  timeline.media[0].facts.picture = project::Picture{{25, 1}};
+  timeline.groups = {{"Group 1", {{0, 50}, {1, 0}}}};
+  timeline.groups[0].clips[0].steady = timeline::Steady{50.01, 1 + 150e-6};
+  timeline.groups[0].clips[1].steady = timeline::Steady{0, 1 - 100e-6};
+  run::JoinedSound sound =
+      run::replacementOf(timeline, timeline.groups[0], timeline.groups[0].clips[0]);
+  sound.target = folder.file("joined.wav");
+  const std::atomic<bool> never = false;
+  ASSERT_TRUE(run::SystemProcesses().run(run::joinedSoundCommand("", sound), never).ok());
+  const auto samples = readSamples(sound.target);
+  for (const int at : {60, 300}) {
+    const double camera = (at / (1 - 100e-6) - 50.01) * (1 + 150e-6);
+    EXPECT_NEAR(clickNear(samples, camera), camera, 1.5 / kRate);
+  }
 }
 
 TEST(NewSound, RatiosAreNearToAHundredthOfAMillionth) {

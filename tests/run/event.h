@@ -6,6 +6,7 @@
 #include <map>
 
 #include "media.h"
+#include "report/disk.h"
 #include "report/profile.h"
 #include "run/clock.h"
 #include "run/desktop.h"
@@ -83,7 +84,7 @@ class Event {
   std::vector<std::string> run(const std::vector<std::string>& list, int mode = 1) {
     const run::Services services{*processes, *probe, clock, desktop, console, progress, cancelled};
     run::SyncRun run(services, options);
-    std::vector<std::string> result = run.synco(list, 0.99, 1280, 720, 25, mode);
+    std::vector<std::string> result = run.synco(list, 0.99, 1280, 720, framesPerSecond, mode);
     outcome = run.outcome();
     return result;
   }
@@ -92,7 +93,7 @@ class Event {
   std::string reasonFor(const std::string& path) const {
     for (const auto* list : {&outcome.ignored, &outcome.unsynced})
       for (const run::LeftOut& file : *list)
-        if (file.path == path) {
+        if (file.path == report::wholePath(path)) {
           EXPECT_NE(file.remedy, "") << path;
           return file.reason;
         }
@@ -114,6 +115,7 @@ class Event {
   Listener progress;
   std::atomic<bool> cancelled = false;
   run::Options options;
+  float framesPerSecond = 25;  // of the sequence
   run::Outcome outcome;
 
  private:
