@@ -47,8 +47,8 @@ set(CPACK_PACKAGE_VERSION "1.53~rc")
 set(CPACK_PACKAGE_CONTACT "Kestrel - tools for digital artists <kestrel@kestrel-aligner.example>")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "Lines up recordings of several cameras by their sound")
 set(CPACK_PACKAGE_DESCRIPTION
-    "Listens to the files of several cameras and sound recorders of one event, places
- each on a common timeline and writes that timeline for video editors.")
+    "Listens to the files of several cameras and sound recorders of one event,
+ places each on a common timeline and writes that timeline for video editors.")
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
