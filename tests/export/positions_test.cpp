@@ -13,6 +13,7 @@
 #include "export/text.h"
 #include "export/vegas.h"
 #include "export/xmeml.h"
+#include "tests/export/dtd.h"
 #include "tests/export/reader.h"
 #include "tests/export/sample.h"
 
@@ -208,7 +209,11 @@ TEST_P(Positions, OfTheCompactFormAreThoseThatWentIn) {
 TEST_P(Positions, OfFcpxmlAreThoseThatWentIn) {
   forRandomRuns([](const RandomRun& run, FrameRate rate) {
     for (const FcpxmlVersion version : {FcpxmlVersion::v1_1, FcpxmlVersion::v1_10}) {
-      auto read = reader::fcpxml(fcpxmlDocument(run.project, version, Part::synced), rate);
+      const std::string text = fcpxmlDocument(run.project, version, Part::synced);
+      if (dtdFolder()) {
+        EXPECT_TRUE(isValidFcpxml(text, version == FcpxmlVersion::v1_10));
+      }
+      auto read = reader::fcpxml(text, rate);
       auto wanted = expected(run, rate, 1, [](const Media& m) { return hasPicture(m) ? 0 : 1; });
       expectOrderlyTracks(run, read);
       std::ranges::sort(read);

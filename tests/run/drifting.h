@@ -37,6 +37,7 @@ inline std::vector<std::int16_t> heardBy(const std::vector<std::int16_t>& event,
 /// A stretch of a file on a timeline; seconds.
 struct Piece {
   double at, in, length;
+  double exact;  // where it would stand without frames
 };
 
 /// Where an OpenTimelineIO document has the file of that name, on its tracks of a kind ("Video",
@@ -55,7 +56,8 @@ inline std::vector<Piece> piecesOf(const std::string& document, const std::strin
     for (const Json& item : track.at("children")) {
       const Json& range = item.at("source_range");
       if (item.at("name") == name)
-        pieces.push_back({at, seconds(range.at("start_time")), seconds(range.at("duration"))});
+        pieces.push_back({at, seconds(range.at("start_time")), seconds(range.at("duration")),
+                          item.at("metadata").at("kestrel").at("start_seconds")});
       at += seconds(range.at("duration"));
     }
   }
