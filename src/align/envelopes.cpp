@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "align/resemblance.h"
+#include "report/parallel.h"
 
 namespace align {
 namespace {
@@ -31,9 +32,13 @@ void Envelopes::prepare(std::span<const int> files) {
     if (!envelopes_.contains(file) && std::ranges::find(wanted, file) == wanted.end())
       wanted.push_back(file);
   std::vector<Envelope> made(wanted.size());
+  report::FirstException failed;
 #pragma omp parallel for schedule(dynamic)
   for (std::size_t i = 0; i < wanted.size(); ++i)
-    made[i] = envelopeOf(sound_(wanted[i], 0, recordings_[std::size_t(wanted[i])].samples));
+    failed.keep([&] {
+      made[i] = envelopeOf(sound_(wanted[i], 0, recordings_[std::size_t(wanted[i])].samples));
+    });
+  failed.rethrow();
   for (std::size_t i = 0; i < wanted.size(); ++i) envelopes_[wanted[i]] = std::move(made[i]);
 }
 

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <functional>
 #include <span>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -16,6 +17,16 @@ struct Recording {
   std::string name;      // for messages
   std::int64_t samples;  // exact length at kSampleRate; 0 = no sound (the dummy, a marker)
   int device = -1;       // recordings of one device (>= 0) never overlap; -1 = a device of its own
+};
+
+/// What a reader throws of a recording that cannot be read; whatever asked for it gives up.
+class UnreadableSound : public std::runtime_error {
+ public:
+  explicit UnreadableSound(int recording)
+      : std::runtime_error("the sound of recording " + std::to_string(recording) +
+                           " cannot be read"),
+        file(recording) {}
+  const int file;
 };
 
 /// Reads `count` samples (mono, 8000 Hz, full scale 1.0) of recording `file` from sample `first`

@@ -1,10 +1,12 @@
 #include <exception>
+#include <new>
 #include <utility>
 
 #include "analysis/collection.h"
 #include "analysis/fingerprint.h"
 #include "analysis/hearing.h"
 #include "analysis/line.h"
+#include "report/parallel.h"
 
 namespace analysis {
 namespace {
@@ -47,13 +49,15 @@ void moveBar(std::atomic<std::uint32_t>& progress, float weight, Eigen::Index ro
 
 }  // namespace
 
-// One unreadable or too large file stays without landmarks; the others go on.
+// One unreadable file stays without landmarks; the others go on.
 Heard fingerprintFile(const std::string& path, float a_dec, const FingerprintListener& listener) {
   Heard heard;
   try {
     auto delays = landmarksOfFile(path, kShifts, heard.seconds, {a_dec}, listener.console,
                                   [&] { return isCancelled(listener); });
     heard.fingerprint = combined(std::move(delays), listener.console);
+  } catch (const std::bad_alloc&) {
+    throw;  // the others would fare no better
   } catch (const std::exception& error) {
     appendLogLine(listener, line("cannot fingerprint ", path, ": ", error.what()));
     heard.fingerprint = emptyFingerprint();
@@ -64,10 +68,8 @@ Heard fingerprintFile(const std::string& path, float a_dec, const FingerprintLis
 void fingerprint_all(std::span<const std::string> names, std::span<MatrixXLI> all,
                      Eigen::VectorXf& traenje, float a_dec, std::atomic<std::uint32_t>& progress,
                      float weight, const FingerprintListener& listener) {
-  const int count = static_cast<int>(names.size());
-#pragma omp parallel for schedule(static)
-  for (int file = 0; file < count; ++file) {
-    if (isCancelled(listener)) continue;
+  const auto hear = [&](int file) {
+    if (isCancelled(listener)) return;
     appendLogLine(listener, "687");
     Heard heard = hearOrKnown(names[file], file, a_dec, listener);
     all[file] = std::move(heard.fingerprint);
@@ -77,7 +79,11 @@ void fingerprint_all(std::span<const std::string> names, std::span<MatrixXLI> al
     appendLogLine(listener, line("vkupniot broj na maksovi:", static_cast<float>(2 * rows)));
     moveBar(progress, weight, rows, listener);
     if (listener.fileDone) listener.fileDone(file);
-  }
+  };
+  report::FirstException failed;
+#pragma omp parallel for schedule(static)
+  for (int file = 0; file < std::ssize(names); ++file) failed.keep([&] { hear(file); });
+  failed.rethrow();
 }
 
 }  // namespace analysis

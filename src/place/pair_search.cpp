@@ -7,6 +7,7 @@
 #include <map>
 
 #include "place/search_plan.h"
+#include "report/parallel.h"
 
 namespace place {
 namespace {
@@ -106,9 +107,13 @@ void PairSearch::examineAll(std::span<const vote::PairCandidates* const> batch, 
   for (const vote::PairCandidates* s : batch) files.insert(files.end(), {s->first, s->second});
   envelopes_.prepare(files);
   std::vector<std::optional<align::Match>> found(batch.size());
+  report::FirstException failed;
 #pragma omp parallel for schedule(dynamic)
   for (std::size_t i = 0; i < batch.size(); ++i)
-    if (!cancelled()) found[i] = examine(*batch[i], recordings_, sound_, envelopes_);
+    failed.keep([&] {
+      if (!cancelled()) found[i] = examine(*batch[i], recordings_, sound_, envelopes_);
+    });
+  failed.rethrow();
   for (const vote::PairCandidates* s : batch) heard_.insert(std::minmax(s->first, s->second));
   for (std::size_t i = 0; i < batch.size(); ++i) {
     if (found[i])
@@ -169,9 +174,13 @@ std::vector<vote::PairCandidates> PairSearch::envelopeCandidates(
     std::span<const std::pair<int, int>> pairs) {
   envelopes_.prepare(filesOf(pairs));
   std::vector<vote::PairCandidates> candidates(pairs.size());
+  report::FirstException failed;
 #pragma omp parallel for schedule(dynamic)
   for (std::size_t i = 0; i < pairs.size(); ++i)
-    if (!cancelled()) candidates[i] = envelopes_.candidates(pairs[i].first, pairs[i].second);
+    failed.keep([&] {
+      if (!cancelled()) candidates[i] = envelopes_.candidates(pairs[i].first, pairs[i].second);
+    });
+  failed.rethrow();
   return candidates;
 }
 

@@ -51,7 +51,7 @@ struct PlacementProgress {
 };
 
 /// Full form: votes give candidates, the sound decides. Deterministic: the order of threads
-/// changes nothing. Memory: linear in the number of recordings.
+/// changes nothing. Memory: linear in the number of recordings. Hands on what the reader throws.
 Placement placeBySound(std::span<const align::Recording> recordings,
                        std::span<const vote::PairVote> votes, const align::SoundReader& sound,
                        const PlacementProgress& progress = {});

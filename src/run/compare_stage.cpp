@@ -4,6 +4,7 @@
 
 #include "report/diagnostics.h"
 #include "report/read2sync.h"
+#include "run/file_list.h"
 #include "vote/compare.h"
 #include "vote/evaluate.h"
 #include "vote/shortlist.h"
@@ -15,7 +16,7 @@ namespace {
 using vote::FilePair;
 using vote::PairVote;
 
-constexpr std::size_t kLinesAtOnce = 1 << 16;  // bytes of tempresults.txt between two writes
+constexpr std::size_t kTextAtOnce = 1 << 16;  // bytes between two writes to one file
 
 report::ComparedPair described(const PairVote& vote, const std::vector<Entry>& entries) {
   using Verdict = report::ComparedPair::Verdict;
@@ -33,47 +34,63 @@ report::ComparedPair described(const PairVote& vote, const std::vector<Entry>& e
   return pair;
 }
 
-/// tempresults.txt, written some lines at a time: there may be half a million.
-class PairLog {
+/// A text file's lines, written many at a time: there may be millions.
+class Lines {
  public:
-  PairLog() {
-    report::removeTempResultsFile();
-    report::appendTempResultsLine(report::tempResultsHeading());
-  }
-  ~PairLog() { flush(); }
-  PairLog(const PairLog&) = delete;
-  PairLog& operator=(const PairLog&) = delete;
+  explicit Lines(void (*append)(std::string)) : append_(append) {}
+  ~Lines() { flush(); }
+  Lines(const Lines&) = delete;
+  Lines& operator=(const Lines&) = delete;
 
-  void add(const report::ComparedPair& pair) {
+  void add(std::string_view line) {
     if (!lines_.empty()) lines_ += '\n';
-    lines_ += report::tempResultsLine(pair);
-    if (lines_.size() > kLinesAtOnce) flush();
+    lines_ += line;
+    if (lines_.size() > kTextAtOnce) flush();
   }
 
  private:
   void flush() {
-    if (!lines_.empty()) report::appendTempResultsLine(lines_);
+    if (!lines_.empty()) append_(lines_);
     lines_.clear();
   }
 
+  void (*append_)(std::string);
   std::string lines_;
+};
+
+/// What the text files and the console are told of the comparison, pair by pair.
+class Told {
+ public:
+  Told(const Material& material, const Services& services)
+      : material_(material), services_(services) {
+    report::removeTempResultsFile();
+    pairs_.add(report::tempResultsHeading());
+    vote::announce(
+        {.log = {},
+         .console = [&](std::string_view line) { services.console.line(line); },
+         .moveprogressignal = [&](int pixels) { services.progress.moveprogressignal(pixels); },
+         .cancelled = {}});
+    log_.add(vote::kEnterLine);
+    for (const std::string_view line : vote::kRoomLines) log_.add(line);
+  }
+
+  void add(const PairVote& vote) {
+    services_.console.line(vote::rowsLine(material_.fingerprints[vote.first]));
+    pairs_.add(report::tempResultsLine(described(vote, material_.entries)));
+    for (const std::string& step : vote::stepLines(vote)) log_.add(step);
+    if (vote::isHundredth(++compared_)) log_.add(vote::kHundredLine);
+  }
+
+ private:
+  const Material& material_;
+  const Services& services_;
+  Lines pairs_{report::appendTempResultsLine}, log_{report::appendLogLine};
+  int compared_ = 0;
 };
 
 bool shareDevice(const std::vector<Entry>& entries, const PairVote& vote) {
   const int device = entries[vote.first].device;
   return device >= 0 && device == entries[vote.second].device;
-}
-
-/// The groups as they would be had the list been counted after the drop.
-DeviceGroups trueGroups(const std::vector<Entry>& entries) {
-  DeviceGroups groups;
-  for (int file = 0; file < std::ssize(entries); ++file) {
-    const int device = entries[file].device;
-    if (device < 0) continue;
-    if (device >= std::ssize(groups)) groups.resize(device + 1);
-    groups[device].push_back(file);
-  }
-  return groups;
 }
 
 /// The pairs to compare by either way of counting, in list order.
@@ -83,7 +100,7 @@ std::vector<FilePair> allPairs(const Material& material) {
     return std::minmax(a.first, a.second) < std::minmax(b.first, b.second);
   };
   const auto listed = vote::pairsToCompare(raised, material.groups);
-  const auto real = vote::pairsToCompare(raised, trueGroups(material.entries));
+  const auto real = vote::pairsToCompare(raised, groupsOfDevices(material.entries));
   std::vector<FilePair> pairs;
   std::ranges::set_union(listed, real, std::back_inserter(pairs), less);
   std::erase_if(pairs, [&](const FilePair& pair) {
@@ -101,10 +118,10 @@ Comparison compareAll(const Material& material, int mode, const Services& servic
   const std::vector<FilePair> pairs = allPairs(material);
   Comparison comparison;
   vote::Shortlist shortlist(entries.size());
-  PairLog log;
+  Told told(material, services);
   int done = 0;
   const auto take = [&](PairVote vote) {
-    log.add(described(vote, entries));
+    told.add(vote);
     services.progress.stage(Stage::compare, entries[vote.first].listed, ++done,
                             static_cast<int>(pairs.size()));
     if (vote.accepted != vote::Acceptance::none &&
@@ -115,7 +132,6 @@ Comparison compareAll(const Material& material, int mode, const Services& servic
     }
     if (!shareDevice(entries, vote)) shortlist.add(std::move(vote));
   };
-  services.progress.moveprogressignal(1);
   vote::votePairs(material.fingerprints, material.durations, pairs, mode, take,
                   [&] { return services.cancelled.load(); });
   comparison.votes = shortlist.take();

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <charconv>
 #include <limits>
+#include <utility>
 
 #include "analysis/sound.h"
 #include "report/text.h"
@@ -12,6 +13,11 @@ namespace run {
 namespace {
 
 using place::Placement;
+
+const LeftOut kLostSound = {
+    {},
+    "Its converted sound could not be read any more.",
+    "Leave the results folder and its drive alone while a run is at work, and start again."};
 
 std::vector<align::Recording> recordingsOf(const Material& material) {
   std::vector<std::string> paths;
@@ -74,8 +80,7 @@ LeftOut leftAlone(const place::Alone& alone, const Material& material) {
   const std::int64_t samples = material.samples[alone.file];
   const double seconds = double(samples) / analysis::kSampleRate;
   if (!analysis::pieceOf(material.sounds[alone.file], samples - 1, 1))
-    return {path, "Its converted sound could not be read any more.",
-            "Leave the results folder alone while a run is at work, and start again."};
+    return {path, kLostSound.reason, kLostSound.remedy};
   if (isSilent(material.sounds[alone.file]))
     return {path, "It is silent.", "Check that its microphone was on, or place it by hand."};
   if (std::ranges::count_if(material.entries, &Entry::isFile) < 2)
@@ -95,12 +100,13 @@ void putInFileOrder(Placement& placement) {
   });
 }
 
-Placement placed(const Material& material, const Comparison& comparison, bool align,
-                 const Services& services) {
+Placement placedOnce(const Material& material, const Comparison& comparison, bool align,
+                     const Services& services) {
   const auto recordings = recordingsOf(material);
   if (!align) return place::placeByVotes(recordings, comparison.votes);
   const align::SoundReader sound = [&](int file, std::int64_t first, std::int64_t count) {
-    return analysis::readPiece(material.sounds[file], first, count);
+    auto piece = analysis::pieceOf(material.sounds[file], first, count);
+    return piece ? std::move(*piece) : throw align::UnreadableSound(file);
   };
   const place::PlacementProgress progress{
       [&](int done, int total) { services.progress.stage(Stage::place, "", done, total); },
@@ -112,11 +118,20 @@ Placement placed(const Material& material, const Comparison& comparison, bool al
 
 }  // namespace
 
-Placement placeAll(const Material& material, const Comparison& comparison, bool align,
-                   const Services& services) {
-  Placement placement = placed(material, comparison, align, services);
-  putInFileOrder(placement);
-  return placement;
+// A file less each time, so that it ends.
+Placement placeAll(Material& material, const Comparison& comparison, bool align,
+                   const Services& services, Outcome& outcome) {
+  while (true) {
+    try {
+      Placement placement = placedOnce(material, comparison, align, services);
+      putInFileOrder(placement);
+      return placement;
+    } catch (const align::UnreadableSound& lost) {
+      material.samples[lost.file] = 0;
+      outcome.ignored.push_back(
+          {material.entries[lost.file].listed, kLostSound.reason, kLostSound.remedy});
+    }
+  }
 }
 
 void describePlacement(const Placement& placement, const Material& material, Outcome& outcome) {

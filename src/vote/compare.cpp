@@ -7,6 +7,7 @@
 #include <span>
 #include <string>
 
+#include "report/parallel.h"
 #include "vote/join.h"
 
 namespace vote {
@@ -39,6 +40,8 @@ void say(const std::function<void(std::string_view)>& line, std::string_view tex
   line(text);
 }
 
+}  // namespace
+
 void announce(const CompareCalls& calls) {
   say(calls.console, "- makeprogress function OK - ova e pred EMIT ");  // "this is before EMIT"
   say(calls.console, "value:1");
@@ -46,7 +49,9 @@ void announce(const CompareCalls& calls) {
   say(calls.console, "emitted moveprogresssignal...");
 }
 
-}  // namespace
+std::string rowsLine(const analysis::MatrixXLI& fingerprint) {
+  return "n1=" + std::to_string(fingerprint.rows());
+}
 
 std::vector<FilePair> pairsToCompare(const Eigen::VectorXf& durations,
                                      const std::vector<std::vector<int>>& deviceGroups) {
@@ -86,23 +91,26 @@ std::vector<unsigned long long>* proveriall(int nall, Eigen::VectorXf traenje,
   assert(nall >= 0 && nall <= traenje.size());
   announce(calls);
   traenje.array() += 1.0f;
-  say(calls.log, "entering proveri all   ------->>>>   ");
+  say(calls.log, kEnterLine);
   const auto slots = static_cast<std::size_t>(nall + 1) * static_cast<std::size_t>(nall + 1);
   auto results = std::make_unique<std::vector<HitCode>[]>(slots);
-  say(calls.log, "poslealokacija....");  // "after allocation"
-  say(calls.log, "allocate memory done..");
+  for (const std::string_view text : kRoomLines) say(calls.log, text);
 
   const auto pairs = pairsToCompare(traenje.head(nall), device_groups);
   std::atomic<int> compared = 0;
+  const auto compare = [&](const FilePair& pair, std::vector<HitCode>& hits) {
+    if (calls.cancelled && calls.cancelled()) return;
+    const auto [first, second] = pair;
+    say(calls.console, rowsLine(all[first]));
+    hits = compareFingerprints(all[first], all[second], first, second, traenje[first],
+                               traenje[second]);
+    if (isHundredth(++compared)) say(calls.log, kHundredLine);
+  };
+  report::FirstException failed;
 #pragma omp parallel for schedule(dynamic)
-  for (std::ptrdiff_t i = 0; i < std::ssize(pairs); ++i) {
-    if (calls.cancelled && calls.cancelled()) continue;
-    const auto [first, second] = pairs[i];
-    say(calls.console, "n1=" + std::to_string(all[first].rows()));
-    results[i] = compareFingerprints(all[first], all[second], first, second, traenje[first],
-                                     traenje[second]);
-    if (++compared % 100 == 0) say(calls.log, "iljada pominaa...");  // "a thousand went by"
-  }
+  for (std::ptrdiff_t i = 0; i < std::ssize(pairs); ++i)
+    failed.keep([&] { compare(pairs[i], results[i]); });
+  failed.rethrow();
   return results.release();
 }
 

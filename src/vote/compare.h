@@ -2,6 +2,7 @@
 
 #include <Eigen/Core>
 #include <functional>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -38,6 +39,16 @@ struct CompareCalls {
   std::function<void(int)> moveprogressignal;     // the bar's width in pixels, once at the start
   std::function<bool()> cancelled;                // polled at every pair; the rest stay empty
 };
+
+// What the comparison tells of its steps. The first goes to the console, with the signal, the last
+// too, before each pair, with the rows of its first file; the others go to the log.
+void announce(const CompareCalls& calls);
+inline constexpr std::string_view kEnterLine = "entering proveri all   ------->>>>   ";
+inline constexpr std::string_view kRoomLines[] = {"poslealokacija....",  // "after allocation"
+                                                  "allocate memory done.."};
+inline constexpr std::string_view kHundredLine = "iljada pominaa...";  // "a thousand went by"
+constexpr bool isHundredth(int compared) { return compared % 100 == 0; }
+std::string rowsLine(const analysis::MatrixXLI& fingerprint);
 
 /// "Check all": compares all pairs of the `nall` fingerprints in `all`, whose durations in seconds
 /// are `traenje`. Returns an array of (nall + 1) squared hit lists, which the caller deletes: the

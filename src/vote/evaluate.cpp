@@ -4,6 +4,7 @@
 #include <locale>
 #include <sstream>
 
+#include "report/parallel.h"
 #include "vote/estimate.h"
 
 namespace vote {
@@ -49,13 +50,7 @@ std::optional<PairVote> loggedVote(std::span<const HitCode> hits, const Eigen::V
   auto vote = voteOn(hits, durations, mode);
   if (!vote || !calls.log) return vote;
 #pragma omp critical
-  {
-    calls.log("1045 after decompose finalnamatrica[i][8]=" + std::to_string(hits[kRealHit]));
-    calls.log("1051");
-    if (vote->stats) {
-      for (const char* step : {"1230", "1233", "1235", "1085"}) calls.log(step);
-    }
-  }
+  for (const std::string& step : stepLines(*vote)) calls.log(step);
   return vote;
 }
 
@@ -92,8 +87,18 @@ std::optional<PairVote> voteOn(std::span<const HitCode> hits, const Eigen::Vecto
   if (!worthAVote(hits)) return std::nullopt;
   const Hit hit = unpack(hits[kRealHit]);
   if (hit.first >= durations.size() || hit.second >= durations.size()) return std::nullopt;
-  return voteWith(estimateOffset({hits.begin(), hits.end()}), hit.first, hit.second, durations,
-                  mode);
+  PairVote vote =
+      voteWith(estimateOffset({hits.begin(), hits.end()}), hit.first, hit.second, durations, mode);
+  vote.eighthHit = hits[kRealHit];
+  return vote;
+}
+
+std::vector<std::string> stepLines(const PairVote& vote) {
+  if (vote.eighthHit == 0) return {};
+  std::vector<std::string> lines{
+      "1045 after decompose finalnamatrica[i][8]=" + std::to_string(vote.eighthHit), "1051"};
+  if (vote.stats) lines.insert(lines.end(), {"1230", "1233", "1235", "1085"});
+  return lines;
 }
 
 std::array<float, 6> syncRow(const PairVote& vote) {
@@ -127,8 +132,11 @@ void evaluatePairs(const std::vector<unsigned long long>* pairs, std::vector<flo
                    const Eigen::VectorXf& durations, int count,
                    const std::vector<std::string>& names, int mode, const EvaluateCalls& calls) {
   std::vector<std::optional<PairVote>> votes(std::max(count, 0));
+  report::FirstException failed;
 #pragma omp parallel for schedule(static)
-  for (int i = 0; i < count; ++i) votes[i] = loggedVote(pairs[i], durations, mode, calls);
+  for (int i = 0; i < count; ++i)
+    failed.keep([&] { votes[i] = loggedVote(pairs[i], durations, mode, calls); });
+  failed.rethrow();
 
 #pragma omp critical
   for (const auto& vote : votes) {  // after the loop, so that no timing decides the order of rows

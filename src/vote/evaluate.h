@@ -39,6 +39,9 @@ PairVote voteWith(const std::optional<OffsetStats>& stats, int first, int second
 std::optional<PairVote> voteOn(std::span<const HitCode> hits, const Eigen::VectorXf& durations,
                                int mode);
 
+/// What the run's log says of the steps of a vote; nothing of a pair with too few hits.
+std::vector<std::string> stepLines(const PairVote& vote);
+
 /// An accepted pair as the sync table has it: second file, first file, offset in seconds,
 /// supporting sections, confidence, most counted hits.
 std::array<float, 6> syncRow(const PairVote& vote);

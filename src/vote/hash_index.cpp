@@ -4,6 +4,7 @@
 #include <bit>
 
 #include "analysis/landmarks.h"
+#include "report/parallel.h"
 #include "vote/bits.h"
 #include "vote/hit.h"
 #include "vote/section_ends.h"
@@ -92,14 +93,19 @@ HashIndex::HashIndex(std::span<const analysis::MatrixXLI> fingerprints,
                      const Eigen::VectorXf& durations)
     : files_(fingerprints.size()) {
   std::vector<char> usable(fingerprints.size());
+  report::FirstException failed;
 #pragma omp parallel for schedule(dynamic)
   for (std::size_t file = 0; file < files_.size(); ++file)
     usable[file] = indexable(fingerprints[file]);
   const Words words = numbered(fingerprints, usable);
 #pragma omp parallel for schedule(dynamic)
   for (std::size_t file = 0; file < files_.size(); ++file)
-    if (usable[file])
-      files_[file] = indexed(fingerprints[file], durations[static_cast<Eigen::Index>(file)], words);
+    failed.keep([&] {
+      if (usable[file])
+        files_[file] =
+            indexed(fingerprints[file], durations[static_cast<Eigen::Index>(file)], words);
+    });
+  failed.rethrow();
 }
 
 std::span<const CommonHash> commonHashes(const IndexedFingerprint& x, const IndexedFingerprint& y,

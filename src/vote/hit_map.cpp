@@ -13,7 +13,9 @@ void HitMap::fill(const IndexedFingerprint& x, const IndexedFingerprint& y) {
   sections_.assign(places, 0);
   counts_.assign(places, 0);
   hits_ = 0;
-  for (const CommonHash& hash : commonHashes(x, y, room_)) {
+  inSection_.fill(0);
+  common_ = commonHashes(x, y, room_);
+  for (const CommonHash& hash : common_) {
     const IndexedFingerprint::Run run = y.runs[hash.y];
     const std::uint32_t bit = std::uint32_t{1} << run.section;
     const int zero = -static_cast<int>(run.frame) - begin_;
@@ -24,7 +26,26 @@ void HitMap::fill(const IndexedFingerprint& x, const IndexedFingerprint& y) {
       ++counts_[place];
     }
     hits_ += static_cast<int>(end - first);
+    inSection_[run.section] += static_cast<int>(end - first);
   }
+}
+
+// Hits sort by section first, so that those of the earliest sections are enough.
+HitCode HitMap::eighth(const IndexedFingerprint& x, const IndexedFingerprint& y, int first,
+                       int second) const {
+  constexpr int kRank = 7;  // from 0 on
+  int sections = 0;
+  for (int sum = 0; sum <= kRank; ++sections) sum += inSection_[sections];
+  std::vector<HitCode> hits;
+  for (const CommonHash& hash : common_) {
+    const IndexedFingerprint::Run run = y.runs[hash.y];
+    if (static_cast<int>(run.section) >= sections) continue;
+    for (std::uint32_t row = x.runs[hash.x].firstRow; row < x.runs[hash.x + 1].firstRow; ++row)
+      hits.push_back(pack({static_cast<int>(run.section), first, second,
+                           deltaOfDifference(x.frames[row] - static_cast<int>(run.frame))}));
+  }
+  std::ranges::nth_element(hits, hits.begin() + kRank);
+  return hits[kRank];
 }
 
 std::optional<OffsetStats> HitMap::estimate() const { return estimatePlaces(sections_, begin_); }

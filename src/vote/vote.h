@@ -37,6 +37,7 @@ struct PairVote {
   double confidence = 0;             // "sigurnost"
   Acceptance accepted = Acceptance::none;
   int rawHits = 0;               // hits before duplicates are removed
+  std::uint64_t eighthHit = 0;   // packed, by value; 0: too few to be voted on
   std::vector<DeltaPeak> peaks;  // at most 4, most significant first, 0.1 s apart or more
 };
 

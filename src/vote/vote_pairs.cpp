@@ -4,6 +4,7 @@
 #include <atomic>
 #include <numeric>
 
+#include "report/parallel.h"
 #include "vote/compare.h"
 #include "vote/evaluate.h"
 #include "vote/hash_index.h"
@@ -44,6 +45,7 @@ class Voter {
     const bool enough = hits.hits() >= static_cast<int>(kFewestHits);  // and a sentinel
     PairVote vote = voteWith(enough ? hits.estimate() : std::nullopt, pair.first, pair.second,
                              durations_, mode_);
+    if (enough) vote.eighthHit = hits.eighth(x, y, pair.first, pair.second);
     const int fillers = y.fillers > 0 ? x.fillers : 0;
     vote.rawHits = hits.hits() - fillers;
     vote.peaks = hits.peaks(fillers);
@@ -105,14 +107,15 @@ bool votePairs(Fingerprints fingerprints, const Eigen::VectorXf& durations,
     rest = rest.subspan(block.size());
     votes.resize(block.size());
     const std::vector<std::size_t> order = cacheOrder(block);
+    report::FirstException failed;
 #pragma omp parallel for schedule(dynamic, kPairsAtOnce)
     for (std::ptrdiff_t i = 0; i < std::ssize(order); ++i) {
-      if (stop || (cancelled && cancelled())) {
-        stop = true;
-        continue;
-      }
-      votes[order[i]] = voter.vote(block[order[i]]);
+      failed.keep([&] {
+        stop = stop || (cancelled && cancelled());
+        if (!stop) votes[order[i]] = voter.vote(block[order[i]]);
+      });
     }
+    failed.rethrow();
     if (stop) return false;
     for (PairVote& vote : votes) sink(std::move(vote));
   }

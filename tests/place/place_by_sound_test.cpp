@@ -58,6 +58,20 @@ TEST(PlaceBySound, KeepsEventsApartWhateverTheOrderOfFiles) {
   }
 }
 
+TEST(PlaceBySound, HandsOnWhichRecordingCannotBeRead) {
+  const Shoot shoot = twoEvents({0, 1, 2, 3, 4, 5});
+  const SoundReader all = shoot.reader();
+  const SoundReader damaged = [&](int file, std::int64_t first, std::int64_t count) {
+    return file == 2 ? throw UnreadableSound(file) : all(file, first, count);
+  };
+  try {
+    (void)placeBySound(shoot.recordings, {}, damaged);
+    FAIL() << "it was taken for something";
+  } catch (const UnreadableSound& lost) {
+    EXPECT_EQ(lost.file, 2);
+  }
+}
+
 // All that a placement says of its recordings.
 std::vector<std::tuple<int, double, double, double>> told(const Placement& placement) {
   std::vector<std::tuple<int, double, double, double>> all;

@@ -54,6 +54,7 @@ PairVote plainVote(const Files& files, const FilePair& pair, int mode) {
 void expectSame(const PairVote& a, const PairVote& b) {
   SCOPED_TRACE(std::to_string(b.first) + " and " + std::to_string(b.second));
   EXPECT_TRUE(a.first == b.first && a.second == b.second && a.rawHits == b.rawHits);
+  EXPECT_EQ(a.eighthHit, b.eighthHit);
   EXPECT_TRUE(a.accepted == b.accepted && a.confidence == b.confidence);
   ASSERT_EQ(a.stats.has_value(), b.stats.has_value());
   if (a.stats) {
