@@ -6,6 +6,7 @@
 
 #include "app/appearance.h"
 #include "app/companions.h"
+#include "app/end_signals.h"
 #include "app/files/file_list.h"
 #include "app/files/media_collector.h"
 #include "app/qml_application_viewer.h"
@@ -15,10 +16,11 @@
 #include "app/title_bar.h"
 #include "app/translation.h"
 #include "app/window_place.h"
-#include "app/workspace.h"
 #include "app/working_directory.h"
+#include "app/workspace.h"
 #include "report/console.h"
 #include "report/diagnostics.h"
+#include "run/guard.h"
 #include "run/own_folder.h"
 #include "run/safe_start.h"
 
@@ -26,7 +28,9 @@ void qml_register_types_Kestrel();  // the types of this program that the docume
 
 int main(int argc, char* argv[]) {
   run::startSafely();
+  run::startGuard();
   QApplication application(argc, argv);
+  app::watchForEndSignals();
   const QStringList arguments = QApplication::arguments().mid(1);
   const QList<QUrl> named = app::localFiles(arguments);
   run::workInOwnFolder();

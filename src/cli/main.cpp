@@ -4,6 +4,7 @@
 #include "cli/align.h"
 #include "cli/project_commands.h"
 #include "cli/terminal.h"
+#include "run/guard.h"
 #include "run/safe_start.h"
 
 namespace {
@@ -11,12 +12,14 @@ namespace {
 int execute(const cli::Arguments& arguments) {
   switch (arguments.command) {
     case cli::Command::exportDocuments:
+      run::startGuard();
       return cli::exportDocuments(arguments);
     case cli::Command::show:
       return cli::show(arguments);
     case cli::Command::sync:
       break;
   }
+  run::startGuard();
   return cli::align(arguments);
 }
 

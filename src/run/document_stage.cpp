@@ -1,6 +1,8 @@
 #include "run/document_stage.h"
 
 #include <map>
+#include <set>
+#include <string_view>
 
 #include "export/documents.h"
 #include "export/from_project.h"
@@ -54,6 +56,22 @@ double quietIn(const SoundOf& soundOf, const timeline::Media& media, double seco
   return quietMoment(soundOf(media.path), seconds - late) + late;
 }
 
+/// Edit lists have numbers for names. Those of a run with more groups would pass for this one's.
+void removeOldLists(const std::string& folder, const timeline::Documents& written) {
+  constexpr std::string_view kLists = "VEGAS_SEQUENCES/", kEnding = ".edl";
+  std::set<std::string> current;
+  for (const timeline::Document& document : written.files)
+    if (document.name.starts_with(kLists)) current.insert(document.name.substr(kLists.size()));
+  if (current.empty()) return;
+  const std::filesystem::path lists = report::fromUtf8(folder) / kLists;
+  for (const report::FolderItem& item : report::itemsOf(lists)) {
+    if (!item.isFile || !item.name.ends_with(kEnding) || current.contains(item.name)) continue;
+    const std::string number = item.name.substr(0, item.name.size() - kEnding.size());
+    if (!number.empty() && number.find_first_not_of("0123456789") == number.npos)
+      report::removeFile(lists / report::fromUtf8(item.name));
+  }
+}
+
 }  // namespace
 
 void writeTables(const std::vector<float>& table, const Services& services, Outcome& outcome) {
@@ -76,6 +94,7 @@ void writeDocuments(const timeline::Project& project, const std::string& folder,
     store(folder + "/" + document.name, document.text, outcome);
     services.progress.stage(Stage::write, document.name, i + 1, count);
   }
+  removeOldLists(folder, written);
 }
 
 void writeResults(const project::Project& project, const std::string& folder,

@@ -19,9 +19,9 @@ inline constexpr std::string_view kEndMarker =
 /// What follows a source's whole path in the name of its converted sound.
 inline constexpr std::string_view kConvertedSuffix = "_temporary_file_to_be_deleted.wav";
 
-/// Entries that one run can take: an index has three decimal digits, 999 means "nothing", and the
+/// Files that one run can take: an index has three decimal digits, 999 means "nothing", and the
 /// dummy entry takes one.
-inline constexpr int kMostEntries = 998;
+inline constexpr int kMostFiles = 998;
 
 bool isMarker(std::string_view entry);
 

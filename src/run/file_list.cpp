@@ -10,7 +10,6 @@
 #include "analysis/sound.h"
 #include "report/disk.h"
 #include "report/files.h"
-#include "run/device_groups.h"
 #include "run/entries.h"
 
 namespace run {
@@ -116,6 +115,21 @@ void dropMarked(std::vector<Entry>& entries) {
   for (Entry& entry : entries)
     if (entry.frameRate.size() < kShortestFrameRate) entry.frameRate = kNoFrameRate;
   std::erase_if(entries, [](const Entry& entry) { return entry.source == kToDrop; });
+}
+
+DeviceGroups groupsOfDevices(const std::vector<Entry>& entries) {
+  DeviceGroups groups;
+  for (int file = 0; file < std::ssize(entries); ++file) {
+    const int device = entries[file].device;
+    if (device < 0) continue;
+    if (device >= std::ssize(groups)) groups.resize(device + 1);
+    groups[device].push_back(file);
+  }
+  return groups;
+}
+
+void dropMarkers(std::vector<Entry>& entries) {
+  std::erase_if(entries, [](const Entry& entry) { return isMarker(entry.listed); });
 }
 
 }  // namespace run

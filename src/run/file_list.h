@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "report/outcome.h"
+#include "run/device_groups.h"
 #include "run/entry.h"
 
 namespace run {
@@ -31,6 +32,12 @@ bool isKnownSound(std::string_view source);
 /// Whether an entry that has been asked for its frame rate is of no use: neither picture nor a
 /// known sound type, or no converted file. Pure.
 bool isIgnored(const Entry& entry);
+
+/// Of every device its files, as the entries stand now.
+DeviceGroups groupsOfDevices(const std::vector<Entry>& entries);
+
+/// The marker lines go.
+void dropMarkers(std::vector<Entry>& entries);
 
 /// "999" for every missing frame rate; then the entries marked to drop go.
 void dropMarked(std::vector<Entry>& entries);

@@ -4,6 +4,9 @@
 #include <array>
 #include <string>
 
+#include "project/device_detection.h"
+#include "report/disk.h"
+#include "report/files.h"
 #include "run/entries.h"
 
 namespace run {
@@ -23,10 +26,28 @@ std::string lowerCase(std::string_view text) {
   return lower;
 }
 
+void addMediaFilesBelow(const std::string& folder, std::vector<std::string>& files) {
+  for (const report::FolderItem& item : report::itemsOf(report::fromUtf8(folder))) {
+    const std::string path = folder + (folder.ends_with('/') ? "" : "/") + item.name;
+    if (item.isFolder && !isHidden(item.name)) addMediaFilesBelow(path, files);
+    if (item.isFile && looksLikeMedia(item.name)) files.push_back(path);
+  }
+}
+
 }  // namespace
 
+bool isHidden(std::string_view name) { return name.starts_with('.'); }
+
+std::vector<std::string> mediaFilesBelow(const std::string& folder) {
+  std::vector<std::string> files;
+  addMediaFilesBelow(folder, files);
+  std::ranges::sort(files);  // of names that are alike but for case or zeros the same one is first
+  std::ranges::stable_sort(files, project::comesBefore);
+  return files;
+}
+
 bool looksLikeMedia(std::string_view name) {
-  if (name.starts_with('.') || name.ends_with(kConvertedSuffix)) return false;
+  if (isHidden(name) || name.ends_with(kConvertedSuffix)) return false;
   const std::size_t dot = name.rfind('.');
   return dot != name.npos &&
          std::ranges::find(kExtensions, lowerCase(name.substr(dot))) != kExtensions.end();

@@ -12,6 +12,7 @@
 #include <optional>
 #include <utility>
 
+#include "run/guard.h"
 #include "run/last_lines.h"
 #include "run/patience.h"
 #include "run/process.h"
@@ -109,7 +110,9 @@ int endOf(pid_t process) { return static_cast<int>(syscall(SYS_pidfd_open, proce
 class Child {
  public:
   Child(pid_t process, int pipe, std::chrono::milliseconds patience)
-      : process_(process), end_(endOf(process)), pipe_(pipe), patience_(patience) {}
+      : process_(process), end_(endOf(process)), pipe_(pipe), patience_(patience) {
+    guardGroup(process_);
+  }
   ~Child() {
     if (end_ >= 0) close(end_);
   }
@@ -166,8 +169,9 @@ class Child {
 
   ProcessResult reaped() {
     ProcessResult result{{}, 128 + SIGKILL, messages_.text(), SIGKILL, stalled_};
-    if (!hasEnded()) return result;
-    ::kill(-process_, SIGKILL);  // what it has left behind
+    if (!hasEnded()) return result;  // the guard sees to it
+    ::kill(-process_, SIGKILL);      // what it has left behind
+    releaseGroup(process_);
     int status = 0;
     while (waitpid(process_, &status, 0) < 0 && errno == EINTR) {
     }

@@ -6,14 +6,10 @@
 
 namespace run {
 
-std::string tooManyEntries(std::size_t files, std::size_t markers) {
-  if (files + markers <= kMostEntries) return {};
-  const bool devices = markers > 0;
-  return report::countText(files, "file") +
-         (devices ? " of " + std::to_string(markers / 2) + " devices" : "") +
-         " are listed, and one run takes " + std::to_string(kMostEntries - markers) + " at most" +
-         (devices ? " (998 less two for each device)" : "") +
-         ". Nothing was done: synchronise them in parts.";
+std::string tooManyFiles(std::size_t files) {
+  if (files <= kMostFiles) return {};
+  return report::countText(files, "file") + " are listed, and one run takes " +
+         std::to_string(kMostFiles) + " at most. Nothing was done: synchronise them in parts.";
 }
 
 std::string busyFolder(const std::string& folder) {

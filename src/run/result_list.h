@@ -9,8 +9,8 @@ namespace run {
 // What a run returns: a status text, then the files that were ignored. The list grows behind the
 // word "first" while the run goes on; these turn it into the result. All pure.
 
-/// Why a run of so many files and marker lines is not begun; empty if it can be.
-std::string tooManyEntries(std::size_t files, std::size_t markers);
+/// Why a run of so many files is not begun; empty if it can be.
+std::string tooManyFiles(std::size_t files);
 
 /// Why a run is not begun while another one writes to `folder`.
 std::string busyFolder(const std::string& folder);

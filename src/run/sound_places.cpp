@@ -6,6 +6,7 @@
 #include "report/disk.h"
 #include "report/files.h"
 #include "run/entries.h"
+#include "run/guard.h"
 
 namespace run {
 namespace {
@@ -49,6 +50,12 @@ SoundPlaces::SoundPlaces(const std::vector<std::string>& entries, TemporaryFolde
 
 SoundPlaces::~SoundPlaces() {
   for (const std::string& file : made_) report::removeFile(report::fromUtf8(file));
+  leave();
+}
+
+void SoundPlaces::leave() {
+  for (const std::string& file : made_) releasePath(report::fromUtf8(file));
+  made_.clear();
 }
 
 std::string SoundPlaces::beside(const std::string& entry) {
@@ -57,6 +64,7 @@ std::string SoundPlaces::beside(const std::string& entry) {
   if (!folders_.contains(folderOf(place)) || listed_.contains(placeOf(file))) return {};
   report::removeFile(report::fromUtf8(file));  // a link there must not lead elsewhere
   if (!std::ofstream(report::fromUtf8(file), std::ios::binary | std::ios::app)) return {};
+  guardPath(report::fromUtf8(file));
   const std::lock_guard lock(mutex_);
   made_.push_back(file);
   return file;

@@ -29,7 +29,7 @@ class SoundPlaces {
   std::string spare(std::size_t index);
 
   /// What lies beside the sources is the caller's from now on.
-  void leave() { made_.clear(); }
+  void leave();
 
   /// Whether the entry is no recording but what a run that was broken off has left of another one.
   static bool isLeftover(const std::string& entry);

@@ -1,20 +1,15 @@
 #include "run/steps.h"
 
 #include <algorithm>
+#include <functional>
 #include <utility>
 
 #include "analysis/sound.h"
-#include "export/from_project.h"
-#include "export/sequence.h"
-#include "project/project_file.h"
 #include "report/diagnostics.h"
-#include "report/disk.h"
 #include "report/files.h"
 #include "report/profile.h"
-#include "run/clock.h"
 #include "run/convert.h"
 #include "run/desktop.h"
-#include "run/document_stage.h"
 #include "run/entries.h"
 #include "run/file_list.h"
 #include "run/fingerprint_stage.h"
@@ -22,7 +17,6 @@
 #include "run/other_tracks.h"
 #include "run/place_stage.h"
 #include "run/probing.h"
-#include "run/project_report.h"
 #include "run/project_stage.h"
 #include "run/result_list.h"
 #include "run/results_folder.h"
@@ -83,9 +77,8 @@ std::vector<std::string> Steps::run(const std::vector<std::string>& videofiles) 
 }
 
 std::string Steps::whyRefused(const std::vector<std::string>& videofiles) {
-  const auto markers = static_cast<std::size_t>(std::ranges::count_if(videofiles, isMarker));
-  if (std::string many = tooManyEntries(videofiles.size() - markers, markers); !many.empty())
-    return many;
+  const auto files = std::ranges::count_if(videofiles, std::not_fn(isMarker));
+  if (std::string many = tooManyFiles(static_cast<std::size_t>(files)); !many.empty()) return many;
   if (const std::string unmade = makeResultsFolders(); !unmade.empty())
     addFailure(unmade, outcome_);
   results_.emplace(report::fromUtf8(resultsFolder()));
@@ -128,11 +121,19 @@ void Steps::probe() {
   markUnconverted(material_.entries);
   probeAll(material_.entries, services_, result_, outcome_.ignored);
   dropMarked(material_.entries);
+  keepIndicesShort();
   for (const std::string& notice : useOtherTracks(material_.entries, spare_, services_)) {
     addNotice(notice);
     kept_.forget(notice);
   }
   for (const std::string& notice : noticesOf(missing, material_.entries)) addNotice(notice);
+}
+
+/// As many files as a run takes leave no indices for marker lines.
+void Steps::keepIndicesShort() {
+  if (std::ssize(material_.entries) <= kMostFiles + 1) return;
+  dropMarkers(material_.entries);
+  material_.groups = groupsOfDevices(material_.entries);
 }
 
 void Steps::fingerprint() {
@@ -170,80 +171,11 @@ void Steps::compare() {
 }
 
 void Steps::place() {
-  placement_ = placeAll(material_, comparison_, options_.align, services_);
+  placement_ = placeAll(material_, comparison_, options_.align, services_, outcome_);
   describePlacement(placement_, material_, outcome_);
   services_.console.line(
       "******************************** U N S Y N C E D F I L E S ****************************");
   for (const LeftOut& file : outcome_.unsynced) services_.console.line(file.path);
-}
-
-void Steps::fill() {
-  fillProject(project_, {material_, placement_, comparison_, outcome_}, options_.again);
-  showProject(project_, outcome_);
-}
-
-/// Beside the documents, so that every result can be opened again.
-void Steps::saveProject() {
-  const std::string time = services_.clock.timeOfDay();
-  project_.written = {resultsFolder(), time, outcome_.outputs, outcome_.notices, {}};
-  const std::string path = projectPath(resultsFolder(), time);
-  const report::Status saved = project::saveProject(project_, path);
-  if (saved.ok())
-    outcome_.project = path;
-  else
-    addFailure("The project was not saved: " + saved.error + ".", outcome_);
-}
-
-/// Documents are worth more than sounds that are kept for looking into them.
-void Steps::write() {
-  const Outcome before = outcome_;
-  writeAll();
-  if (outcome_.failures.size() == before.failures.size() || !dropKeptSounds()) return;
-  const std::vector<Group> groups = std::move(outcome_.groups);
-  outcome_ = before;
-  outcome_.groups = groups;
-  writeAll();
-}
-
-/// Makes room in the results folder. False if there was nothing to drop.
-bool Steps::dropKeptSounds() {
-  const std::string kept = resultsFolder() + "/debugfiles/";
-  const auto drop = [&](std::string& sound) {
-    if (!sound.starts_with(kept)) return false;
-    report::removeFile(report::fromUtf8(sound));
-    sound.clear();
-    return true;
-  };
-  for (Group& group : outcome_.groups)
-    for (Member& member : group.members) (void)drop(member.soundPath);
-  return std::ranges::count_if(material_.sounds, drop) > 0;
-}
-
-void Steps::writeAll() {
-  writeTables(comparison_.table, services_, outcome_);
-  for (const Entry& entry : material_.entries)
-    if (entry.isFile()) services_.console.line("fpss:" + entry.frameRate);
-  const timeline::Sequence sequence = timeline::sequenceOf(project_);
-  addNotice(sequence.why);
-  for (const std::string& notice : sequence.notices) addNotice(notice);
-  (void)makeResultsFolders();
-  if (options_.openFolders) services_.desktop.command(resultsFolder());
-  const SoundOf soundOf = [this](const std::string& path) {
-    const auto found = std::ranges::find_if(material_.entries, [&](const Entry& entry) {
-      return entry.listed == path || report::wholePath(entry.listed) == path;
-    });
-    if (found == material_.entries.end()) return std::string();
-    return material_.sounds[static_cast<std::size_t>(found - material_.entries.begin())];
-  };
-  writeResults(project_, resultsFolder(), options_, soundOf, services_, outcome_);
-}
-
-void Steps::show() {
-  const std::string command = "open \"" + resultsFolder() + "/\"";
-  services_.console.line("komanda" + command);
-  if (!options_.openFolders) return;
-  services_.desktop.command(command);
-  services_.desktop.show(resultsFolder());
 }
 
 void Steps::addNotice(const std::string& notice) {

@@ -8,9 +8,9 @@
 #include "report/folder_lock.h"
 #include "run/compare_stage.h"
 #include "run/fingerprint_stage.h"
+#include "run/kept_hearing.h"
 #include "run/kept_sounds.h"
 #include "run/material.h"
-#include "run/kept_hearing.h"
 #include "run/sound_places.h"
 #include "run/sync_run.h"
 
@@ -31,6 +31,7 @@ class Steps {
   void begin();
   void convert();
   void probe();
+  void keepIndicesShort();
   void fingerprint();
   void keep();
   void compare();

@@ -3,7 +3,9 @@
 #include <random>
 #include <string>
 
+#include "report/disk.h"
 #include "report/files.h"
+#include "run/guard.h"
 
 namespace run {
 namespace {
@@ -35,8 +37,15 @@ const fs::path& TemporaryFolder::path() {
     lock_ = std::make_unique<report::FolderLock>(folder);
     fs::permissions(folder, fs::perms::owner_all, error);
     path_ = folder;
+    guardPath(path_);
   }
   return path_;
+}
+
+TemporaryFolder::~TemporaryFolder() {
+  if (path_.empty()) return;
+  report::removeFolder(path_);
+  releasePath(path_);
 }
 
 }  // namespace run

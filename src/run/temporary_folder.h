@@ -3,7 +3,6 @@
 #include <filesystem>
 #include <memory>
 
-#include "report/disk.h"
 #include "report/folder_lock.h"
 
 namespace run {
@@ -15,9 +14,7 @@ class TemporaryFolder {
   TemporaryFolder() = default;
   TemporaryFolder(const TemporaryFolder&) = delete;
   TemporaryFolder& operator=(const TemporaryFolder&) = delete;
-  ~TemporaryFolder() {
-    if (!path_.empty()) report::removeFolder(path_);
-  }
+  ~TemporaryFolder();
 
   /// Empty if no folder could be made.
   const std::filesystem::path& path();

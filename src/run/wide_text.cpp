@@ -1,28 +1,9 @@
 #include "run/wide_text.h"
 
-#include <bit>
+#include "report/utf8.h"
 
 namespace run {
 namespace {
-
-constexpr char32_t kUnreadable = 0xFFFD;
-
-/// Takes one character off the front of `text`, which is not empty.
-char32_t takeCharacter(std::string_view& text) {
-  const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(text[i]); };
-  const int ones = std::countl_one(byte(0));
-  std::size_t length = 1;
-  char32_t character = ones == 0 ? byte(0) : kUnreadable;
-  if (ones >= 2 && ones <= 4) {
-    char32_t sum = byte(0) & (0x7F >> ones);
-    for (; length < text.size() && length < std::size_t(ones) && (byte(length) & 0xC0) == 0x80;
-         ++length)
-      sum = sum << 6 | (byte(length) & 0x3F);
-    if (length == std::size_t(ones) && sum <= 0x10FFFF) character = sum;
-  }
-  text.remove_prefix(length);
-  return character;
-}
 
 void append(std::wstring& wide, char32_t character) {
   if (sizeof(wchar_t) > 2 || character < 0x10000) {
@@ -37,7 +18,7 @@ void append(std::wstring& wide, char32_t character) {
 
 std::wstring widened(std::string_view text) {
   std::wstring wide;
-  while (!text.empty()) append(wide, takeCharacter(text));
+  for (const report::Character& character : report::characters(text)) append(wide, character.code);
   return wide;
 }
 

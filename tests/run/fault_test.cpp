@@ -40,6 +40,17 @@ class StandIn final : public run::ProcessRunner {
   run::SystemProcesses processes_;
 };
 
+/// Takes sources for what is converted from them, each for itself.
+class Copies final : public run::ProcessRunner {
+ public:
+  run::ProcessResult run(const run::Command& command, const std::atomic<bool>&) override {
+    if (std::ranges::count(command.arguments, "-i") > 1) return {{}, 1, {}};
+    fs::copy_file(report::fromUtf8(command.arguments[2]),
+                  report::fromUtf8(command.arguments.back()), fs::copy_options::overwrite_existing);
+    return {};
+  }
+};
+
 /// Two recordings, the second from 6 s of the first on.
 Strings twoOf(const Event& event) {
   const auto sound = liveSound(30, 51);
@@ -161,6 +172,50 @@ TEST(Faults, AFullDriveIsSaidAndTheLastResultStands) {
   expectWorks(event, list);  // with room for the documents, but not for the sounds
   EXPECT_GT(fs::file_size(event.results() / "SYNCED_fcp--15-00-00--.XML"), 1000u);
   umount2(event.results().c_str(), MNT_DETACH);
+}
+
+TEST(Faults, ASoundThatIsLostOnTheWayIsToldAndTheOthersArePlaced) {
+  Event event;
+  Strings list = twoOf(event);
+  list.push_back(event.sound("c.wav", cut(liveSound(30, 51), 3, 27)));
+  event.progress.atStage = [&](run::Stage stage) {
+    if (stage == run::Stage::compare)
+      fs::remove(event.results() / "debugfiles" / run::convertedName("c.wav"));
+  };
+  (void)event.run(list);
+  EXPECT_NE(event.reasonFor(list[2]).find("could not be read any more"), std::string::npos);
+  EXPECT_EQ(event.outcome.ignored.size(), 1u);
+  EXPECT_TRUE(event.outcome.unsynced.empty());
+  ASSERT_EQ(event.outcome.groups.size(), 1u);
+  EXPECT_EQ(event.outcome.groups[0].members.size(), 2u);
+}
+
+TEST(Faults, AsManyFilesAsThereAreIndicesMayComeFromAnyDevices) {
+  Event event;
+  const auto sound = liveSound(30, 51);
+  const std::string silence = event.sound("0.wav", std::vector<std::int16_t>(4000));
+  Strings list;
+  const auto addDevice = [&](const std::string& first, int count) {
+    list.emplace_back(run::kBeginMarker);
+    list.push_back(first);
+    for (int i = 1; i < count; ++i) {
+      list.push_back(event.media(std::to_string(list.size()) + ".wav"));
+      fs::create_hard_link(silence, list.back());
+    }
+    list.emplace_back(run::kEndMarker);
+  };
+  addDevice(event.sound("a.wav", cut(sound, 0, 24)), 500);
+  addDevice(event.sound("b.wav", cut(sound, 6, 30)), 498);
+  Copies copies;
+  event.processes = &copies;
+  (void)event.run(list);
+  ASSERT_EQ(event.outcome.groups.size(), 1u);
+  const auto& members = event.outcome.groups[0].members;
+  ASSERT_EQ(members.size(), 2u);
+  EXPECT_NEAR(members[1].offsetSeconds, 6, 0.01);
+  EXPECT_NE(members[0].device, members[1].device);
+  list.push_back(event.sound("one too many.wav", cut(sound, 0, 10)));
+  EXPECT_NE(event.run(list).front().find("999 files"), std::string::npos);
 }
 
 /// Not a test: the run that the next one kills.

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <random>
 #include <string>
 #include <vector>
@@ -103,8 +104,12 @@ class Listener final : public run::Progress {
     ++moves;
   }
   void moveprogressignal(int) override { ++signals; }
-  void stage(run::Stage, std::string_view, int, int) override { ++items; }
+  void stage(run::Stage stage, std::string_view, int, int) override {
+    ++items;
+    if (atStage) atStage(stage);
+  }
 
+  std::function<void(run::Stage)> atStage;  // mostly empty
   std::atomic<bool> outOfRange = false;
   std::atomic<int> last = -1, moves = 0, signals = 0, items = 0;
 };

@@ -52,6 +52,9 @@ TEST(SyncRun, FindsASmallEventAndWritesAllOfItsDocuments) {
   const std::string c = event.sound("c.wav", cut(sound, 5.5, 50));
   const std::string d = event.sound("stranger.WAV", liveSound(30, 8));
   const auto before = event.mediaFiles();
+  const fs::path lists = event.results() / "VEGAS_SEQUENCES";
+  fs::create_directories(lists);
+  for (const char* name : {"7.edl", "7b.edl", ".edl"}) std::ofstream(lists / name) << "old";
   const Strings result = event.run({a, b, c, d});
 
   EXPECT_EQ(result, Strings{report::kSuccess});
@@ -73,6 +76,12 @@ TEST(SyncRun, FindsASmallEventAndWritesAllOfItsDocuments) {
         "debugfiles/c.wav_temporary_file_to_be_deleted.wav"})
     EXPECT_GT(fs::file_size(event.results() / name), 0u) << name;
   for (const std::string& output : event.outcome.outputs) EXPECT_TRUE(fs::exists(output)) << output;
+  EXPECT_FALSE(fs::exists(lists / "7.edl")) << "a list of an earlier run passes for one of this";
+  EXPECT_TRUE(fs::exists(lists / "7b.edl") && fs::exists(lists / ".edl"));
+  const std::string log = readWhole(event.results() / "debugfiles/log_file.txt");
+  for (const char* line : {"entering proveri all   ------->>>>   \n", "allocate memory done..\n",
+                           "\n1045 after decompose finalnamatrica[i][8]=", "\n1051\n1230\n1233\n"})
+    EXPECT_NE(log.find(line), log.npos) << line;
   const std::string table = readWhole(event.work() / "csvtabela-clean.csv");
   EXPECT_EQ(std::ranges::count(table, '\n'), 3);  // three pairs hear each other
   EXPECT_EQ(event.desktop.shown, Strings{report::toUtf8(event.results())});
@@ -310,7 +319,8 @@ TEST(SyncRun, PlacesAreFoundEvenIfTheResultsCannotBeWritten) {
   EXPECT_TRUE(event.noticed("cannot be created"));
   EXPECT_TRUE(event.noticed("Your desktop is the folder C:\\Cloud\\Desktop"));
   EXPECT_TRUE(event.noticed("The shortcut SYNCED on your desktop leads there."));
-  EXPECT_EQ(event.desktop.shortcuts, Strings{"C:\\Cloud\\Desktop -> " + list[0] + "/Desktop/SYNCED"});
+  EXPECT_EQ(event.desktop.shortcuts,
+            Strings{"C:\\Cloud\\Desktop -> " + list[0] + "/Desktop/SYNCED"});
   EXPECT_EQ(event.mediaFiles(), before);
 }
 

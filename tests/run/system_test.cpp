@@ -8,6 +8,7 @@
 #include "run/desktop.h"
 #include "run/media_info_library.h"
 #include "run/media_probe.h"
+#include "tests/process_state.h"
 
 namespace fs = std::filesystem;
 
@@ -17,12 +18,6 @@ namespace {
 run::ProcessResult start(std::vector<std::string> arguments) {
   const std::atomic<bool> never = false;
   return run::SystemProcesses().run({{}, std::move(arguments)}, never);
-}
-
-/// Whether a process does anything still: one that has ended may wait for ever to be reaped.
-bool isRunning(int process) {
-  const std::string state = readWhole("/proc/" + std::to_string(process) + "/stat");
-  return !state.empty() && state.find(") Z ") == std::string::npos;
 }
 
 }  // namespace

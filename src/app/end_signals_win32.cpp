@@ -1,0 +1,7 @@
+#include "app/end_signals.h"
+
+namespace app {
+
+void watchForEndSignals() {}
+
+}  // namespace app
