@@ -64,7 +64,9 @@ project::Settings settingsOf(const Arguments& arguments, project::Settings setti
 }
 
 Parsed usageError(const std::string& problem) {
-  return {{}, "kestrel-align: " + problem + ".\nSee kestrel-align --help for all options.\n", 2};
+  const std::string end = problem.ends_with('?') ? "" : ".";
+  return {
+      {}, "kestrel-align: " + problem + end + "\nSee kestrel-align --help for all options.\n", 2};
 }
 
 Parsed parseArguments(const std::vector<std::string>& words) {

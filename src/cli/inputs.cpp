@@ -24,17 +24,6 @@ namespace {
 namespace fs = std::filesystem;
 using Strings = std::vector<std::string>;
 
-bool isHidden(const std::string& name) { return name.starts_with('.'); }
-
-/// The media files in and below `folder`; folders that may not be read are passed over.
-void addMediaFilesBelow(const std::string& folder, Strings& files) {
-  for (const report::FolderItem& item : report::itemsOf(report::fromUtf8(folder))) {
-    const std::string path = folder + (folder.ends_with('/') ? "" : "/") + item.name;
-    if (item.isFolder && !isHidden(item.name)) addMediaFilesBelow(path, files);
-    if (item.isFile && run::looksLikeMedia(item.name)) files.push_back(path);
-  }
-}
-
 /// One named file or folder as files.
 void expand(const std::string& entry, Strings& files, Strings& notices) {
   std::error_code unknown;  // what cannot be asked about is left to the run to report
@@ -43,9 +32,7 @@ void expand(const std::string& entry, Strings& files, Strings& notices) {
     files.push_back(whole);
     return;
   }
-  Strings found;
-  addMediaFilesBelow(whole, found);
-  std::ranges::sort(found);
+  const Strings found = run::mediaFilesBelow(whole);
   if (found.empty())
     notices.push_back("The folder " + report::printable(entry) +
                       " holds no media files that may be read.");
@@ -111,8 +98,7 @@ void addDevicesIn(const std::string& folder, Inputs& inputs) {
   for (const report::FolderItem& item : items) {
     const std::string path = whole + (whole.ends_with('/') ? "" : "/") + item.name;
     Strings files;
-    if (item.isFolder && !isHidden(item.name)) addMediaFilesBelow(path, files);
-    std::ranges::sort(files);
+    if (item.isFolder && !run::isHidden(item.name)) files = run::mediaFilesBelow(path);
     if (!files.empty()) devices.push_back(deviceOf(item.name, files));
     if (item.isFile && run::looksLikeMedia(item.name)) loose.push_back(path);
   }

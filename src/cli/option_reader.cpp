@@ -2,7 +2,9 @@
 
 #include <algorithm>
 
+#include "cli/mistakes.h"
 #include "cli/option_values.h"
+#include "report/text.h"
 
 namespace cli {
 namespace {
@@ -124,8 +126,7 @@ void OptionReader::addSettings() {
       ->check(checkMode);
   app_.add_flag("--no-align", given_.votesOnly, "Place by the vote of the accepted pairs alone")
       ->option_text(" ");
-  app_.add_flag("--no-cache", noCache_, "Listen anew to what was heard before")
-      ->option_text(" ");
+  app_.add_flag("--no-cache", noCache_, "Listen anew to what was heard before")->option_text(" ");
 }
 
 void OptionReader::addDocuments() {
@@ -203,12 +204,32 @@ Parsed OptionReader::read(const std::vector<std::string>& words) {
   } catch (const CLI::ExcludesError& error) {
     return usageError(error.what() + std::string("; give only one of the two"));
   } catch (const CLI::ArgumentMismatch& error) {
-    return usageError(error.what() + std::string("; see what it takes in the help"));
+    return usageError(wrongNumber(error.what()));
+  } catch (const CLI::ConversionError& error) {  // all other values are read as words
+    return usageError(error.what() + std::string("; it takes no value"));
+  } catch (const CLI::ExtrasError&) {
+    return usageError(unexpected());
   } catch (const CLI::ParseError& error) {
     return usageError(error.what());
   }
   takeOverWords();
   return {given_, {}, 0};
+}
+
+/// What was found before the parser gave up tells which option it was.
+std::string OptionReader::wrongNumber(const std::string& message) const {
+  for (const OptionText& option : options())
+    if (option.names.ends_with(message.substr(0, message.find(':'))))
+      return wrongCount(option, message.find("At Most") != std::string::npos);
+  return message;
+}
+
+std::string OptionReader::unexpected() const {
+  const std::vector<std::string> words = app_.remaining();
+  const auto option =
+      std::ranges::find_if(words, [](const std::string& word) { return word.starts_with('-'); });
+  if (option != words.end()) return unknownOption(*option, given_.command);
+  return "'" + report::printable(words.front()) + "' was not expected";
 }
 
 std::vector<OptionText> OptionReader::options() const {

@@ -28,6 +28,8 @@ class OptionReader {
   void addOutput();
   void addTalk();
   void takeOverWords();
+  std::string wrongNumber(const std::string& message) const;
+  std::string unexpected() const;
 
   CLI::App app_;
   Arguments given_;

@@ -4,7 +4,8 @@
 #include <array>
 #include <charconv>
 #include <cmath>
-#include <cstdint>
+
+#include "report/utf8.h"
 
 namespace timeline {
 namespace {
@@ -16,30 +17,9 @@ std::string_view withoutTrailingZeros(std::string_view digits) {
   return digits.ends_with('.') ? digits.substr(0, digits.size() - 1) : digits;
 }
 
-bool allowedInXml(std::uint32_t code) {
+bool allowedInXml(char32_t code) {
   if (code < 0x20) return code == '\t' || code == '\n' || code == '\r';
-  const bool surrogate = code >= 0xD800 && code <= 0xDFFF;
-  return !surrogate && code != 0xFFFE && code != 0xFFFF && code <= 0x10FFFF;
-}
-
-/// The length of the well-formed, allowed character at the start of `text`; 0 if there is none.
-std::size_t characterLength(std::string_view text) {
-  const auto lead = static_cast<unsigned char>(text[0]);
-  const std::size_t length = lead < 0x80   ? 1
-                             : lead < 0xC2 ? 0
-                             : lead < 0xE0 ? 2
-                             : lead < 0xF0 ? 3
-                             : lead < 0xF5 ? 4
-                                           : 0;
-  if (length == 0 || length > text.size()) return 0;
-  std::uint32_t code = length == 1 ? lead : lead & (0x7Fu >> length);
-  for (std::size_t i = 1; i < length; ++i) {
-    const auto next = static_cast<unsigned char>(text[i]);
-    if ((next & 0xC0) != 0x80) return 0;
-    code = code << 6 | (next & 0x3Fu);
-  }
-  constexpr std::array<std::uint32_t, 5> smallest{0, 0, 0x80, 0x800, 0x10000};
-  return code >= smallest[length] && allowedInXml(code) ? length : 0;
+  return code != 0xFFFE && code != 0xFFFF;
 }
 
 std::string_view entity(char c) {
@@ -80,11 +60,8 @@ std::string numberText(double value) {
 
 std::string cleanText(std::string_view text) {
   std::string clean;
-  while (!text.empty()) {
-    const std::size_t length = characterLength(text);
-    clean += length > 0 ? text.substr(0, length) : kReplacement;
-    text.remove_prefix(std::max<std::size_t>(length, 1));
-  }
+  for (const report::Character& character : report::characters(text))
+    clean += character.valid && allowedInXml(character.code) ? character.bytes : kReplacement;
   return clean;
 }
 

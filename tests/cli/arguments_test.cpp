@@ -68,8 +68,14 @@ TEST(Arguments, WrongUsageNamesTheOptionAndTheRemedy) {
                         {{"a", "--devices-in", "/no/such"}, "--devices-in", "folder that exists"},
                         {{"a", "--json", "/no/such/x.json"}, "--json", "folder that exists"},
                         {{"--device", "--fps", "25"}, "--device", "needs files"},
-                        {{"a", "--fast"}, "--fast", "--help"},
-                        {{"a", "--json"}, "--json", "--help"},
+                        {{"a", "--sped", "fast"}, "--sped", "mean --speed?"},
+                        {{"a", "--replace"}, "--replace", "mean --replace-audio?"},
+                        {{"a", "--bananas"}, "--bananas", "--help"},
+                        {{"a", "--to=x"}, "--to", "kestrel-align export"},
+                        {{"a", "--json"}, "--json", "FILE"},
+                        {{"--list"}, "--list", "one a line"},
+                        {{"a", "--size", "1080p", "--size", "4K"}, "--size", "give it once"},
+                        {{"a", "--quiet=often"}, "--quiet", "takes no value"},
                         {{"a", "--speed", "fast", "--tolerance", "0.9"}, "--speed", "only one"}};
   for (const Case& c : cases) {
     const cli::Parsed parsed = cli::parseArguments(c.words);
@@ -101,6 +107,7 @@ TEST(Arguments, TheFirstWordMayBeACommand) {
 TEST(Arguments, HelpHasAnExampleAndFitsATerminal) {
   const cli::Parsed parsed = cli::parseArguments({"--help"});
   EXPECT_EQ(parsed.exitStatus, 0);
+  EXPECT_EQ(parsed.text.find('{'), std::string::npos) << "a detail of the option parser";
   EXPECT_NE(parsed.text.find("kestrel-align --device"), std::string::npos);
   for (std::size_t i = 0, end; (end = parsed.text.find('\n', i)) != std::string::npos; i = end + 1)
     EXPECT_LE(end - i, 100u) << parsed.text.substr(i, end - i);

@@ -30,8 +30,9 @@ class Inputs : public testing::Test {
     fs::create_directories(folder_ / "card/CLIP");
     fs::create_directories(folder_ / ".trash");
     fs::create_directories(folder_ / "empty");
-    for (const char* name : {"b.MOV", "a.wav", "notes.txt", "._b.MOV", ".trash/c.mov",
-                             "card/CLIP/ü.mts", "b.MOV_temporary_file_to_be_deleted.wav"})
+    for (const char* name :
+         {"b.MOV", "a.wav", "notes.txt", "._b.MOV", ".trash/c.mov", "card/CLIP/ü.mts", "10.mts",
+          "9.mts", "b.MOV_temporary_file_to_be_deleted.wav"})
       (void)report::writeWhole(folder_ / report::fromUtf8(name), "x");
   }
   void TearDown() override { fs::remove_all(folder_); }
@@ -42,7 +43,8 @@ class Inputs : public testing::Test {
 };
 
 TEST_F(Inputs, FoldersGiveTheirMediaFilesSorted) {
-  const Strings media = {path("a.wav"), path("b.MOV"), path("card/CLIP/ü.mts")};
+  const Strings media = {path("9.mts"), path("10.mts"), path("a.wav"), path("b.MOV"),
+                         path("card/CLIP/ü.mts")};
   const cli::Inputs inputs = collected({path("."), path("missing.mp4")});
   Strings expected = media;
   expected.push_back(path("missing.mp4"));  // the run says what is wrong with it
