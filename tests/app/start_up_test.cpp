@@ -71,6 +71,17 @@ TEST_F(Program, StartsInTheFixedOrderAndNamesAMissingDocument) {
   EXPECT_EQ(program_.state(), QProcess::Running) << "it goes on into the event loop";
 }
 
+#ifndef _WIN32
+TEST_F(Program, IsEndedByASignalAsByItsCloseButton) {
+  start();
+  ASSERT_TRUE(QTest::qWaitFor([&] { return logLines().size() >= 22; }, 20000));
+  program_.terminate();
+  ASSERT_TRUE(program_.waitForFinished(20000));
+  EXPECT_EQ(program_.exitStatus(), QProcess::NormalExit) << "else nothing was saved and cleaned up";
+  EXPECT_EQ(program_.exitCode(), 128 + 15);
+}
+#endif
+
 TEST_F(Program, StartedOnACardItLoadsNothingFromThere) {
   const fs::path card = report::fromUtf8(folder_.path().toStdString());
   plant(card);

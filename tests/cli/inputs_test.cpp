@@ -74,7 +74,7 @@ TEST_F(Inputs, EveryFolderBecomesADevice) {
   EXPECT_EQ(inputs.project.devices[1].name, "zoom");
   ASSERT_EQ(inputs.project.devices[1].recordings.size(), 2u);  // tracks of a take are one
   EXPECT_EQ(inputs.project.devices[1].recordings[0].files.size(), 2u);
-  EXPECT_EQ(inputs.entries, (Strings{path("a.wav"), path("b.MOV")}));
+  EXPECT_EQ(inputs.entries, (Strings{path("9.mts"), path("10.mts"), path("a.wav"), path("b.MOV")}));
 }
 
 TEST_F(Inputs, AProjectIsGoneOnWith) {
