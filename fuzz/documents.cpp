@@ -11,15 +11,14 @@
 
 namespace {
 
-timeline::Documents documentsOf(std::string_view name) {
+timeline::Documents documentsOf(std::string_view name, std::string_view format) {
   timeline::Project project = sample::run(25, 1280, 720);
   project.media[0].path = "/" + std::string(name);
   project.media[3].path = std::string(name);
   project.media[0].deviceName = name;
   project.groups[0].name = name;
-  const auto names = timeline::formatNames();
   report::NoConsole console;
-  return timeline::documents(project, {"1:2:3", {names.begin(), names.end()}}, console);
+  return timeline::documents(project, {"1:2:3", {std::string(format)}}, console);
 }
 
 void check(const timeline::Document& document, const timeline::Document& plain) {
@@ -39,9 +38,11 @@ void check(const timeline::Document& document, const timeline::Document& plain) 
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  static const timeline::Documents plain = documentsOf("a.mov");
-  const std::string name = std::string(fuzz::textOf(data, size)) + ".mov";
-  const timeline::Documents written = documentsOf(name);
+  if (size == 0) return 0;
+  const std::string_view format = timeline::formatNames()[data[0] % timeline::formatNames().size()];
+  const std::string name = std::string(fuzz::textOf(data + 1, size - 1)) + ".mov";
+  const timeline::Documents plain = documentsOf("a.mov", format);
+  const timeline::Documents written = documentsOf(name, format);
   fuzz::require(written.error.empty(), "documents are written");
   fuzz::require(written.files.size() == plain.files.size(), "as many as with other names");
   for (std::size_t i = 0; i < written.files.size(); ++i) check(written.files[i], plain.files[i]);
