@@ -134,6 +134,17 @@ void addEntry(const std::string& entry, Inputs& inputs) {
     openProject(entry, inputs);
 }
 
+/// A few by name; of a whole drive their number says more.
+void tellFiles(const std::vector<std::string>& files, const std::string& what,
+               std::vector<std::string>& notices) {
+  constexpr std::size_t kFew = 5;
+  const std::size_t named = files.size() > kFew ? 1 : files.size();
+  for (std::size_t i = 0; i < named; ++i)
+    notices.push_back(report::printable(files[i]) + " is " + what + ".");
+  if (named < files.size())
+    notices.push_back("So are " + std::to_string(files.size() - named) + " more files.");
+}
+
 }  // namespace
 
 void openProject(const std::string& path, Inputs& inputs) {
@@ -143,11 +154,8 @@ void openProject(const std::string& path, Inputs& inputs) {
     inputs.cannotOpen = true;
     return;
   }
-  for (const std::string& moved : loaded.moved)
-    inputs.notices.push_back("Found again at another place: " + report::printable(moved) + ".");
-  for (const std::string& missing : loaded.missing)
-    inputs.notices.push_back("Missing, or not the file that it was: " + report::printable(missing) +
-                             ".");
+  tellFiles(loaded.moved, "found again at another place", inputs.notices);
+  tellFiles(loaded.missing, "missing, or not what it was", inputs.notices);
   inputs.project = std::move(*loaded.project);
 }
 

@@ -61,6 +61,18 @@ TEST(SummaryText, UnmeasuredColumnsAreLeftOutAndNoGroupIsSaid) {
   EXPECT_TRUE(report::summaryText({}).starts_with("Nothing was synchronised."));
 }
 
+TEST(SummaryText, TellsWhatStandsByTheClockOrByHand) {
+  report::Outcome outcome = weddingOutcome();
+  outcome.groups[0].members[0].placedBy = report::PlacedBy::hand;
+  report::Member& camera = outcome.groups[0].members[1];
+  camera.placedBy = report::PlacedBy::clock;
+  camera.errorSeconds = 2;
+  camera.driftPpm.reset();
+  const std::string text = report::summaryText(outcome);
+  EXPECT_NE(text.find("1:02:05.500       by hand"), std::string::npos) << text;
+  EXPECT_NE(text.find("by the clock       2 s"), std::string::npos) << text;
+}
+
 TEST(Read2SyncPage, NamesMatchesSettingsAndAdvice) {
   report::Outcome outcome = weddingOutcome();
   outcome.outputs = {"/home/ann/Desktop/SYNCED/SYNCED_fcp--10-00-00--.XML"};
