@@ -2,6 +2,7 @@
 
 #include <array>
 #include <charconv>
+#include <cmath>
 
 #include "export/lanes.h"
 #include "export/media.h"
@@ -42,10 +43,18 @@ void addLine(std::string& out, int depth, std::string_view line) {
   out.append(2 * static_cast<std::size_t>(depth), ' ').append(line).append("\n");
 }
 
+/// A clock that is right to a fraction of a sample is no reason to stretch anything.
+double playRateOf(const Clip& clip, const Media& media) {
+  constexpr double kUnheard = 1e-5;  // seconds
+  if (!clip.steady) return 1;
+  const double gained = std::abs(clip.steady->playRate - 1) * lengthSeconds(media);
+  return gained < kUnheard ? 1 : clip.steady->playRate;
+}
+
 /// Positions are exact, so the clips come as they stand, without a grid.
 void addItem(std::string& out, const Media& media, const Clip& clip, bool silenced) {
   const double start = clip.steady ? clip.steady->startSeconds : clip.startSeconds;
-  const double rate = clip.steady ? clip.steady->playRate : 1;
+  const double rate = playRateOf(clip, media);
   const double cut = std::max(0.0, -start);  // a project begins at 0
   const double length =
       std::min(clip.lengthSeconds, lengthSeconds(media) - clip.sourceSeconds) / rate - cut;
