@@ -120,10 +120,11 @@ TEST(ProjectRun, IsFilledSavedOpenedChangedAndExported) {
   EXPECT_EQ(*opened.project, filled);
   const auto before = run.documents(*opened.project, "again");
   EXPECT_GE(before.size(), 8u);
-  for (const std::string& path : event.outcome.outputs)
-    if (!path.ends_with(".csv"))
-      EXPECT_EQ(before.at(report::toUtf8(fs::path(path).filename())),
-                readWhole(report::fromUtf8(path)));
+  for (const std::string& path : event.outcome.outputs) {
+    if (path.ends_with(".csv")) continue;
+    EXPECT_EQ(before.at(report::toUtf8(fs::path(path).filename())),
+              readWhole(report::fromUtf8(path)));
+  }
 
   // a nudge by ten frames, saved, opened and exported, changes that clip alone
   const Project nudged =
@@ -134,7 +135,9 @@ TEST(ProjectRun, IsFilledSavedOpenedChangedAndExported) {
   for (const auto& [name, text] : before) {
     const bool synced = !name.starts_with("UNSYNCED");
     EXPECT_EQ(after.at(name) != text, synced) << name;
-    if (name.ends_with(".edl")) EXPECT_EQ(differences(text, after.at(name)), 2);
+    if (name.ends_with(".edl")) {
+      EXPECT_EQ(differences(text, after.at(name)), 2);
+    }
   }
 }
 
