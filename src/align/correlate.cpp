@@ -140,16 +140,17 @@ std::vector<float> chanceOf(const Pieces& pieces, int maxLag) {
   evenLevel(signals);
   signals.rowwise() *= taper(signals.cols()).transpose();
   const Index blocks = signals.cols() / kBlock, reach = maxLag / kBlock + 1;
-  Eigen::Array2Xf powers(2, blocks);
+  Eigen::ArrayX2f powers(blocks, 2);
   for (Index i = 0; i < blocks; ++i)
-    powers.col(i) = signals.middleCols<kBlock>(i * kBlock).topRows<2>().square().rowwise().sum();
-  const float mean = powers.row(0).sum() * powers.row(1).sum() / float(blocks) + 1e-20f;
+    powers.row(i) =
+        signals.middleCols<kBlock>(i * kBlock).topRows<2>().square().rowwise().sum().transpose();
+  const float mean = powers.col(0).sum() * powers.col(1).sum() / float(blocks) + 1e-20f;
   std::vector<float> chance(std::size_t(2 * maxLag + 1));
   std::vector<float> coarse(std::size_t(2 * reach + 1));
   for (Index lag = -reach; lag <= reach; ++lag) {
     const Index from = std::max<Index>(0, lag), count = blocks - std::abs(lag);
     coarse[std::size_t(lag + reach)] =
-        (powers.row(0).segment(from, count) * powers.row(1).segment(from - lag, count)).sum() /
+        (powers.col(0).segment(from, count) * powers.col(1).segment(from - lag, count)).sum() /
         mean;
   }
   for (int lag = -maxLag; lag <= maxLag; ++lag) {

@@ -84,9 +84,8 @@ void PairSearch::listen(std::span<const vote::PairCandidates> candidates, Examin
     std::vector<const vote::PairCandidates*> batch;
     for (; next < candidates.size() && batch.size() < kBatch; ++next)
       if (wanted(candidates[next])) batch.push_back(&candidates[next]);
-    const std::size_t before = matches_.size();
-    examineAll(batch, examine);
-    inVain = matches_.size() > before ? 0 : inVain + batch.size();
+    const bool brought = examineAll(batch, examine);
+    inVain = brought ? 0 : inVain + batch.size();
     if (progress_.step) progress_.step(static_cast<int>(next), static_cast<int>(candidates.size()));
   }
 }
@@ -102,7 +101,8 @@ bool PairSearch::wanted(const vote::PairCandidates& s) {
   });
 }
 
-void PairSearch::examineAll(std::span<const vote::PairCandidates* const> batch, Examine& examine) {
+// Whether it brought a match that is no mere repetition.
+bool PairSearch::examineAll(std::span<const vote::PairCandidates* const> batch, Examine& examine) {
   std::vector<int> files;
   for (const vote::PairCandidates* s : batch) files.insert(files.end(), {s->first, s->second});
   envelopes_.prepare(files);
@@ -115,12 +115,15 @@ void PairSearch::examineAll(std::span<const vote::PairCandidates* const> batch, 
     });
   failed.rethrow();
   for (const vote::PairCandidates* s : batch) heard_.insert(std::minmax(s->first, s->second));
+  bool brought = false;
   for (std::size_t i = 0; i < batch.size(); ++i) {
-    if (found[i])
+    if (found[i]) {
+      brought |= found[i]->rivals.empty();
       add(std::move(*found[i]));
-    else if (auto like = envelopes_.resembling(*batch[i], kMuchAlike); !like.offsets.empty())
+    } else if (auto like = envelopes_.resembling(*batch[i], kMuchAlike); !like.offsets.empty())
       silent_.push_back(std::move(like));
   }
+  return brought;
 }
 
 void PairSearch::add(align::Match match) {
@@ -164,8 +167,14 @@ void PairSearch::search(std::span<const vote::PairCandidates> candidates) {
 void PairSearch::listenFaintly() {
   std::vector<vote::PairCandidates> silent = std::move(silent_);
   std::ranges::stable_sort(silent, std::greater{}, &vote::PairCandidates::significance);
+  std::vector<double> most(recordings_.size(), 0.0);  // strength with any other
+  for (const align::Match& m : matches_)
+    for (const int file : {m.best.first, m.best.second})
+      most[std::size_t(file)] = std::max(most[std::size_t(file)], m.best.strength);
   std::erase_if(silent, [&](const vote::PairCandidates& s) {
-    return connected_.group(s.first) == connected_.group(s.second);
+    return connected_.group(s.first) == connected_.group(s.second) ||
+           std::min(most[std::size_t(s.first)], most[std::size_t(s.second)]) >=
+               align::kPastRepetition;
   });
   listen(silent, align::examineFaintly, kFaintPatience);
 }

@@ -58,7 +58,7 @@ class PairSearch {
   std::size_t patience() const;
   void listen(std::span<const vote::PairCandidates> candidates, Examine& examine,
               std::size_t patience);
-  void examineAll(std::span<const vote::PairCandidates* const> batch, Examine& examine);
+  bool examineAll(std::span<const vote::PairCandidates* const> batch, Examine& examine);
   std::vector<vote::PairCandidates> envelopeCandidates(std::span<const std::pair<int, int>> pairs);
   void addOtherOffsets(std::span<vote::PairCandidates> candidates);
   void add(align::Match match);
