@@ -3,6 +3,7 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <set>
 
 #include "export/lanes.h"
 #include "export/media.h"
@@ -51,20 +52,19 @@ double playRateOf(const Clip& clip, const Media& media) {
   return gained < kUnheard ? 1 : clip.steady->playRate;
 }
 
-/// Positions are exact, so the clips come as they stand, without a grid.
+/// Positions are exact, so the clips come as they stand, without a grid, and whole.
 void addItem(std::string& out, const Media& media, const Clip& clip, bool silenced) {
   const double start = clip.steady ? clip.steady->startSeconds : clip.startSeconds;
   const double rate = playRateOf(clip, media);
   const double cut = std::max(0.0, -start);  // a project begins at 0
-  const double length =
-      std::min(clip.lengthSeconds, lengthSeconds(media) - clip.sourceSeconds) / rate - cut;
+  const double length = lengthSeconds(media) / rate - cut;
   addLine(out, 2, "<ITEM");
   addLine(out, 3, "POSITION " + decimal(start + cut));
   addLine(out, 3, "LENGTH " + decimal(length));
   addLine(out, 3, "LOOP 0");
   addLine(out, 3, std::string("MUTE ") + (silenced ? "1" : "0") + " 0");
   addLine(out, 3, "NAME " + quoted(fileName(media.path)));
-  addLine(out, 3, "SOFFS " + decimal(clip.sourceSeconds + cut * rate));
+  addLine(out, 3, "SOFFS " + decimal(cut * rate));
   addLine(out, 3, "PLAYRATE " + decimal(rate) + " 1 0 -1 0 0.0025");
   addLine(out, 3, "<NOTES");
   addLine(out, 4, "|" + confidenceText(clip) + ". " + placeText(clip));
@@ -93,13 +93,16 @@ std::string reaperProject(const Project& project, const Group& group) {
   addLine(out, 1,
           "TIMEMODE 1 5 -1 " + std::to_string(timebaseOf(rate).framesPerSecond) +
               (timebaseOf(rate).ntsc ? " 1" : " 0") + " 0 -1");
+  std::set<int> written;
   for (const Lane& lane : lanes(onGrid(project, group, {rate}), deviceKeys(project))) {
     addLine(out, 1, "<TRACK");
     addLine(out, 2, "NAME " + quoted(names[lane.front().media()]));
     addLine(out, 2, "NCHAN " + std::to_string(trackChannels(project, lane)));
-    for (const Item& item : lane)
+    for (const Item& item : lane) {
+      if (!written.insert(item.media()).second) continue;  // play rates make pieces needless
       addItem(out, project.media[item.media()], item.clip,
               !project.cameraSound && coveredByRecorders(project, group, item.clip));
+    }
     addLine(out, 1, ">");
   }
   addLine(out, 0, ">");

@@ -27,6 +27,11 @@ struct Standing {
   double leftOutOfSync = 0;
 };
 
+std::string whoseClocks(int count, const std::string& what) {
+  if (count == 1) return "The clock of 1 " + what + " drifts, so it was";
+  return "The clocks of " + std::to_string(count) + " " + what + "s drift, so they were";
+}
+
 class Correction {
  public:
   Correction(timeline::Project& timeline, Drift drift, const WriteSound& write,
@@ -40,13 +45,12 @@ class Correction {
     for (timeline::Group& group : timeline_.groups) correct(group);
     if (rewritten_ > 0)
       outcome_.notices.push_back(
-          "The clocks of " + std::to_string(rewritten_) +
-          " sound recordings drift, so they were written anew at their group's clock, into the "
-          "folder sound of the results; the documents use those. The originals are as they were.");
+          whoseClocks(rewritten_, "sound recording") +
+          " written anew at the clock of the group, into the folder sound of the results; the "
+          "documents use that. The originals are as they were.");
     if (cut_ > 0)
-      outcome_.notices.push_back("The clocks of " + std::to_string(cut_) +
-                                 " camera clips drift, so they were cut into pieces, each at its "
-                                 "right frame.");
+      outcome_.notices.push_back(whoseClocks(cut_, "camera clip") +
+                                 " cut into pieces, each at its right frame.");
   }
 
  private:

@@ -6,6 +6,8 @@
 
 #include "export/lanes.h"
 #include "export/media.h"
+#include "export/reaper.h"
+#include "tests/export/reader.h"
 #include "tests/export/sample.h"
 
 namespace {
@@ -113,6 +115,25 @@ TEST(Clocks, PiecesAreNowhereFartherOutThanHalfAFrame) {
       EXPECT_NEAR(double(pieces.size()), 1 + 3600 * std::abs(ppm) * 1e-6 * 25, 1.01);
       EXPECT_NEAR(at, clock.startSeconds + length / clock.playRate, 0.06);
     }
+}
+
+TEST(Clocks, ReaperPlaysACameraWholeWhereOthersHavePieces) {
+  Project project;
+  project.media = {sample::camera("/a.mov", 3600), sample::camera("/b.mov", 3600)};
+  const OneClock clock{7.25, 1 + 80e-6, 1800};
+  Clip drifting{1, clock.uncorrectedStart()};
+  drifting.steady = Steady{clock.startSeconds, clock.playRate};
+  Group group{"Group 1", {{0, 0}}};
+  for (const Clip& piece :
+       inPieces(drifting, clock, 3600, {25, 1}, 0, [](double at) { return at; }))
+    group.clips.push_back(piece);
+  ASSERT_GT(group.clips.size(), 3u);
+  const std::string text = reaperProject(project, group);
+  const auto items = reader::reaper(text);
+  ASSERT_EQ(items.size(), 2u);
+  EXPECT_NEAR(items[1].soundAt, 7.25, 1e-9);
+  EXPECT_NE(text.find("PLAYRATE 1.000080000000"), std::string::npos);
+  EXPECT_NE(text.find("LENGTH 3599.712"), std::string::npos);
 }
 
 }  // namespace
