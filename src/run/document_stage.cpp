@@ -113,15 +113,19 @@ void writeResults(const project::Project& project, const std::string& folder,
   writeDocuments(timeline, folder, options, services, outcome);
 }
 
+void makeDocumentsFolder(const std::string& folder, Outcome& outcome) {
+  const std::filesystem::path vegas = report::fromUtf8(folder + "/VEGAS_SEQUENCES");
+  if (const std::error_code error = report::makeFolders(vegas))
+    addFailure("The folder " + folder + " cannot be written to (" + error.message() + ").",
+               outcome);
+}
+
 Outcome exportDocuments(const project::Project& project, const std::string& folder,
                         const Services& services) {
   Outcome outcome = outcomeOf(project);
   outcome.outputs.clear();
   outcome.notices.clear();
-  const std::filesystem::path vegas = report::fromUtf8(folder + "/VEGAS_SEQUENCES");
-  if (const std::error_code error = report::makeFolders(vegas))
-    addFailure("The folder " + folder + " cannot be written to (" + error.message() + ").",
-               outcome);
+  makeDocumentsFolder(folder, outcome);
   Options options;
   options.formats = project.settings.formats;
   options.compactXmeml = project.settings.compactXmeml;

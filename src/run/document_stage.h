@@ -14,6 +14,9 @@ namespace run {
 /// Writes the two decision tables into the working directory. Failures become notices.
 void writeTables(const std::vector<float>& table, const Services& services, Outcome& outcome);
 
+/// Makes the folder for documents, a whole path, with the one for edit lists in it.
+void makeDocumentsFolder(const std::string& folder, Outcome& outcome);
+
 /// Writes all wanted documents into `folder`, which is there with its VEGAS_SEQUENCES, and lists
 /// them in `outcome`. Failures become notices.
 void writeDocuments(const timeline::Project& project, const std::string& folder,

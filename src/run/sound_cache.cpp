@@ -129,6 +129,12 @@ void SoundCache::keepSound(const FileKey& key, const std::string& sound) const {
             [&](const fs::path& part) { return !report::copyFile(report::fromUtf8(sound), part); });
 }
 
+std::string SoundCache::soundAt(const FileKey& key) const {
+  if (folder_.empty() || key.empty()) return {};
+  const std::string kept = place(key, ".wav");
+  return report::sizeOf(report::fromUtf8(kept)) > 0 ? kept : std::string();
+}
+
 std::optional<analysis::Heard> SoundCache::fetchHeard(const FileKey& key, double tolerance) const {
   if (folder_.empty() || key.empty()) return {};
   const fs::path kept = report::fromUtf8(place(key, "-" + report::shortestText(tolerance)));

@@ -31,6 +31,8 @@ class SoundCache {
   /// Puts the kept sound at `target`, a path in a folder that exists; false if there is none.
   bool fetchSound(const FileKey& key, const std::string& target) const;
   void keepSound(const FileKey& key, const std::string& sound) const;
+  /// Where the kept sound lies, until the next `trim` or `clear`; empty if there is none.
+  std::string soundAt(const FileKey& key) const;
 
   /// The fingerprint made with `tolerance`.
   std::optional<analysis::Heard> fetchHeard(const FileKey& key, double tolerance) const;

@@ -42,6 +42,7 @@ class Steps {
   void writeAll();
   bool dropKeptSounds();
   void show();
+  std::string documentsFolder() const;
   void addNotice(const std::string& notice);
 
   const Services& services_;

@@ -23,7 +23,7 @@ void Steps::fill() {
 /// Beside the documents, so that every result can be opened again.
 void Steps::saveProject() {
   const std::string time = services_.clock.timeOfDay();
-  project_.written = {resultsFolder(), time, outcome_.outputs, outcome_.notices, {}};
+  project_.written = {documentsFolder(), time, outcome_.outputs, outcome_.notices, {}};
   const std::string path = projectPath(resultsFolder(), time);
   const report::Status saved = project::saveProject(project_, path);
   if (saved.ok())
@@ -73,7 +73,8 @@ void Steps::writeAll() {
     if (found == material_.entries.end()) return std::string();
     return material_.sounds[static_cast<std::size_t>(found - material_.entries.begin())];
   };
-  writeResults(project_, resultsFolder(), options_, soundOf, services_, outcome_);
+  if (!options_.documentsFolder.empty()) makeDocumentsFolder(options_.documentsFolder, outcome_);
+  writeResults(project_, documentsFolder(), options_, soundOf, services_, outcome_);
 }
 
 void Steps::show() {
@@ -81,7 +82,11 @@ void Steps::show() {
   services_.console.line("komanda" + command);
   if (!options_.openFolders) return;
   services_.desktop.command(command);
-  services_.desktop.show(resultsFolder());
+  services_.desktop.show(documentsFolder());
+}
+
+std::string Steps::documentsFolder() const {
+  return options_.documentsFolder.empty() ? resultsFolder() : options_.documentsFolder;
 }
 
 }  // namespace run

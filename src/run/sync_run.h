@@ -51,6 +51,7 @@ struct Options {
   bool openFolders = true;    // open the results at the end
   bool compactXmeml = false;  // the fixed fragments alone
   std::vector<std::string> formats;  // empty: the usual ones
+  std::string documentsFolder;       // of the documents, a whole path; empty: that of the results
   std::optional<std::string> drift;  // "off", "sound", "pieces"; none: as the project has it
   std::optional<bool> replaceAudio, cameraSound;  // the same
   project::Project project;        // what is known before the run: devices, places that stay
