@@ -17,7 +17,7 @@ Item {
     required property bool selected
     required property string kind
     required property string length
-    required property bool readable
+    required property string problem
 
     property bool current: false
     property bool renaming: false
@@ -34,7 +34,7 @@ Item {
     implicitHeight: root.isDevice ? 46 : 34
     Accessible.role: Accessible.ListItem
     Accessible.name: root.isDevice ? root.name + ", " + root.countText : root.name
-    Accessible.description: root.isDevice ? "" : root.readable ? root.kind + " " + root.length : problem.text
+    Accessible.description: root.isDevice ? "" : root.problem || root.kind + " " + root.length
     Accessible.selectable: true
     Accessible.selected: root.selected
     Accessible.focusable: true
@@ -142,11 +142,9 @@ Item {
         }
 
         AppText {
-            id: problem
-
             visible: !root.isDevice
-            text: root.readable ? root.kind : qsTr("not readable as media")
-            color: root.readable ? Theme.dim : Theme.warning
+            text: root.problem || root.kind
+            color: root.problem !== "" ? Theme.warning : Theme.dim
             font.pixelSize: Theme.small
         }
 

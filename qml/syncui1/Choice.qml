@@ -101,6 +101,6 @@ ColumnLayout {
         text: root.help
         color: Theme.dim
         font.pixelSize: Theme.small
-        elide: Text.ElideRight
+        wrapMode: Text.Wrap
     }
 }

@@ -169,6 +169,7 @@ Panel {
             }
 
             Tool {
+                objectName: "frameLaterButton"
                 text: qsTr("+ frame")
                 hint: qsTr("One frame later (.)")
                 onClicked: Workspace.move(root.selection, root.frame)

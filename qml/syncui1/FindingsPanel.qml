@@ -11,10 +11,12 @@ Panel {
     signal placeWanted(int recording)
 
     function choose() {
-        if (root.result.leftOutCount > 0 || root.result.documents.count === 0)
-            tabs.current = root.result.leftOutCount > 0 ? 0 : 2;
+        if (root.result.failureCount > 0)
+            tabs.current = 2;
+        else if (root.result.leftOutCount > 0)
+            tabs.current = 0;
         else
-            tabs.current = 1;
+            tabs.current = root.result.documents.count > 0 ? 1 : 2;
     }
 
     ColumnLayout {

@@ -8,6 +8,7 @@ Item {
 
     readonly property ResultModel result: Workspace.result
     required property real framesPerSecond
+    required property SyncSettings settings
     signal newSyncWanted
     signal exportWanted
     signal folderWanted
@@ -32,10 +33,19 @@ Item {
 
     function start() {
         findings.choose();
-        if (root.result.rowCount() > 0)
+        if (elsewhere.visible)
+            elsewhere.forceActiveFocus(Qt.TabFocusReason);
+        else if (root.result.rowCount() > 0)
             timelines.focusTimeline();
         else
             again.forceActiveFocus(Qt.OtherFocusReason);
+    }
+
+    // after writing once more: what went wrong, or the timelines
+    function showWritten() {
+        findings.choose();
+        if (elsewhere.visible)
+            elsewhere.forceActiveFocus(Qt.TabFocusReason);
     }
 
     property alias marker: doneMarker
@@ -55,10 +65,19 @@ Item {
     readonly property var pictures: ["done", "partly", "nothing", "unwritten", "failed"]
     readonly property var titles: [qsTr("Done!"), qsTr("Done, in part"), qsTr("Nothing matched"), qsTr(
             "Nothing was written"), qsTr("The run failed")]
-    readonly property var words: [root.result.summary, root.result.summary, qsTr(
+    readonly property string unwritten: root.result.failureCount > 0 ? " · " + qsTr("%n file(s) not written", "",
+                                                                                root.result.failureCount) : ""
+    readonly property var words: [root.result.summary, root.result.summary + root.unwritten, qsTr(
             "None of the recordings could be matched with another."), qsTr(
-            "%1, but no timeline could be stored. Choose another folder.").arg(root.result.summary), qsTr(
+            "%1, but no timeline could be stored. Choose another folder.").arg(root.result.summary), root.result.refused ? root.result.failure : qsTr(
             "None of the recordings could be listened to.")]
+
+    ChoicesPopup {
+        id: choices
+
+        settings: root.settings
+        onWriteWanted: root.exportWanted()
+    }
 
     Item {
         id: doneMarker
@@ -121,9 +140,11 @@ Item {
                 }
 
                 AppButton {
+                    id: elsewhere
+
                     objectName: "elsewhere"
-                    visible: root.groups > 0
-                    weight: root.ending === EndState.NothingWritten ? AppButton.Primary : AppButton.Ordinary
+                    visible: root.groups > 0 && root.result.failureCount > 0
+                    weight: AppButton.Primary
                     implicitHeight: Theme.control
                     text: qsTr("Write elsewhere …")
                     hint: qsTr("Writes the timelines into a folder of your choice")
@@ -133,12 +154,20 @@ Item {
                 AppButton {
                     objectName: "exportButton"
                     visible: root.groups > 0
-                    weight: Workspace.edited ? AppButton.Primary : AppButton.Ordinary
+                    weight: Workspace.edited && !elsewhere.visible ? AppButton.Primary : AppButton.Ordinary
                     implicitHeight: Theme.control
-                    text: qsTr("Write timelines")
+                    text: Workspace.writing ? qsTr("Writing …") : qsTr("Write timelines")
                     hint: Workspace.edited ? qsTr("Writes the timelines again, with what you changed (Ctrl+E)") : qsTr(
                                                  "Nothing has changed since they were written (Ctrl+E)")
                     onClicked: root.exportWanted()
+                }
+
+                AppButton {
+                    objectName: "choicesButton"
+                    visible: root.groups > 0
+                    text: qsTr("Choices …")
+                    hint: qsTr("Programs, folder, frame rate and what the timelines hold")
+                    onClicked: choices.open()
                 }
 
                 AppButton {

@@ -1,21 +1,20 @@
 import QtQuick
-import QtQuick.Controls.Basic
 import QtQuick.Layouts
 import Kestrel
 
-// The settings of a run and the button that starts it.
+// How a run listens and what its timelines are like, and the button that starts it.
 Panel {
     id: root
 
     required property SyncSettings settings
     required property int recordings
-    readonly property bool ready: root.recordings >= 2
+    readonly property string refusal: Workspace.refusal
+    readonly property bool ready: root.recordings >= 2 && root.refusal === ""
     signal startWanted
     signal resultWanted
 
     readonly property var speedHelp: [qsTr("Quickest; enough for clear sound."),
         qsTr("Right for most recordings."), qsTr("Takes longer; for quiet or noisy sound.")]
-    readonly property string automatic: qsTr("As most of the picture time is.")
     readonly property var modeHelp: [qsTr("Accepts fainter matches, also in music."),
         qsTr("Keeps matches beyond doubt only.")]
 
@@ -24,78 +23,65 @@ Panel {
         anchors.margins: 16
         spacing: 10
 
-        AppText {
+        TabLine {
+            id: tabs
+
+            objectName: "settingsTabs"
+            Layout.fillWidth: true
             Layout.preferredHeight: 30
-            verticalAlignment: Text.AlignVCenter
-            text: qsTr("Settings")
-            font.pixelSize: Theme.heading
-            font.weight: Font.DemiBold
+            names: [qsTr("Listening"), qsTr("Timelines")]
         }
 
-        Flickable {
-            id: view
-
+        ChoicesView {
             Layout.fillWidth: true
             Layout.fillHeight: true
-            clip: true
-            boundsBehavior: Flickable.StopAtBounds
-            contentHeight: choices.implicitHeight
-            ScrollBar.vertical: AppScrollBar {}
+            Layout.topMargin: 4
+            visible: tabs.current === 0
 
-            ColumnLayout {
-                id: choices
+            Choice {
+                Layout.fillWidth: true
+                label: qsTr("Speed")
+                choices: root.settings.speedNames
+                choice: root.settings.speed
+                help: root.speedHelp[root.settings.speed]
+                onChosen: index => root.settings.speed = index
+            }
 
-                width: view.width - 8
-                spacing: 14
+            Choice {
+                Layout.fillWidth: true
+                label: qsTr("Matches")
+                choices: root.settings.modeNames
+                choice: root.settings.mode
+                help: root.modeHelp[root.settings.mode]
+                onChosen: index => root.settings.mode = index
+            }
 
-                Choice {
-                    Layout.fillWidth: true
-                    label: qsTr("Speed")
-                    choices: root.settings.speedNames
-                    choice: root.settings.speed
-                    help: root.speedHelp[root.settings.speed]
-                    onChosen: index => root.settings.speed = index
-                }
+            KeptRoomLine {
+                Layout.fillWidth: true
+            }
+        }
 
-                Choice {
-                    Layout.fillWidth: true
-                    label: qsTr("Matches")
-                    choices: root.settings.modeNames
-                    choice: root.settings.mode
-                    help: root.modeHelp[root.settings.mode]
-                    onChosen: index => root.settings.mode = index
-                }
+        ChoicesView {
+            Layout.fillWidth: true
+            Layout.fillHeight: true
+            Layout.topMargin: 4
+            visible: tabs.current === 1
 
-                Choice {
-                    Layout.fillWidth: true
-                    label: qsTr("Frame rate")
-                    choices: root.settings.rateNames
-                    choice: root.settings.rate
-                    help: root.settings.rate === 0 ? root.automatic : qsTr(
-                                                         "Of the timelines that are written.")
-                    onChosen: index => root.settings.rate = index
-                }
-
-                Choice {
-                    Layout.fillWidth: true
-                    label: qsTr("Frame size")
-                    choices: root.settings.sizeNames
-                    choice: root.settings.size
-                    help: root.settings.size === 0 ? root.automatic : qsTr(
-                                                         "Of the picture in the timelines.")
-                    onChosen: index => root.settings.size = index
-                }
+            TimelineChoices {
+                Layout.fillWidth: true
+                settings: root.settings
             }
         }
 
         AppText {
             Layout.fillWidth: true
             visible: !root.ready
-            text: root.recordings === 0 ? qsTr("Add recordings to begin.") : qsTr(
-                                              "Add one more recording to begin.")
-            color: Theme.dim
+            text: root.refusal !== "" ? root.refusal : root.recordings === 0 ? qsTr("Add recordings to begin.") : qsTr(
+                                                                                   "Add one more recording to begin.")
+            color: root.refusal !== "" ? Theme.warning : Theme.dim
             font.pixelSize: Theme.small
             horizontalAlignment: Text.AlignHCenter
+            wrapMode: Text.Wrap
         }
 
         AppButton {

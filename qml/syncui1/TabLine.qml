@@ -5,7 +5,7 @@ Row {
     id: root
 
     required property var names
-    required property var counts
+    property var counts: []
     property int current: 0
 
     function go(to: int) {

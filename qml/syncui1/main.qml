@@ -14,16 +14,16 @@ Rectangle {
     readonly property string phase: finished.marker.opacity > 0 ? "finished" : RunSession.running
                                     || running.bar.opacity > 0 ? "running" : "idle"
     readonly property bool idle: root.phase === "idle"
-    readonly property bool resting: root.phase !== "running"
+    readonly property bool resting: root.phase !== "running" && !Workspace.writing
     readonly property int longList: 5  // recordings; clearing more is asked about
     readonly property bool roomy: root.width >= 720
 
     function addFiles() {
-        later.call(() => QMLFile.getFilesSelected());
+        later.call(() => panel.notice = collector.notesOn(QMLFile.getFilesSelected()));
     }
 
     function addDevice() {
-        later.call(() => QMLFile.getFilesSelected2());
+        later.call(() => panel.notice = collector.notesOn(QMLFile.getFilesSelected2()));
     }
 
     function addFolder() {
@@ -96,11 +96,20 @@ Rectangle {
         });
     }
 
-    function exportElsewhere() {
+    function write() {
+        later.call(() => {
+            Workspace.exportTo("");
+            finished.showWritten();
+        });
+    }
+
+    function writeElsewhere() {
         later.call(() => {
             const folder = Ask.forResults(Workspace.result.folder);
-            if (folder.toString() !== "")
-                Workspace.exportTo(folder);
+            if (folder.toString() === "")
+                return;
+            Workspace.chooseFolder(folder);
+            root.write();
         });
     }
 
@@ -152,20 +161,28 @@ Rectangle {
         onSaveWanted: root.saveProject()
     }
 
-    AppText {
+    Item {
         id: problem
 
         anchors.top: header.bottom
         anchors.topMargin: -8
         x: Theme.margin
         width: parent.width - 2 * Theme.margin
-        height: visible ? implicitHeight + 8 : 0
-        visible: text !== ""
-        text: Workspace.problem
-        color: Theme.warning
-        wrapMode: Text.Wrap
-        Accessible.role: Accessible.AlertMessage
-        Accessible.name: text
+        height: Workspace.problem !== "" ? problemText.implicitHeight + 12 : 0
+
+        AppText {
+            id: problemText
+
+            width: parent.width
+            visible: text !== ""
+            text: Workspace.problem
+            color: Theme.warning
+            wrapMode: Text.Wrap
+            maximumLineCount: 3
+            elide: Text.ElideRight
+            Accessible.role: Accessible.AlertMessage
+            Accessible.name: text
+        }
     }
 
     RowLayout {
@@ -220,8 +237,10 @@ Rectangle {
         visible: root.phase === "finished"
         framesPerSecond: settings.frameRate || bins.firstFrameRate || 25
         onNewSyncWanted: root.backToList()
-        onExportWanted: Workspace.exportTo("")
-        onFolderWanted: root.exportElsewhere()
+        enabled: !Workspace.writing
+        settings: settings
+        onExportWanted: root.write()
+        onFolderWanted: root.writeElsewhere()
         onAgainWanted: recordings => {
             Workspace.placeAgain(recordings);
             finished.putAway();
@@ -269,13 +288,13 @@ Rectangle {
 
     Shortcut {
         sequences: ["Ctrl+Return", "Ctrl+Enter"]
-        enabled: root.idle && bins.recordings >= 2
+        enabled: root.idle && bins.recordings >= 2 && Workspace.refusal === ""
         onActivated: root.start()
     }
 
     Shortcut {
         sequences: ["Ctrl+N"]
-        enabled: root.phase === "finished"
+        enabled: root.phase === "finished" && root.resting
         onActivated: root.backToList()
     }
 
@@ -287,8 +306,8 @@ Rectangle {
 
     Shortcut {
         sequences: ["Ctrl+E"]
-        enabled: root.phase === "finished"
-        onActivated: Workspace.exportTo("")
+        enabled: root.phase === "finished" && root.resting && Workspace.result.rowCount() > 0
+        onActivated: root.write()
     }
 
     Shortcut {

@@ -38,8 +38,9 @@ QUrl Ask::forProject() {
 }
 
 QUrl Ask::whereToSave(const QString& name) {
-  const QString proposed =
-      QDir(startFolder()).filePath((name.isEmpty() ? tr("Untitled") : name) + project::kEnding);
+  QString plain = name.isEmpty() ? tr("Untitled") : name;
+  plain.replace(':', '.');  // no file name on Windows holds one
+  const QString proposed = QDir(startFolder()).filePath(plain + project::kEnding);
   return fromPath(
       QFileDialog::getSaveFileName(nullptr, tr("Save the project"), proposed, projectFilter()));
 }

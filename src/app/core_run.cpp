@@ -14,13 +14,16 @@ run::Options optionsOf(const RunRequest& request) {
   run::Options options;
   options.project = request.project;
   options.again = request.again;
+  options.formats = request.project.settings.formats;
+  options.compactXmeml = request.project.settings.compactXmeml;
+  options.documentsFolder = request.documentsFolder;
   return options;
 }
 
 /// A run together with the services that it refers to.
 struct CoreRun {
   CoreRun(const RunRequest& request, run::Progress& progress, const std::atomic<bool>& cancelled)
-      : sync(services.with(console, progress, cancelled), optionsOf(request)) {}
+      : sync(services.withCache(console, progress, cancelled), optionsOf(request)) {}
 
   run::SystemServices services;
   run::SyncRun sync;
@@ -57,10 +60,10 @@ class NoProgress final : public run::Progress {
 
 }  // namespace
 
-run::Outcome exportCore(const project::Project& project, const std::string& folder) {
+run::Outcome exportCore(const project::Project& project, const std::string& folder,
+                        const std::atomic<bool>& cancelled) {
   run::SystemServices services;
   NoProgress progress;
-  const std::atomic<bool> cancelled = false;
   return run::exportDocuments(project, folder, services.with(console, progress, cancelled));
 }
 

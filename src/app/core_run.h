@@ -16,8 +16,10 @@ RunAnswer runCore(const RunRequest& request, run::Progress& progress,
 std::vector<std::string> convertCore(const std::vector<std::string>& videofiles,
                                      run::Progress& progress, const std::atomic<bool>& cancelled);
 
-/// Writes the documents of a project into `folder`, a whole path; nothing is listened to.
-run::Outcome exportCore(const project::Project& project, const std::string& folder);
+/// Writes the documents of a project into `folder`, a whole path; nothing is listened to. Where a
+/// clock drifts, sound is written anew, which takes its time.
+run::Outcome exportCore(const project::Project& project, const std::string& folder,
+                        const std::atomic<bool>& cancelled);
 
 /// Writes the end-of-run report and shows it and the results to the user.
 void reportCore(const std::vector<std::string>& result);

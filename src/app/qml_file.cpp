@@ -63,7 +63,8 @@ vector<std::string> QMLFile::synco(vector<std::string> videofiles, double a_d, i
                                    float frps, int prem) {
   RunProgress progress(*this, runSession());
   return runSession().execute({std::move(videofiles), a_d, resx, resy, frps, prem,
-                               workspace().project(), workspace().takeAgain()},
+                               workspace().project(), workspace().takeAgain(),
+                               workspace().documentsFolder().toStdString()},
                               progress);
 }
 

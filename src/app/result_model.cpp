@@ -34,10 +34,14 @@ QList<QVariantList> leftOutRows(const project::Project& project) {
   return unusable + unplaced;
 }
 
-QList<QVariantList> noticeRows(const project::Project& project) {
+/// What was not written or begun first.
+QList<QVariantList> noticeRows(const project::Project& project, const Failures& failures) {
   QList<QVariantList> rows;
+  for (const std::string& text : failures.sentences)
+    rows << QVariantList{QString::fromStdString(text), true};
   for (const std::string& text : project.written.notices)
-    rows << QVariantList{QString::fromStdString(text)};
+    if (std::ranges::find(failures.sentences, text) == failures.sentences.end())
+      rows << QVariantList{QString::fromStdString(text), false};
   return rows;
 }
 
@@ -68,15 +72,17 @@ QHash<int, QByteArray> ResultModel::roleNames() const {
   return {{NameRole, "name"}, {CountRole, "count"}, {TimelineRole, "timeline"}};
 }
 
-void ResultModel::show(const project::Project& project, const SoundPaths& sounds) {
+void ResultModel::show(const project::Project& project, const SoundPaths& sounds,
+                       const Failures& failures) {
+  failures_ = failures;
   showGroups(project, sounds);
   leftOut_.setRows(leftOutRows(project));
-  documents_.setRows(documentRows(project.written));
-  notices_.setRows(noticeRows(project));
+  documents_.setRows(documentRows(project.written, leftOut_.rowCount() > 0));
+  notices_.setRows(noticeRows(project, failures));
   folder_ = QString::fromStdString(project.written.folder);
   summary_ = summaryOf(project);
   unsureCount_ = tallyOf(project).unsure;
-  endState_ = EndState::of(project);
+  endState_ = EndState::of(project, failures);
   Q_EMIT changed();
 }
 
@@ -105,6 +111,11 @@ void ResultModel::showGroups(const project::Project& project, const SoundPaths& 
     endResetModel();
   else if (rowCount() > 0)
     Q_EMIT dataChanged(index(0), index(rowCount() - 1));
+}
+
+QString ResultModel::failure() const {
+  return failures_.sentences.empty() ? QString()
+                                     : QString::fromStdString(failures_.sentences.front());
 }
 
 TimelineModel* ResultModel::timeline(int row) const {

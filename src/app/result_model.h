@@ -22,6 +22,9 @@ class ResultModel : public QAbstractListModel {
   QML_UNCREATABLE("The workspace has it")
   Q_PROPERTY(QString summary READ summary NOTIFY changed)
   Q_PROPERTY(app::EndState::State endState READ endState NOTIFY changed)
+  Q_PROPERTY(bool refused READ refused NOTIFY changed)
+  Q_PROPERTY(int failureCount READ failureCount NOTIFY changed)
+  Q_PROPERTY(QString failure READ failure NOTIFY changed)
   Q_PROPERTY(int leftOutCount READ leftOutCount NOTIFY changed)
   Q_PROPERTY(int unsureCount READ unsureCount NOTIFY changed)
   Q_PROPERTY(QString folder READ folder NOTIFY changed)
@@ -39,16 +42,20 @@ class ResultModel : public QAbstractListModel {
   QHash<int, QByteArray> roleNames() const override;
 
   /// Shows `project`; timelines of groups that it had before stay the same objects.
-  void show(const project::Project& project, const SoundPaths& sounds);
+  void show(const project::Project& project, const SoundPaths& sounds,
+            const Failures& failures = {});
 
   QString summary() const { return summary_; }
   EndState::State endState() const { return endState_; }
+  bool refused() const { return failures_.refused; }  // nothing came of the last run
+  int failureCount() const { return static_cast<int>(failures_.sentences.size()); }
+  QString failure() const;  // the first sentence on what was not written or begun; mostly empty
   int leftOutCount() const { return leftOut_.rowCount(); }
   int unsureCount() const { return unsureCount_; }
   QString folder() const { return folder_; }       // of the documents
   TableModel* leftOut() { return &leftOut_; }      // recording, name, path, kind, usable, ...
   TableModel* documents() { return &documents_; }  // program, count, path, content, paths
-  TableModel* notices() { return &notices_; }      // notice
+  TableModel* notices() { return &notices_; }      // notice, failed
 
   /// The timeline of group `row`; null if there is none.
   Q_INVOKABLE app::TimelineModel* timeline(int row) const;
@@ -70,7 +77,8 @@ class ResultModel : public QAbstractListModel {
   std::vector<std::unique_ptr<TimelineModel>> timelines_;
   TableModel leftOut_{{"recording", "name", "path", "kind", "usable", "reason", "remedy"}};
   TableModel documents_{{"program", "count", "path", "content", "paths"}};
-  TableModel notices_{{"notice"}};
+  TableModel notices_{{"notice", "failed"}};
+  Failures failures_;
   QString summary_, folder_;
   EndState::State endState_ = EndState::Success;
   int unsureCount_ = 0;

@@ -20,6 +20,7 @@ struct RunRequest {
   int prem = 0;
   project::Project project = {};        // what is known before the run
   std::vector<project::Id> again = {};  // recordings to place while all others stay; empty: all
+  std::string documentsFolder = {};     // a whole path; empty: that of the results
 };
 
 struct RunAnswer {

@@ -1,5 +1,6 @@
 #include "app/run_session.h"
 
+#include <QSettings>
 #include <cmath>
 
 #include "app/core_run.h"
@@ -7,6 +8,28 @@
 #include "app/workspace.h"
 
 namespace app {
+namespace {
+
+const QString kPaceKey = "pace";
+
+/// What the steps of the last run on this computer took.
+RunPace rememberedPace() {
+  RunPace pace = kFirstPace;
+  const QVariantList known = QSettings().value(kPaceKey).toList();
+  for (std::size_t i = 0; known.size() == std::ssize(pace) && i < pace.size(); ++i)
+    if (const double seconds = known[static_cast<qsizetype>(i)].toDouble();
+        seconds > 0 && std::isfinite(seconds))
+      pace[i] = seconds;
+  return pace;
+}
+
+void rememberPace(const RunPace& pace) {
+  QVariantList known;
+  for (const double seconds : pace) known << seconds;
+  QSettings().setValue(kPaceKey, known);
+}
+
+}  // namespace
 
 RunSession* RunSession::create(QQmlEngine*, QJSEngine*) {
   QJSEngine::setObjectOwnership(&runSession(), QJSEngine::CppOwnership);
@@ -16,13 +39,16 @@ RunSession* RunSession::create(QQmlEngine*, QJSEngine*) {
 std::vector<std::string> RunSession::execute(const RunRequest& request, run::Progress& progress) {
   cancelFlag_ = false;
   cancelled_ = false;
-  seen_ = RunForecast(mediaSeconds_);
+  seen_ = RunForecast(mediaSeconds_, rememberedPace());
   clock_.start();
   setRunning(true);
   RunAnswer answer;
   whilePumping([&] { answer = job_(request, progress, cancelFlag_); }, [this] { cancel(); });
   cancelled_ = answer.outcome.cancelled;
-  if (!cancelled_) workspace().take(answer);  // a run that was cancelled leaves the last one alone
+  if (!cancelled_) {  // a run that was cancelled leaves the last one alone
+    rememberPace(seen_.learned(std::chrono::milliseconds(clock_.elapsed())));
+    workspace().take(answer);
+  }
   setRunning(false);
   return answer.result;
 }
@@ -31,7 +57,7 @@ void RunSession::report(run::Stage stage, std::string_view file, int done, int t
   const std::lock_guard lock(mutex_);
   latest_ = {stage, QString::fromUtf8(file.data(), static_cast<qsizetype>(file.size())), done,
              total};
-  seen_.report(stage, std::string(file), done, total);
+  seen_.report(stage, std::string(file), done, total, std::chrono::milliseconds(clock_.elapsed()));
   if (posted_) return;
   posted_ = true;
   QMetaObject::invokeMethod(this, &RunSession::showLatest, Qt::QueuedConnection);

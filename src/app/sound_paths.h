@@ -12,8 +12,9 @@ namespace app {
 /// UTF-8. A file that is not in it cannot be heard or drawn.
 using SoundPaths = std::map<std::string, std::string>;
 
-/// Where the last run on `project` has kept its sounds, as far as they are still there. Of files
-/// that share a name only one was kept; they are left out.
+/// Where the sounds of `project` are still kept: beside the results of its last run, or among what
+/// this user's runs have heard. Beside the results only one of several files that share a name was
+/// kept.
 SoundPaths keptSounds(const project::Project& project);
 
 /// Where the sounds of a run can be read.

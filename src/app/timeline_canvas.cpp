@@ -2,6 +2,7 @@
 
 #include <QFontMetricsF>
 #include <QPainter>
+#include <QtMath>
 #include <algorithm>
 #include <cmath>
 #include <vector>
@@ -120,12 +121,21 @@ int TimelineCanvas::recordingAt(double x, double y) const {
 }
 
 QColor TimelineCanvas::laneColour(int lane) const {
-  const QVariantList lanes = look_.value("lanes").toList();
-  return lanes.isEmpty() ? QColor(Qt::gray) : lanes[lane % lanes.size()].value<QColor>();
+  return laneColours_.isEmpty() ? QColor(Qt::gray) : laneColours_[lane % laneColours_.size()];
+}
+
+/// Looked up once for all clips.
+void TimelineCanvas::takeColours() {
+  laneColours_.clear();
+  for (const QVariant& lane : look_.value("lanes").toList()) laneColours_ << lane.value<QColor>();
+  colours_.clear();
+  for (auto it = look_.cbegin(); it != look_.cend(); ++it)
+    if (const auto colour = it->value<QColor>(); colour.isValid()) colours_.insert(it.key(), colour);
 }
 
 void TimelineCanvas::paint(QPainter* painter) {
   if (!timeline_ || pixelsPerSecond_ <= 0) return;
+  takeColours();
   painter->setRenderHint(QPainter::Antialiasing);
   paintLanes(*painter);
   for (int row = 0; row < timeline_->rowCount(); ++row) paintClip(*painter, row);
@@ -151,6 +161,20 @@ void TimelineCanvas::paintFrames(QPainter& painter) const {
   }
 }
 
+/// Ends far outside the view are cut off; clips of a few pixels are drawn without round corners,
+/// which nobody would see and a thousand of them would wait for.
+void TimelineCanvas::paintBox(QPainter& painter, const QRectF& box) const {
+  constexpr double kOutside = 40;  // pixels
+  const QRectF shown =
+      box.intersected(QRectF(-kOutside, box.top(), width() + 2 * kOutside, box.height()));
+  if (box.width() > 2 * kRadius) {
+    painter.drawRoundedRect(shown.adjusted(0.5, 0.5, -0.5, -0.5), kRadius, kRadius);
+    return;
+  }
+  painter.setRenderHint(QPainter::Antialiasing, false);
+  painter.drawRect(shown.toRect().adjusted(0, 0, -1, -1));
+}
+
 void TimelineCanvas::paintClip(QPainter& painter, int row) {
   const TimelineClip& clip = timeline_->clips()[static_cast<std::size_t>(row)];
   const QRectF box = boxOf(clip);
@@ -161,17 +185,13 @@ void TimelineCanvas::paintClip(QPainter& painter, int row) {
       clip.state == project::State::excluded ? colour("dim") : laneColour(clip.lane);
   const bool current = clip.recording == current_, chosen = selected(clip);
   painter.save();
-  painter.setClipRect(seen.adjusted(-2, -2, 2, 2));
   painter.setOpacity(clip.state == project::State::excluded ? 0.5 : silent ? 0.55 : 1);
   painter.setBrush(faded(tone, chosen ? 0.34 : 0.16));
   QPen border(current ? colour("focus") : faded(tone, chosen ? 1 : 0.55), current ? 2 : 1);
   if (clip.state == project::State::byClock || clip.state == project::State::excluded)
     border.setStyle(Qt::DashLine);
   painter.setPen(border);
-  if (box.width() > 2 * kRadius)
-    painter.drawRoundedRect(box.adjusted(0.5, 0.5, -0.5, -0.5), kRadius, kRadius);
-  else
-    painter.drawRect(box);
+  paintBox(painter, box);
   const QRectF wave = seen.adjusted(1, kLabelHeight, -1, -4);
   paintSound(painter, row, wave, faded(tone, 0.85));
   if (const int partner = partnerOf(row); partner >= 0)
@@ -229,13 +249,16 @@ void TimelineCanvas::paintPeaks(QPainter& painter, int row, const QRectF& seen,
   const Waveform& waveform = timeline_->waveform(row);
   const double begin = clip.start + clip.soundStart + (selected(clip) ? dragSeconds_ : 0);
   const double middle = seen.center().y(), most = seen.height() / 2;
-  for (double x = std::floor(seen.left()); x < seen.right(); ++x) {
+  const bool smooth = painter.testRenderHint(QPainter::Antialiasing);
+  painter.setRenderHint(QPainter::Antialiasing, false);  // whole columns of pixels
+  for (int x = qCeil(seen.left()); x < seen.right(); ++x) {
     const double from = startSeconds_ + x / pixelsPerSecond_ - begin;
     const double to = from + 1 / pixelsPerSecond_;
     if (to < 0 || from * Waveform::kPeaksPerSecond >= double(waveform.peaks.size())) continue;
-    const double half = most * waveform.loudestBetween(from, to) / 255;
-    painter.fillRect(QRectF(x, middle - half, 1, std::max(1.0, 2 * half)), colour);
+    const int half = qRound(most * waveform.loudestBetween(from, to) / 255);
+    painter.fillRect(QRect(x, qRound(middle) - half, 1, std::max(1, 2 * half)), colour);
   }
+  painter.setRenderHint(QPainter::Antialiasing, smooth);
 }
 
 void TimelineCanvas::paintSamples(QPainter& painter, int row, const QRectF& seen,

@@ -45,8 +45,10 @@ class TimelineCanvas : public QQuickPaintedItem {
   QRectF boxOf(const TimelineClip& clip) const;
   bool selected(const TimelineClip& clip) const { return selection_.contains(clip.recording); }
   double xOf(double seconds) const { return (seconds - startSeconds_) * pixelsPerSecond_; }
-  QColor colour(const QString& name) const { return look_.value(name).value<QColor>(); }
+  QColor colour(const QString& name) const { return colours_.value(name); }
   QColor laneColour(int lane) const;
+  void takeColours();
+  void paintBox(QPainter& painter, const QRectF& box) const;
   void paintLanes(QPainter& painter) const;
   void paintFrames(QPainter& painter) const;
   void paintClip(QPainter& painter, int row);
@@ -65,6 +67,8 @@ class TimelineCanvas : public QQuickPaintedItem {
   QList<int> silentLanes_;
   double dragSeconds_ = 0;  // by which the selected clips are being moved
   QVariantMap look_;
+  QHash<QString, QColor> colours_;  // of `look_`
+  QList<QColor> laneColours_;       // the same
   SoundStore sounds_;
 };
 

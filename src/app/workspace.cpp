@@ -2,29 +2,21 @@
 
 #include <QFileInfo>
 #include <QJSEngine>
+#include <QRegularExpression>
 #include <algorithm>
-#include <cmath>
+#include <filesystem>
 #include <utility>
 
-#include "app/clip_facts.h"
-#include "app/core_run.h"
-#include "app/documents_list.h"
+#include "app/files/device_models.h"
 #include "app/files/file_list.h"
 #include "app/files/listing.h"
+#include "app/run_session.h"
 #include "project/edit.h"
 #include "project/look_up.h"
-#include "project/project_file.h"
+#include "report/files.h"
+#include "run/result_list.h"
 
 namespace app {
-namespace {
-
-using project::Id;
-
-std::vector<Id> idsOf(const QList<int>& recordings) {
-  return {recordings.begin(), recordings.end()};
-}
-
-}  // namespace
 
 Workspace::Workspace() {
   // the bridge adds its lines one by one; they are looked at together
@@ -42,7 +34,9 @@ void Workspace::fromList() {
   listMoved_ = false;
   const QStringList entries = fileModel.entries();
   if (entries == entriesOf(project())) return;
-  advance(withEntries(project(), entries), entries.isEmpty() ? tr("Clear list") : tr("Add files"));
+  const project::Project before = project();
+  advance(withEntries(before, entries), entries.isEmpty() ? tr("Clear list") : tr("Add files"));
+  learnModels(entries, [=](const auto& models) { return withEntries(before, entries, models); });
 }
 
 void Workspace::toList() {
@@ -53,10 +47,25 @@ void Workspace::toList() {
   writingList_ = false;
 }
 
-void Workspace::addFiles(const QStringList& paths, bool oneDevice,
-                         const QHash<QString, QString>& models) {
+void Workspace::addFiles(const QStringList& paths, bool oneDevice) {
   if (listMoved_) fromList();  // what the bridge has added belongs to the project by now
-  advance(withFiles(project(), paths, oneDevice, models), tr("Add files"));
+  const project::Project before = project();
+  advance(withFiles(before, paths, oneDevice), tr("Add files"));
+  if (!oneDevice)
+    learnModels(paths, [=](const auto& models) { return withFiles(before, paths, false, models); });
+}
+
+/// Files need not be asked before they are listed. What they tell counts only as long as the user
+/// has not sorted them in another way.
+void Workspace::learnModels(
+    const QStringList& files,
+    const std::function<project::Project(const QHash<QString, QString>&)>& again) {
+  const auto devices = project().devices;
+  deviceModels().learn(files, this, [=, this](const QHash<QString, QString>& models) {
+    if (models.isEmpty() || runSession().running() || project().devices != devices) return;
+    history_.amend(again(models));
+    show();
+  });
 }
 
 Workspace* Workspace::create(QQmlEngine*, QJSEngine*) {
@@ -64,10 +73,19 @@ Workspace* Workspace::create(QQmlEngine*, QJSEngine*) {
   return &workspace();
 }
 
-QString Workspace::name() const { return QFileInfo(path_).completeBaseName(); }
+QString Workspace::name() const {
+  static const QRegularExpression kOfARun("^PROJECT--(\\d\\d)-(\\d\\d)-\\d\\d--$");
+  const QString file = QFileInfo(path_).completeBaseName();
+  const QRegularExpressionMatch run = kOfARun.match(file);
+  return run.hasMatch() ? tr("Run of %1:%2").arg(run.captured(1), run.captured(2)) : file;
+}
 
 bool Workspace::edited() const {
-  return exported_.groups != project().groups || exported_.devices != project().devices;
+  project::Settings settings = project().settings;
+  settings.tolerance = exported_.settings.tolerance;  // how to listen is not in documents
+  settings.mode = exported_.settings.mode;
+  return exported_.groups != project().groups || exported_.devices != project().devices ||
+         exported_.settings != settings;
 }
 
 void Workspace::advance(project::Project next, const QString& what) {
@@ -76,6 +94,8 @@ void Workspace::advance(project::Project next, const QString& what) {
 }
 
 void Workspace::take(const RunAnswer& answer) {
+  noteFailures(answer.outcome);
+  if (answer.outcome.refused) return show();  // what was found before stays
   sounds_ = keptSounds(answer.project);
   for (const auto& [path, sound] : soundsOf(answer.outcome)) sounds_[path] = sound;
   keepsSounds_ = answer.sounds;
@@ -97,7 +117,11 @@ void Workspace::noteSavedBy(const RunAnswer& answer) {
 }
 
 void Workspace::clear() {
-  history_ = {};
+  project::Project empty;
+  empty.settings = project().settings;
+  history_ = project::History(std::move(empty));
+  failures_ = {};
+  setProblem({});
   sounds_.clear();
   exported_ = {};
   path_.clear();
@@ -106,102 +130,20 @@ void Workspace::clear() {
   toList();
 }
 
-void Workspace::undo() {
-  history_.undo();
+void Workspace::undo() { step(&project::History::undo); }
+
+void Workspace::redo() { step(&project::History::redo); }
+
+/// How documents are made, and which there are, is nothing that steps go back to.
+void Workspace::step(void (project::History::*go)()) {
+  const project::Settings settings = project().settings;
+  const project::Written written = project().written;
+  (history_.*go)();
+  project::Project here = project();
+  here.settings = settings;
+  here.written = written;
+  history_.amend(std::move(here));
   show();
-}
-
-void Workspace::redo() {
-  history_.redo();
-  show();
-}
-
-QString Workspace::called(const QString& what, const QList<int>& recordings) const {
-  if (recordings.size() != 1) return tr("%1 %2 clips").arg(what).arg(recordings.size());
-  return tr("%1 %2").arg(what, facts(recordings.front()).value("name").toString());
-}
-
-void Workspace::move(const QList<int>& recordings, double seconds) {
-  advance(project::moveClips(project(), idsOf(recordings), seconds),
-          called(tr("Move"), recordings));
-}
-
-void Workspace::place(int recording, int group, double startSeconds) {
-  advance(project::placeClip(project(), recording, group, startSeconds),
-          called(tr("Place"), {recording}));
-}
-
-void Workspace::unplace(const QList<int>& recordings) {
-  advance(project::unplaceClips(project(), idsOf(recordings)), called(tr("Take out"), recordings));
-}
-
-bool Workspace::all(const QList<int>& recordings, bool project::Clip::*is) const {
-  return std::ranges::all_of(recordings, [&](int recording) {
-    const project::Clip* clip = project::clipOf(project(), recording);
-    return clip && clip->*is;
-  });
-}
-
-void Workspace::confirm(const QList<int>& recordings) {
-  const bool on = !all(recordings, &project::Clip::confirmed);
-  advance(project::confirmClips(project(), idsOf(recordings), on),
-          called(tr("Confirm"), recordings));
-}
-
-void Workspace::exclude(const QList<int>& recordings) {
-  const bool on = !all(recordings, &project::Clip::excluded);
-  advance(project::excludeClips(project(), idsOf(recordings), on),
-          called(tr("Exclude"), recordings));
-}
-
-void Workspace::pin(const QList<int>& recordings) {
-  const bool on = !all(recordings, &project::Clip::pinned);
-  advance(project::pinClips(project(), idsOf(recordings), on), called(tr("Pin"), recordings));
-}
-
-void Workspace::toNextPlace(int recording) {
-  constexpr double kSame = 0.02;  // seconds; nearer places are one
-  const auto places = project::likelyPlaces(project(), recording);
-  if (places.empty()) return;
-  const project::Clip* clip = project::clipOf(project(), recording);
-  const auto here = std::ranges::find_if(places, [&](const project::LikelyPlace& place) {
-    return clip && place.group == project::groupOf(project(), recording)->id &&
-           std::abs(place.startSeconds - clip->startSeconds) < kSame;
-  });
-  const auto next = here == places.end() || here + 1 == places.end() ? places.begin() : here + 1;
-  place(recording, next->group, next->startSeconds);
-}
-
-double Workspace::snapped(int recording, double seconds, double reach) const {
-  const project::Clip* clip = project::clipOf(project(), recording);
-  if (!clip) return seconds;
-  const Id group = project::groupOf(project(), recording)->id;
-  double best = seconds, nearest = reach;
-  for (const project::LikelyPlace& place : project::likelyPlaces(project(), recording)) {
-    const double by = place.startSeconds - clip->startSeconds;
-    if (place.group != group || std::abs(by - seconds) >= nearest) continue;
-    nearest = std::abs(by - seconds);
-    best = by;
-  }
-  return best;
-}
-
-QList<double> Workspace::likelyStarts(int recording) const {
-  QList<double> starts;
-  const project::Group* group = project::groupOf(project(), recording);
-  if (!group || group->clips.empty()) return starts;
-  const double origin =
-      std::ranges::min_element(group->clips, {}, &project::Clip::startSeconds)->startSeconds;
-  for (const project::LikelyPlace& place : project::likelyPlaces(project(), recording))
-    if (place.group == group->id) starts << place.startSeconds - origin;
-  return starts;
-}
-
-QVariantMap Workspace::facts(int recording) const { return clipFacts(project(), recording); }
-
-int Workspace::bestMatch(int recording) const {
-  const project::Clip* clip = project::clipOf(project(), recording);
-  return clip && !clip->matchedWith.empty() ? clip->matchedWith.front() : 0;
 }
 
 std::vector<project::Id> Workspace::takeAgain() {
@@ -216,58 +158,21 @@ void Workspace::renameDevice(int device, const QString& name) {
           tr("Rename %1").arg(wanted));
 }
 
-bool Workspace::open(const QUrl& file) {
-  const QString path = file.toLocalFile();
-  project::LoadedProject loaded = project::loadProject(path.toStdString());
-  setProblem(QString::fromStdString(loaded.error));
-  if (!loaded.project) return false;
-  history_ = project::History(std::move(*loaded.project));
-  path_ = path;
-  exported_ = project();
-  sounds_ = keptSounds(project());
-  if (!loaded.missing.empty())
-    setProblem(tr("%n recording(s) could not be found again", nullptr,
-                  static_cast<int>(loaded.missing.size())) +
-               ": " + QString::fromStdString(loaded.missing.front()));
-  show();
-  Q_EMIT opened();
-  return true;
+QString Workspace::refusal() const {
+  return QString::fromStdString(
+      run::tooManyFiles(project::allRecordings(project()).size()));
 }
 
-bool Workspace::save() { return !path_.isEmpty() && saveAs(QUrl::fromLocalFile(path_)); }
-
-bool Workspace::saveAs(const QUrl& file) {
-  QString path = file.toLocalFile();
-  if (!project::isProjectPath(path.toStdString())) path += project::kEnding;
-  const report::Status status = project::saveProject(project(), path.toStdString());
-  setProblem(QString::fromStdString(status.error));
-  if (!status.ok()) return false;
-  savedByRun_ = savedByRun_ && path == path_;
-  path_ = path;
-  history_.noteSaved();
-  Q_EMIT changed();
-  return true;
-}
-
-bool Workspace::exportTo(const QUrl& folder) {
-  const std::string place =
-      folder.isEmpty() ? project().written.folder : folder.toLocalFile().toStdString();
-  const run::Outcome outcome = exportCore(project(), place);
-  project::Project next = project();
-  next.written.folder = place;
-  next.written.files = outcome.outputs;
-  next.written.notices = outcome.notices;
-  history_.amend(std::move(next));
-  const bool written = std::ranges::any_of(outcome.outputs, isDocument);
-  if (written) exported_ = project();
-  setProblem(written || outcome.notices.empty() ? QString()
-                                                : QString::fromStdString(outcome.notices.front()));
-  show();
-  return written;
+void Workspace::forgetLostSounds() {
+  const auto lost = std::erase_if(sounds_, [](const auto& sound) {
+    std::error_code error;
+    return !std::filesystem::exists(report::fromUtf8(sound.second), error);
+  });
+  if (lost > 0) show();
 }
 
 void Workspace::show() {
-  result_.show(project(), sounds_);
+  result_.show(project(), sounds_, failures_);
   if (shown_ != project().devices) {
     shown_ = project().devices;
     toList();

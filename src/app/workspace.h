@@ -6,6 +6,7 @@
 #include <QString>
 #include <QUrl>
 #include <QVariantMap>
+#include <functional>
 #include <memory>
 
 #include "app/result_model.h"
@@ -29,6 +30,10 @@ class Workspace final : public QObject {
   Q_PROPERTY(QString redoName READ redoName NOTIFY changed)
   Q_PROPERTY(bool edited READ edited NOTIFY changed)
   Q_PROPERTY(QString problem READ problem NOTIFY problemChanged)
+  Q_PROPERTY(bool writing READ writing NOTIFY writingChanged)
+  Q_PROPERTY(QString refusal READ refusal NOTIFY changed)
+  Q_PROPERTY(QString documentsFolder READ documentsFolder WRITE setDocumentsFolder NOTIFY
+                 documentsFolderChanged)
 
  public:
   static Workspace* create(QQmlEngine*, QJSEngine*);  // the program's one, for the document
@@ -43,14 +48,22 @@ class Workspace final : public QObject {
   /// Whether places differ from what the documents on the disk say.
   bool edited() const;
   QString problem() const { return problem_; }  // what went wrong last, for people
+  bool writing() const { return writing_; }     // while documents are written
+  QString refusal() const;  // why no run would take this many recordings; mostly empty
+  /// Where the next documents go, a whole path; empty: where the results of a run go.
+  QString documentsFolder() const { return documentsFolder_; }
+  void setDocumentsFolder(const QString& folder);
+  Q_INVOKABLE void chooseFolder(const QUrl& folder) { setDocumentsFolder(folder.toLocalFile()); }
+  /// How documents are to be made from now on; no step that can be undone.
+  void setSettings(const project::Settings& settings);
 
   /// Goes on to `next`, a step called `what`.
   void advance(project::Project next, const QString& what);
   /// Takes over what a run found; it can be undone as one step.
   void take(const RunAnswer& answer);
-  /// Adds files: as one device, or in devices as folders, names and `models` (by path) tell.
-  void addFiles(const QStringList& paths, bool oneDevice,
-                const QHash<QString, QString>& models = {});
+  /// Adds files: as one device, or in devices as folders and names tell, and a moment later, when
+  /// the files were asked for it, makes and models.
+  void addFiles(const QStringList& paths, bool oneDevice);
   /// Starts again with an empty project.
   Q_INVOKABLE void clear();
 
@@ -89,14 +102,18 @@ class Workspace final : public QObject {
   Q_INVOKABLE bool open(const QUrl& file);
   Q_INVOKABLE bool save();
   Q_INVOKABLE bool saveAs(const QUrl& file);
-  /// Writes the documents again, as the project stands, into `folder`; an empty one: where they
-  /// are.
+  /// Writes the documents again, as the project stands, into `folder`; an empty one: where the
+  /// user wants them, else where they are. Returns when they are written; until then the calling GUI thread handles events.
   Q_INVOKABLE bool exportTo(const QUrl& folder);
+  /// Forgets sounds that are no longer kept.
+  void forgetLostSounds();
 
  Q_SIGNALS:
   void changed();
   void problemChanged();
   void opened();
+  void writingChanged();
+  void documentsFolderChanged();
   /// Devices or recordings have come, gone or changed their order.
   void devicesChanged();
 
@@ -105,11 +122,18 @@ class Workspace final : public QObject {
   Workspace();  // by nobody else: an engine that could, would make one of its own
   void show();
   void noteSavedBy(const RunAnswer& answer);
+  void noteFailures(const run::Outcome& outcome);
+  void takeWritten(const run::Outcome& outcome, const std::string& folder,
+                   const project::Project& as);
+  void learnModels(const QStringList& files,
+                   const std::function<project::Project(const QHash<QString, QString>&)>& again);
   void toList();
   void fromList();
   QString called(const QString& what, const QList<int>& recordings) const;
   bool all(const QList<int>& recordings, bool project::Clip::*is) const;
   void setProblem(const QString& problem);
+  void setWriting(bool writing);
+  void step(void (project::History::*go)());
 
   project::History history_;
   SoundPaths sounds_;
@@ -118,9 +142,12 @@ class Workspace final : public QObject {
   QList<int> again_;
   QString path_;
   QString problem_;
+  QString documentsFolder_;
+  Failures failures_;
   project::Project exported_;           // as the documents have it
   std::vector<project::Device> shown_;  // the devices as the window knows them
   bool savedByRun_ = false;  // what `path_` names
+  bool writing_ = false;
   bool writingList_ = false;
   bool listMoved_ = false;
 };

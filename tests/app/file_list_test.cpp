@@ -11,6 +11,7 @@
 #include <QTimer>
 
 #include "app/files/bin_model.h"
+#include "app/files/device_models.h"
 #include "app/files/media_collector.h"
 #include "app/qml_file.h"
 #include "app/workspace.h"
@@ -100,8 +101,8 @@ TEST_F(FileList, OnlyTheTypeRoleHasData) {
 }
 
 app::MediaFacts fakeFacts(const QString& path) {
-  if (path.endsWith(".mov")) return {true, 25, 1920, 1080, 61};
-  return {path.endsWith(".wav"), 0, 0, 0, 3600};
+  if (path.endsWith(".mov")) return {true, 25, 1920, 1080, 61, {}};
+  return {path.endsWith(".wav"), 0, 0, 0, 3600, {}};
 }
 
 /// The bins over the workspace, whose list is the bridge's.
@@ -178,6 +179,25 @@ TEST_F(BinsTest, DevicesAreRenamedJoinedSplitAndUndone) {
   bins_.select(0, false, false);
   bins_.remove();
   EXPECT_EQ(fileModel.entries(), QStringList({"/x/Cam 2/c.mov", "/x/z.wav"}));
+}
+
+TEST_F(BinsTest, ModelsRegroupWhatNamesLeaveApartUntilTheUserSorts) {
+  app::deviceModels().setAsk([](const QString& path) {
+    return path.contains("red") ? "Red" : path.contains("blue") ? "Blue" : "";
+  });
+  app::workspace().clear();
+  app::workspace().addFiles({"/m/red party.mov", "/m/blue sky.mov", "/m/my red hat.mov"}, false);
+  EXPECT_EQ(bins_.devices(), 3) << "names alone tell nothing";
+  EXPECT_TRUE(QTest::qWaitFor([&] { return bins_.devices() == 2; }));
+  EXPECT_EQ(text(), "Red: my red hat.mov red party.mov | Blue: blue sky.mov");
+  app::workspace().undo();
+  EXPECT_EQ(bins_.devices(), 0) << "it is one step with adding them";
+
+  app::workspace().addFiles({"/m/red party.mov", "/m/my red hat.mov"}, false);
+  app::workspace().renameDevice(app::workspace().project().devices.front().id, "Mine");
+  QTest::qWait(100);
+  EXPECT_EQ(bins_.devices(), 2) << "what the user has sorted stays";
+  app::deviceModels().setAsk([](const QString& path) { return app::probeMedia(path).model; });
 }
 
 TEST_F(BinsTest, CollapsedDevicesHideTheirClips) {

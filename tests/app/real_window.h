@@ -8,6 +8,7 @@
 #include <QQmlContext>
 #include <QQmlEngine>
 #include <QQuickItem>
+#include <QSettings>
 #include <QTest>
 #include <QTimer>
 #include <cmath>
@@ -52,7 +53,9 @@ class RealWindow : public testing::Test {
     before_ = QDir::currentPath();
     QDir::setCurrent(QString::fromStdString(folder_.file("")));
     app::runSession().setJob(app::runCore);
+    QSettings().clear();
     app::workspace().clear();
+    app::workspace().setDocumentsFolder({});
     window_.rootContext()->setContextProperty("myModel", &app::fileModel);
     window_.rootContext()->setContextProperty("QMLFile", &bridge_);
     window_.rootContext()->setContextProperty("pBar", &bar_);
@@ -70,7 +73,12 @@ class RealWindow : public testing::Test {
     QDir::setCurrent(before_);
   }
 
-  QQuickItem* item(const char* name) { return window_.rootObject()->findChild<QQuickItem*>(name); }
+  /// The item of this name; of several, the one that shows.
+  QQuickItem* item(const char* name) {
+    const auto all = window_.rootObject()->findChildren<QQuickItem*>(name);
+    const auto shown = std::ranges::find_if(all, &QQuickItem::isVisible);
+    return shown != all.end() ? *shown : all.isEmpty() ? nullptr : all.front();
+  }
   void click(const char* name) {
     const QQuickItem* button = item(name);
     ASSERT_TRUE(button && button->isVisible() && button->isEnabled()) << name;

@@ -126,19 +126,36 @@ TEST(Result, SaysWhatWasLeftOutAndWritten) {
   EXPECT_EQ(field(1, 1), 2);
 }
 
+TEST(Result, WhatWasNotWrittenComesBeforeTheNotes) {
+  project::Project project = sampleProject();
+  project.written.notices = {"A clock drifts.", "A file was not written: no."};
+  app::ResultModel result;
+  result.show(project, {}, {{"A file was not written: no."}, false});
+  EXPECT_EQ(result.failureCount(), 1);
+  ASSERT_EQ(result.notices()->rowCount(), 2) << "each is said once";
+  const auto field = [&](int row, int role) {
+    return result.notices()->data(result.notices()->index(row), Qt::UserRole + 1 + role);
+  };
+  EXPECT_EQ(field(0, 0), "A file was not written: no.");
+  EXPECT_EQ(field(0, 1), true);
+  EXPECT_EQ(field(1, 1), false);
+}
+
 TEST(Result, EndsInFiveWays) {
   using app::EndState;
   project::Project project = sampleProject();
-  EXPECT_EQ(EndState::of(project), EndState::Partly);
+  EXPECT_EQ(EndState::of(project, {}), EndState::Partly);
   project.devices[1].recordings.resize(1);
-  EXPECT_EQ(EndState::of(project), EndState::Success);
+  EXPECT_EQ(EndState::of(project, {}), EndState::Success);
+  EXPECT_EQ(EndState::of(project, {{"A file was not written."}, false}), EndState::Partly);
+  EXPECT_EQ(EndState::of(project, {{"Another run goes on."}, true}), EndState::Failed);
   project.written.files = {"/d/READ2SYNC.txt"};
-  EXPECT_EQ(EndState::of(project), EndState::NothingWritten);
+  EXPECT_EQ(EndState::of(project, {}), EndState::NothingWritten);
   project.groups.clear();
-  EXPECT_EQ(EndState::of(project), EndState::NothingMatched);
+  EXPECT_EQ(EndState::of(project, {}), EndState::NothingMatched);
   for (project::Device& device : project.devices)
     for (project::Recording& recording : device.recordings) recording.usable = false;
-  EXPECT_EQ(EndState::of(project), EndState::Failed);
+  EXPECT_EQ(EndState::of(project, {}), EndState::Failed);
 }
 
 TEST(Facts, NumbersAreForPeople) {
@@ -153,19 +170,41 @@ TEST(Facts, NumbersAreForPeople) {
 }
 
 TEST(Forecast, FollowsTheSecondsOfMedia) {
-  app::RunForecast forecast({{"/long.mov", 3600}, {"/short.mov", 60}});
-  EXPECT_FALSE(forecast.left(std::chrono::seconds(1)));
-  forecast.report(run::Stage::convert, "/short.mov", 1, 2);
+  using std::chrono::seconds;
+  app::RunForecast forecast({{"/long.mov", 3600}, {"/short.mov", 60}}, app::kFirstPace);
+  EXPECT_FALSE(forecast.left(seconds(1)));
+  forecast.report(run::Stage::convert, "/short.mov", 1, 2, seconds(1));
   const double afterShort = forecast.fraction();
   EXPECT_LT(afterShort, 0.05) << "one file of two, but a minute of 61";
-  forecast.report(run::Stage::convert, "/long.mov", 2, 2);
+  forecast.report(run::Stage::convert, "/long.mov", 2, 2, seconds(60));
   EXPECT_GT(forecast.fraction(), 0.5);
   const double before = forecast.fraction();
-  forecast.report(run::Stage::probe, "", 0, 0);
+  forecast.report(run::Stage::probe, "", 0, 0, seconds(61));
   EXPECT_GE(forecast.fraction(), before) << "it never falls";
-  EXPECT_GT(forecast.left(std::chrono::seconds(60))->count(), 0);
-  forecast.report(run::Stage::write, "", 5, 5);
-  EXPECT_NEAR(forecast.fraction(), 1, 0.02);
+  EXPECT_GT(forecast.left(seconds(61))->count(), 0);
+  forecast.report(run::Stage::write, "", 5, 5, seconds(70));
+  EXPECT_NEAR(forecast.fraction(), 1, 1e-9);
+}
+
+TEST(Forecast, TheNextRunIsToldByTheLast) {
+  using std::chrono::seconds;
+  const auto run = [](app::RunForecast& forecast) {
+    forecast.report(run::Stage::convert, "/a.mov", 1, 1, seconds(10));
+    const auto left = forecast.left(seconds(10));
+    forecast.report(run::Stage::fingerprint, "/a.mov", 1, 1, seconds(20));
+    forecast.report(run::Stage::compare, "", 1, 1, seconds(20));
+    forecast.report(run::Stage::place, "", 1, 1, seconds(50));
+    return left ? left->count() : 0;
+  };
+  app::RunForecast first({{"/a.mov", 1000}}, app::kFirstPace);
+  run(first);
+  app::RunForecast second({{"/a.mov", 1000}}, first.learned(seconds(60)));
+  EXPECT_NEAR(run(second), 50, 2);
+  app::RunForecast heard({{"/a.mov", 1000}, {"/b.mov", 3000}}, first.learned(seconds(60)));
+  heard.report(run::Stage::convert, "/a.mov", 1, 1, seconds(10));
+  EXPECT_NEAR(heard.left(seconds(10))->count(), 200, 5) << "three quarters were heard before";
+  EXPECT_EQ(heard.learned(seconds(20))[0], first.learned(seconds(60))[0])
+      << "what was kept tells nothing of converting";
 }
 
 TEST(WindowPlace, AlwaysWithinTheScreen) {

@@ -9,6 +9,10 @@
 #include "app/qml_file.h"
 #include "app/run_session.h"
 #include "app/sync_settings.h"
+#include "app/workspace.h"
+#include "project/project_file.h"
+#include "tests/app/qt_printing.h"
+#include "tests/run/media.h"
 
 namespace {
 
@@ -140,6 +144,57 @@ TEST(Settings, ChoicesAreRemembered) {
   EXPECT_EQ(again.frameRate(), 60);
   QSettings().setValue("speed", 99);
   EXPECT_EQ(app::SyncSettings().tolerance(), 0.99) << "a choice that is none counts as the default";
+  QSettings().clear();
+}
+
+TEST_F(Run, ARunThatWasRefusedLeavesTheLastOneAloneAndSaysWhy) {
+  app::RunAnswer good = answer();
+  good.project.groups = {{1, "Group 1", {}}};
+  app::workspace().take(good);
+  app::runSession().setJob([&](auto&, auto&, auto&) {
+    app::RunAnswer refused = answer();
+    refused.outcome.refused = true;
+    refused.outcome.failures = {"Another run writes there.", "And more."};
+    return refused;
+  });
+  bridge_.start_sync2(0.99f, 1, 1, 25, 1);
+  EXPECT_EQ(app::workspace().project().groups.size(), 1u);
+  EXPECT_EQ(app::workspace().result()->endState(), app::EndState::Failed);
+  EXPECT_EQ(app::workspace().result()->failure(), "Another run writes there.");
+  EXPECT_EQ(app::workspace().problem(), "Another run writes there. (1 more among the notes)");
+  app::workspace().clear();
+  EXPECT_EQ(app::workspace().problem(), "");
+}
+
+TEST(Settings, ReachTheProjectAndComeFromOneThatIsOpened) {
+  QSettings().clear();
+  const Folder folder;
+  project::Project other;
+  other.settings.formats = {"vegas", "rpp"};
+  other.settings.drift = "off";
+  other.settings.framesPerSecond = 50;
+  other.settings.clipsByClock = true;
+  const std::string file = folder.file("other.kestrel");
+  ASSERT_TRUE(project::saveProject(other, file).ok());
+  app::SyncSettings settings;
+  EXPECT_EQ(settings.programsText(), "All but Reaper");
+  settings.setProperty("drift", 1);
+  settings.setProperty("replaceAudio", true);
+  for (int i = 0; i < 8; ++i) settings.setProgram(i, i == 1);
+  settings.setProgram(1, false);
+  EXPECT_EQ(settings.programsText(), "Premiere Pro") << "one always stays";
+  const project::Settings& handed = app::workspace().project().settings;
+  EXPECT_EQ(handed.drift, "pieces");
+  EXPECT_TRUE(handed.replaceAudio);
+  EXPECT_EQ(handed.formats, std::vector<std::string>{"premiere"});
+
+  ASSERT_TRUE(app::workspace().open(QUrl::fromLocalFile(QString::fromStdString(file))));
+  EXPECT_EQ(settings.programsText(), "Vegas, Reaper");
+  EXPECT_EQ(settings.frameRate(), 50);
+  EXPECT_EQ(settings.property("byClock"), true);
+  EXPECT_FALSE(app::workspace().unsaved()) << "a project is not changed by being opened";
+  EXPECT_EQ(app::SyncSettings().property("drift"), 1) << "nor does it change what is remembered";
+  app::workspace().clear();
   QSettings().clear();
 }
 

@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "app/clock_text.h"
+#include "app/files/listing.h"
 #include "app/run_session.h"
 #include "app/workspace.h"
 #include "project/edit.h"
@@ -73,7 +74,6 @@ QVariant BinModel::deviceData(const project::Device& device, int role) const {
   if (role == NameRole) return QString::fromStdString(device.name);
   if (role == CountRole) return static_cast<int>(device.recordings.size());
   if (role == TracksRole) return 0;
-  if (role == ReadableRole) return true;
   if (role == FolderRole && !device.recordings.empty())
     return QFileInfo(pathOf(device.recordings.front())).path();
   if (role != LengthRole) return QString();
@@ -100,8 +100,9 @@ QVariant BinModel::recordingData(const project::Recording& recording, int role) 
       return tr("Picture · %1 fps").arg(QLocale().toString(facts->frameRate, 'g', 5));
     case LengthRole:
       return facts && facts->seconds > 0 ? clockText(facts->seconds) : QString();
-    case ReadableRole:
-      return !facts || facts->readable;
+    case ProblemRole:
+      if (isRefusedSound(pathOf(recording))) return tr("convert it to WAV first");
+      return !facts || facts->readable ? QString() : tr("not readable as media");
     default:
       return {};
   }
@@ -111,7 +112,7 @@ QHash<int, QByteArray> BinModel::roleNames() const {
   return {{IdRole, "itemId"},           {IsDeviceRole, "isDevice"}, {NameRole, "name"},
           {FolderRole, "folder"},       {CountRole, "count"},       {TracksRole, "tracks"},
           {CollapsedRole, "collapsed"}, {SelectedRole, "selected"}, {KindRole, "kind"},
-          {LengthRole, "length"},       {ReadableRole, "readable"}};
+          {LengthRole, "length"},       {ProblemRole, "problem"}};
 }
 
 std::optional<MediaFacts> BinModel::factsOf(const project::Recording& recording) const {
@@ -236,7 +237,7 @@ void BinModel::factsLearned() {
 void BinModel::announceFacts() {
   factsAnnounced_ = true;
   if (rowCount() > 0)
-    Q_EMIT dataChanged(index(0), index(rowCount() - 1), {KindRole, LengthRole, ReadableRole});
+    Q_EMIT dataChanged(index(0), index(rowCount() - 1), {KindRole, LengthRole, ProblemRole});
   firstFrameRate_ = 0;
   std::unordered_map<std::string, double> lengths;
   for (const project::Recording* recording : project::allRecordings(project())) {

@@ -37,7 +37,7 @@ class BinModel : public QAbstractListModel {
     SelectedRole,
     KindRole,
     LengthRole,
-    ReadableRole
+    ProblemRole
   };
   Q_ENUM(Role)
 

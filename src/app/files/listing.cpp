@@ -9,6 +9,7 @@
 #include "project/device_detection.h"
 #include "project/edit.h"
 #include "project/look_up.h"
+#include "run/file_list.h"
 
 namespace app {
 namespace {
@@ -111,6 +112,10 @@ bool looksLikeSound(const QString& path) {
   return kSounds.contains(QFileInfo(path).suffix().toLower());
 }
 
+bool isRefusedSound(const QString& path) {
+  return looksLikeSound(path) && !run::isKnownSound(path.toStdString());
+}
+
 QStringList entriesOf(const project::Project& project) {
   QStringList entries;
   for (const project::Device& device : project.devices) {
@@ -123,7 +128,8 @@ QStringList entriesOf(const project::Project& project) {
   return entries;
 }
 
-project::Project withEntries(project::Project project, const QStringList& entries) {
+project::Project withEntries(project::Project project, const QStringList& entries,
+                             const QHash<QString, QString>& models) {
   project = withoutMissing(std::move(project), entries);
   QStringList loose;
   for (qsizetype i = 0; i < entries.size(); ++i) {
@@ -136,7 +142,7 @@ project::Project withEntries(project::Project project, const QStringList& entrie
     project = withFiles(std::move(project), entries.mid(i + 1, last - i - 1), true);
     i = last;
   }
-  return withFiles(std::move(project), loose, false);
+  return withFiles(std::move(project), loose, false, models);
 }
 
 project::Project withFiles(project::Project project, const QStringList& paths, bool oneDevice,

@@ -6,10 +6,10 @@
 #include <QSet>
 #include <algorithm>
 
+#include "app/files/file_list.h"
 #include "app/files/listing.h"
 #include "app/workspace.h"
 #include "project/project_file.h"
-#include "run/file_list.h"
 #include "run/media_files.h"
 
 namespace app {
@@ -46,6 +46,12 @@ QString shortList(const QStringList& names) {
   return more > 0 ? MediaCollector::tr("%1 and %n more", nullptr, more).arg(listed) : listed;
 }
 
+QString shortNames(const QStringList& paths) {
+  QStringList names;
+  for (const QString& path : paths) names << QFileInfo(path).fileName();
+  return shortList(names);
+}
+
 /// What to say of files that are no recordings, by their names; empty if there are none. Files that
 /// cameras keep beside their clips are not worth a word.
 QString passedOverText(const QStringList& passedOver) {
@@ -65,8 +71,7 @@ QString passedOverText(const QStringList& passedOver) {
 QString refusedText(const QStringList& files) {
   QStringList names;
   for (const QString& path : files)
-    if (looksLikeSound(path) && !run::isKnownSound(path.toStdString()))
-      names << QFileInfo(path).fileName();
+    if (isRefusedSound(path)) names << QFileInfo(path).fileName();
   if (names.isEmpty()) return {};
   return MediaCollector::tr("This kind of sound file cannot be used; convert it to WAV first: %1")
       .arg(shortList(names));
@@ -113,6 +118,17 @@ void MediaCollector::add(const QList<QUrl>& urls, bool oneDevice) {
     QMetaObject::invokeMethod(
         this, [=, this] { take(files, passedOver, oneDevice); }, Qt::QueuedConnection);
   });
+}
+
+QString MediaCollector::notesOn(const QStringList& picked) {
+  QStringList others;
+  for (const QString& path : picked)
+    if (path != kGroupBegin && path != kGroupEnd && !isMedia(QFileInfo(path))) others << path;
+  QStringList notes = {others.isEmpty() ? QString()
+                                        : tr("Perhaps no recordings: %1").arg(shortNames(others)),
+                       refusedText(picked)};
+  notes.removeAll(QString());
+  return notes.join('\n');
 }
 
 void MediaCollector::take(const QStringList& files, const QStringList& passedOver, bool oneDevice) {

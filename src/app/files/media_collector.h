@@ -31,6 +31,9 @@ class MediaCollector : public QObject {
   /// Opens the first project among `urls`; without one, adds the media files among them;
   /// `oneDevice`: all of them are of one.
   Q_INVOKABLE void add(const QList<QUrl>& urls, bool oneDevice);
+  /// What to say of files that were picked one by one, and are on the list whatever they are:
+  /// which are perhaps no recordings, and which a run will refuse. Mostly empty.
+  Q_INVOKABLE static QString notesOn(const QStringList& picked);
 
  Q_SIGNALS:
   void busyChanged();

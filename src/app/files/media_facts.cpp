@@ -1,5 +1,8 @@
 #include "app/files/media_facts.h"
 
+#include <QDateTime>
+#include <QFileInfo>
+#include <QMutex>
 #include <algorithm>
 
 #include "run/media_probe.h"
@@ -30,7 +33,9 @@ void MediaFactsCache::learn(const QString& path, const MediaFacts& facts) {
   Q_EMIT learned(path);
 }
 
-MediaFacts probeMedia(const QString& path) {
+namespace {
+
+MediaFacts askMediaInfo(const QString& path) {
   static run::MediaInfoProbe probe;
   const run::MediaProperties found = probe.query(path.toStdString());
   const double rate = QString::fromStdString(found.frameRate).toDouble();
@@ -38,7 +43,25 @@ MediaFacts probeMedia(const QString& path) {
   return {found.opened && (found.facts.picture || !found.facts.sounds.empty()), rate, picture.width,
           picture.height,
           std::max({found.facts.lengthSeconds, picture.lengthSeconds,
-                    found.firstSound().lengthSeconds})};
+                    found.firstSound().lengthSeconds}),
+          QString::fromStdString(found.facts.deviceModel).simplified()};
+}
+
+}  // namespace
+
+MediaFacts probeMedia(const QString& path) {
+  static QMutex mutex;
+  static QHash<QString, MediaFacts> known;
+  const QFileInfo file(path);
+  const QString key = path + '|' + QString::number(file.size()) + '|' +
+                      QString::number(file.lastModified().toMSecsSinceEpoch());
+  {
+    const QMutexLocker lock(&mutex);
+    if (const auto found = known.constFind(key); found != known.constEnd()) return *found;
+  }
+  const MediaFacts facts = askMediaInfo(path);
+  const QMutexLocker lock(&mutex);
+  return known[key] = facts;
 }
 
 }  // namespace app

@@ -15,6 +15,7 @@ struct MediaFacts {
   double frameRate = 0;  // frames per second; 0 for sound
   int width = 0, height = 0;
   double seconds = 0;
+  QString model;  // of the camera or recorder
 };
 
 /// Finds out about files in the background, one at a time, and remembers. GUI thread only.
@@ -42,7 +43,7 @@ class MediaFactsCache final : public QObject {
   QThreadPool pool_;
 };
 
-/// Asks the MediaInfo library.
+/// Asks the MediaInfo library, once for each file as it is. Callable from any thread.
 MediaFacts probeMedia(const QString& path);
 
 }  // namespace app

@@ -32,10 +32,6 @@
             <numerusform>%n Spuren</numerusform>
         </translation>
     </message>
-    <message>
-        <source>not readable as media</source>
-        <translation>nicht als Medium lesbar</translation>
-    </message>
 </context>
 <context>
     <name>BinTools</name>
@@ -78,6 +74,21 @@
     <message>
         <source>Takes the selected lines off the list (Delete)</source>
         <translation>Nimmt die gewählten Zeilen von der Liste (Entf)</translation>
+    </message>
+</context>
+<context>
+    <name>ChoicesPopup</name>
+    <message>
+        <source>Timelines</source>
+        <translation>Timelines</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>Write timelines</source>
+        <translation>Timelines schreiben</translation>
     </message>
 </context>
 <context>
@@ -273,6 +284,10 @@
         <source>The list beside this says why for each of them. The slow speed listens more closely.</source>
         <translation>Die Liste daneben sagt für jede, warum. Das langsame Tempo hört genauer hin.</translation>
     </message>
+    <message>
+        <source>Nothing came of this run</source>
+        <translation>Dieser Lauf blieb ohne Ergebnis</translation>
+    </message>
 </context>
 <context>
     <name>FindingsPanel</name>
@@ -371,6 +386,52 @@
         <source>To add recordings and synchronise again; nothing is lost (Ctrl+N)</source>
         <translation>Um Aufnahmen hinzuzufügen und neu zu synchronisieren; nichts geht verloren (Strg+N)</translation>
     </message>
+    <message numerus="yes">
+        <source>%n file(s) not written</source>
+        <translation>
+            <numerusform>%n Datei nicht geschrieben</numerusform>
+            <numerusform>%n Dateien nicht geschrieben</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Writing …</source>
+        <translation>Schreibt …</translation>
+    </message>
+    <message>
+        <source>Choices …</source>
+        <translation>Auswahl …</translation>
+    </message>
+    <message>
+        <source>Programs, folder, frame rate and what the timelines hold</source>
+        <translation>Programme, Ordner, Bildrate und was die Timelines enthalten</translation>
+    </message>
+</context>
+<context>
+    <name>FolderChoice</name>
+    <message>
+        <source>SYNCED on the desktop</source>
+        <translation>SYNCED auf dem Schreibtisch</translation>
+    </message>
+    <message>
+        <source>Folder</source>
+        <translation>Ordner</translation>
+    </message>
+    <message>
+        <source>Timelines are written to %1</source>
+        <translation>Timelines werden nach %1 geschrieben</translation>
+    </message>
+    <message>
+        <source>Choose …</source>
+        <translation>Wählen …</translation>
+    </message>
+    <message>
+        <source>Another folder for the timelines</source>
+        <translation>Ein anderer Ordner für die Timelines</translation>
+    </message>
+    <message>
+        <source>As usual</source>
+        <translation>Wie üblich</translation>
+    </message>
 </context>
 <context>
     <name>GroupTab</name>
@@ -426,6 +487,29 @@
     </message>
 </context>
 <context>
+    <name>KeptRoomLine</name>
+    <message>
+        <source>Kept sounds</source>
+        <translation>Aufbewahrter Ton</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>Keiner</translation>
+    </message>
+    <message>
+        <source>Clear</source>
+        <translation>Leeren</translation>
+    </message>
+    <message>
+        <source>Clear the kept sounds</source>
+        <translation>Aufbewahrten Ton löschen</translation>
+    </message>
+    <message>
+        <source>What was heard once need not be heard again.</source>
+        <translation>Was einmal gehört wurde, muss nicht noch einmal gehört werden.</translation>
+    </message>
+</context>
+<context>
     <name>LaneLabel</name>
     <message>
         <source>S</source>
@@ -474,6 +558,28 @@
     <message>
         <source>Name of the device</source>
         <translation>Name des Geräts</translation>
+    </message>
+</context>
+<context>
+    <name>NoticeCard</name>
+    <message>
+        <source>Failed: %1</source>
+        <translation>Fehlgeschlagen: %1</translation>
+    </message>
+</context>
+<context>
+    <name>ProgramChoice</name>
+    <message>
+        <source>Programs</source>
+        <translation>Programme</translation>
+    </message>
+    <message>
+        <source>Which editing programs get timelines</source>
+        <translation>Welche Schnittprogramme Timelines bekommen</translation>
+    </message>
+    <message>
+        <source>Programs: %1</source>
+        <translation>Programme: %1</translation>
     </message>
 </context>
 <context>
@@ -635,32 +741,12 @@
         <translation>Behält nur Treffer ohne Zweifel.</translation>
     </message>
     <message>
-        <source>Settings</source>
-        <translation>Einstellungen</translation>
-    </message>
-    <message>
         <source>Speed</source>
         <translation>Tempo</translation>
     </message>
     <message>
         <source>Matches</source>
         <translation>Treffer</translation>
-    </message>
-    <message>
-        <source>Frame rate</source>
-        <translation>Bildrate</translation>
-    </message>
-    <message>
-        <source>Of the timelines that are written.</source>
-        <translation>Der geschriebenen Timelines.</translation>
-    </message>
-    <message>
-        <source>Frame size</source>
-        <translation>Bildgröße</translation>
-    </message>
-    <message>
-        <source>Of the picture in the timelines.</source>
-        <translation>Des Bildes in den Timelines.</translation>
     </message>
     <message>
         <source>Add recordings to begin.</source>
@@ -687,8 +773,12 @@
         <translation>Was der letzte Lauf gefunden hat (Strg+R)</translation>
     </message>
     <message>
-        <source>As most of the picture time is.</source>
-        <translation>Wie die meiste Bildzeit.</translation>
+        <source>Listening</source>
+        <translation>Hören</translation>
+    </message>
+    <message>
+        <source>Timelines</source>
+        <translation>Timelines</translation>
     </message>
 </context>
 <context>
@@ -696,6 +786,69 @@
     <message>
         <source>Step %1 of %2: %3</source>
         <translation>Schritt %1 von %2: %3</translation>
+    </message>
+</context>
+<context>
+    <name>TimelineChoices</name>
+    <message>
+        <source>As most of the picture time is.</source>
+        <translation>Wie der größte Teil des Bildmaterials.</translation>
+    </message>
+    <message>
+        <source>Sound that runs apart gets a new file that stays in step.</source>
+        <translation>Ton, der auseinanderläuft, wird neu geschrieben und bleibt im Takt.</translation>
+    </message>
+    <message>
+        <source>As before, and long pictures are cut where they would be out.</source>
+        <translation>Wie zuvor; lange Bilder werden dort geschnitten, wo sie abwichen.</translation>
+    </message>
+    <message>
+        <source>Long clips may be out of step at their ends.</source>
+        <translation>Lange Clips können am Ende abweichen.</translation>
+    </message>
+    <message>
+        <source>Frame rate</source>
+        <translation>Bildrate</translation>
+    </message>
+    <message>
+        <source>Of the timelines that are written.</source>
+        <translation>Der geschriebenen Timelines.</translation>
+    </message>
+    <message>
+        <source>Frame size</source>
+        <translation>Bildgröße</translation>
+    </message>
+    <message>
+        <source>Of the picture in the timelines.</source>
+        <translation>Des Bilds in den Timelines.</translation>
+    </message>
+    <message>
+        <source>Clocks that drift</source>
+        <translation>Abweichende Uhren</translation>
+    </message>
+    <message>
+        <source>Clips placed by the clock</source>
+        <translation>Nach der Uhr gesetzte Clips</translation>
+    </message>
+    <message>
+        <source>Those that no sound places, to about 2 s.</source>
+        <translation>Die kein Ton setzt, auf etwa 2 s genau.</translation>
+    </message>
+    <message>
+        <source>Cameras are heard too</source>
+        <translation>Kameras sind auch zu hören</translation>
+    </message>
+    <message>
+        <source>Otherwise only recorders, where one was running.</source>
+        <translation>Sonst nur Rekorder, wo einer lief.</translation>
+    </message>
+    <message>
+        <source>Best sound for every camera clip</source>
+        <translation>Bester Ton zu jedem Kameraclip</translation>
+    </message>
+    <message>
+        <source>A sound file as long as the clip, cut from the recorder.</source>
+        <translation>Eine Tondatei so lang wie der Clip, aus dem Rekorder.</translation>
     </message>
 </context>
 <context>
@@ -839,6 +992,14 @@
         <source>Remove</source>
         <translation>Entfernen</translation>
     </message>
+    <message>
+        <source>convert it to WAV first</source>
+        <translation>erst in WAV umwandeln</translation>
+    </message>
+    <message>
+        <source>not readable as media</source>
+        <translation>nicht als Medium lesbar</translation>
+    </message>
 </context>
 <context>
     <name>app::DocumentTexts</name>
@@ -945,6 +1106,10 @@
         <source>This kind of sound file cannot be used; convert it to WAV first: %1</source>
         <translation>Diese Art von Tondatei ist nicht verwendbar; wandeln Sie sie erst in WAV: %1</translation>
     </message>
+    <message>
+        <source>Perhaps no recordings: %1</source>
+        <translation>Vielleicht keine Aufnahmen: %1</translation>
+    </message>
 </context>
 <context>
     <name>app::Player</name>
@@ -1040,6 +1205,33 @@
         <source>Automatic</source>
         <translation>Automatisch</translation>
     </message>
+    <message>
+        <source>Write sound anew</source>
+        <translation>Ton neu schreiben</translation>
+    </message>
+    <message>
+        <source>Cut clips into pieces</source>
+        <translation>Clips in Stücke schneiden</translation>
+    </message>
+    <message>
+        <source>Leave them</source>
+        <translation>So lassen</translation>
+    </message>
+    <message>
+        <source>All programs</source>
+        <translation>Alle Programme</translation>
+    </message>
+    <message>
+        <source>All but %1</source>
+        <translation>Alle außer %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n program(s)</source>
+        <translation>
+            <numerusform>%n Programm</numerusform>
+            <numerusform>%n Programme</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>app::Workspace</name>
@@ -1096,6 +1288,17 @@
         <translation>
             <numerusform>%n Aufnahme wurde nicht wiedergefunden</numerusform>
             <numerusform>%n Aufnahmen wurden nicht wiedergefunden</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Run of %1:%2</source>
+        <translation>Lauf von %1:%2</translation>
+    </message>
+    <message numerus="yes">
+        <source>(%n more among the notes)</source>
+        <translation>
+            <numerusform>(%n weiterer unter den Hinweisen)</numerusform>
+            <numerusform>(%n weitere unter den Hinweisen)</numerusform>
         </translation>
     </message>
 </context>

@@ -19,6 +19,16 @@
     </message>
 </context>
 <context>
+    <name>FinishedView</name>
+    <message numerus="yes">
+        <source>%n file(s) not written</source>
+        <translation>
+            <numerusform>%n file not written</numerusform>
+            <numerusform>%n files not written</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>GroupTab</name>
     <message numerus="yes">
         <source>%1 · %n recording(s)</source>
@@ -107,12 +117,29 @@
     </message>
 </context>
 <context>
+    <name>app::SyncSettings</name>
+    <message numerus="yes">
+        <source>%n program(s)</source>
+        <translation>
+            <numerusform>%n program</numerusform>
+            <numerusform>%n programs</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>app::Workspace</name>
     <message numerus="yes">
         <source>%n recording(s) could not be found again</source>
         <translation>
             <numerusform>%n recording could not be found again</numerusform>
             <numerusform>%n recordings could not be found again</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>(%n more among the notes)</source>
+        <translation>
+            <numerusform>(%n more among the notes)</numerusform>
+            <numerusform>(%n more among the notes)</numerusform>
         </translation>
     </message>
 </context>
