@@ -64,7 +64,7 @@ run::Outcome exportCore(const project::Project& project, const std::string& fold
                         const std::atomic<bool>& cancelled) {
   run::SystemServices services;
   NoProgress progress;
-  return run::exportDocuments(project, folder, services.with(console, progress, cancelled));
+  return run::exportDocuments(project, folder, services.withCache(console, progress, cancelled));
 }
 
 void reportCore(const std::vector<std::string>& result) {
