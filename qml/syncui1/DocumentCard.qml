@@ -81,14 +81,13 @@ Rectangle {
                 onClicked: root.showWanted()
             }
 
-            Item {
-                Layout.fillWidth: true
-            }
-
             AppText {
+                Layout.fillWidth: true
                 text: qsTr("or drag it out")
                 color: Theme.dim
                 font.pixelSize: Theme.small
+                horizontalAlignment: Text.AlignRight
+                elide: Text.ElideRight
             }
         }
     }

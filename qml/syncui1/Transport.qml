@@ -15,7 +15,7 @@ RowLayout {
 
     AppButton {
         objectName: "playButton"
-        implicitWidth: 64
+        implicitWidth: Math.max(64, implicitContentWidth + 28)
         implicitHeight: 32
         text: root.player.playing ? qsTr("Stop") : qsTr("Play")
         hint: qsTr("From the playhead on (Space)")

@@ -7,6 +7,7 @@
 #include "app/run_session.h"
 #include "app/workspace.h"
 #include "project/project_file.h"
+#include "run/results_folder.h"
 
 namespace app {
 
@@ -18,6 +19,7 @@ bool Workspace::open(const QUrl& file) {
   history_ = project::History(std::move(*loaded.project));
   path_ = path;
   failures_ = {};
+  setDocumentsFolder({});  // where its documents are
   exported_ = project();
   sounds_ = keptSounds(project());
   if (!loaded.missing.empty())
@@ -47,7 +49,8 @@ bool Workspace::saveAs(const QUrl& file) {
 bool Workspace::exportTo(const QUrl& folder) {
   if (writing_ || runSession().running()) return false;
   const QString wanted = folder.isEmpty() ? documentsFolder_ : folder.toLocalFile();
-  const std::string place = wanted.isEmpty() ? project().written.folder : wanted.toStdString();
+  std::string place = wanted.isEmpty() ? project().written.folder : wanted.toStdString();
+  if (place.empty()) place = run::resultsFolder();  // it was never written
   const project::Project as = project();
   setWriting(true);
   std::atomic<bool> cancelled = false;
