@@ -18,6 +18,7 @@ using timeline::Media;
 using timeline::OneClock;
 
 constexpr double kVisible = 0.010;  // seconds; less is neither seen nor heard
+constexpr double kNothing = 0.001;  // seconds; about as exact as places are, worth no new file
 constexpr double kMillion = 1e6;
 
 /// What the reports say of a recording, by its media.
@@ -90,8 +91,8 @@ class Correction {
 
   void bringToClock(Clip& clip, OneClock& clock) {
     clip.startSeconds = clock.uncorrectedStart();
-    if (!hasPicture(mediaOf(clip)) && clock.playRate != 1 && rewrite(clip, clock))
-      clock.playRate = 1;
+    const bool drifts = clock.worstError(lengthOf(clip)) > kNothing;
+    if (!hasPicture(mediaOf(clip)) && drifts && rewrite(clip, clock)) clock.playRate = 1;
   }
 
   /// The sound of a recorder, stretched to the group's clock.
