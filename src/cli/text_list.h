@@ -11,7 +11,8 @@ struct TextList {
   std::string error;               // a piece of a sentence such as "is no text"; else empty
 };
 
-/// The lines of a text in UTF-8, or in UTF-16 with a byte order mark, as PowerShell writes it. Pure.
+/// The lines of a text in UTF-8, or in UTF-16 with a byte order mark, as PowerShell writes it.
+/// Pure.
 TextList linesOf(std::string text);
 
 /// Reads a list of at most a few megabytes; "-" is standard input.

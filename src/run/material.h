@@ -17,7 +17,7 @@ struct Settings {
   double tolerance = 0;
   int width = 0, height = 0;  // pixels; 0: as the pictures are
   float framesPerSecond = 0;  // 0: as the pictures are
-  int mode = 0;  // the mode flag
+  int mode = 0;               // the mode flag
 };
 
 /// What a run has gathered of its entries. All lists are indexed alike; index 0 is the dummy.

@@ -21,8 +21,8 @@ MissingPrograms missingPrograms(const std::vector<Entry>& entries, MediaProbe& p
 std::vector<std::string> noticesOf(const MissingPrograms& missing,
                                    const std::vector<Entry>& usable);
 
-/// Where the results are, if the desktop that the user sees has been moved to `desktop`; `linked` if
-/// a shortcut there leads to them.
+/// Where the results are, if the desktop that the user sees has been moved to `desktop`; `linked`
+/// if a shortcut there leads to them.
 std::string noticeOfMovedDesktop(const std::string& desktop, bool linked);
 
 /// Sentences about files of whose sound a part is missing.

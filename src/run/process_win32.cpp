@@ -59,8 +59,8 @@ class Inherited {
   std::string memory_;
 };
 
-/// Makes a process of `program`, not running yet, with `line` as its command line and `errors` as its error stream. Returns 0 or
-/// the error number.
+/// Makes a process of `program`, not running yet, with `line` as its command line and `errors` as
+/// its error stream. Returns 0 or the error number.
 DWORD start(const std::string& program, std::wstring line, HANDLE errors,
             PROCESS_INFORMATION& child) {
   Inherited inherited(errors);
@@ -76,8 +76,8 @@ DWORD start(const std::string& program, std::wstring line, HANDLE errors,
   return started ? 0 : GetLastError();
 }
 
-/// A program with all that it starts. They end with this object, and so with our own program, however
-/// that ends: the system then closes what it had open.
+/// A program with all that it starts. They end with this object, and so with our own program,
+/// however that ends: the system then closes what it had open.
 class Job {
  public:
   Job() : job_(CreateJobObjectW(nullptr, nullptr)) {

@@ -22,7 +22,8 @@ bool isProgram(const fs::path& file) {
 
 std::string programFile(const std::string& name) {
   if (name.find('/') != std::string::npos) return name;
-  if (const fs::path own = report::fromUtf8(ownFolder()) / name; own.is_absolute() && isProgram(own))
+  if (const fs::path own = report::fromUtf8(ownFolder()) / name;
+      own.is_absolute() && isProgram(own))
     return report::toUtf8(own);
   const char* path = std::getenv("PATH");
   std::istringstream folders(path ? path : "/usr/local/bin:/usr/bin:/bin");

@@ -117,8 +117,7 @@ std::string SoundCache::place(const FileKey& key, const std::string& ending) con
 bool SoundCache::fetchSound(const FileKey& key, const std::string& target) const {
   if (folder_.empty() || key.empty()) return false;
   const fs::path kept = report::fromUtf8(place(key, ".wav"));
-  if (report::sizeOf(kept) == 0 || report::copyFile(kept, report::fromUtf8(target)))
-    return false;
+  if (report::sizeOf(kept) == 0 || report::copyFile(kept, report::fromUtf8(target))) return false;
   touch(kept);
   return true;
 }

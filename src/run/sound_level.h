@@ -4,7 +4,8 @@
 
 namespace run {
 
-/// A peak (full scale 1) 40 dB below full scale: of a quieter sound the file's other tracks are tried.
+/// A peak (full scale 1) 40 dB below full scale: of a quieter sound the file's other tracks are
+/// tried.
 inline constexpr float kNearlySilent = 0.01f;
 
 /// Whether no sample of a converted sound is louder than `limit` (full scale 1). Reads only until

@@ -24,8 +24,8 @@ namespace {
 void writePage(Outcome& outcome, const Settings& settings, const timeline::Sequence& sequence,
                bool bySound) {
   const std::string page = report::read2syncPage(
-      outcome, {settings.tolerance, settings.mode, sequence.fps, sequence.width,
-                sequence.height, bySound});
+      outcome,
+      {settings.tolerance, settings.mode, sequence.fps, sequence.width, sequence.height, bySound});
   const report::Status written = report::replaceRead2SyncFile(page);
   if (!written.ok()) addFailure("A file was not written: " + written.error + ".", outcome);
 }
