@@ -34,7 +34,7 @@ Item {
     function start() {
         findings.choose();
         if (elsewhere.visible)
-            elsewhere.forceActiveFocus(Qt.TabFocusReason);
+            elsewhere.forceActiveFocus(Qt.OtherFocusReason);
         else if (root.result.rowCount() > 0)
             timelines.focusTimeline();
         else
@@ -45,7 +45,7 @@ Item {
     function showWritten() {
         findings.choose();
         if (elsewhere.visible)
-            elsewhere.forceActiveFocus(Qt.TabFocusReason);
+            elsewhere.forceActiveFocus(Qt.OtherFocusReason);
     }
 
     property alias marker: doneMarker
@@ -69,7 +69,7 @@ Item {
                                                                                 root.result.failureCount) : ""
     readonly property var words: [root.result.summary, root.result.summary + root.unwritten, qsTr(
             "None of the recordings could be matched with another."), qsTr(
-            "%1, but no timeline could be stored. Choose another folder.").arg(root.result.summary), root.result.refused ? root.result.failure : qsTr(
+            "%1, but no timeline could be stored").arg(root.result.summary), root.result.refused ? root.result.failure : qsTr(
             "None of the recordings could be listened to.")]
 
     ChoicesPopup {

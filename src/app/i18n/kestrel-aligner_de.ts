@@ -343,8 +343,8 @@
         <translation>Keine der Aufnahmen passte zu einer anderen.</translation>
     </message>
     <message>
-        <source>%1, but no timeline could be stored. Choose another folder.</source>
-        <translation>%1, aber keine Timeline konnte gespeichert werden. Wählen Sie einen anderen Ordner.</translation>
+        <source>%1, but no timeline could be stored</source>
+        <translation>%1, aber keine Timeline wurde gespeichert</translation>
     </message>
     <message>
         <source>None of the recordings could be listened to.</source>
