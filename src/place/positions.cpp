@@ -1,6 +1,6 @@
 #include "place/positions.h"
 
-#include <Eigen/Dense>
+#include <Eigen/SparseCholesky>
 #include <algorithm>
 #include <cmath>
 #include <map>
@@ -21,25 +21,39 @@ struct Equation {
   double weight = 1;
 };
 
-// The normal equations. Unknown `fixed` is 0; one without an equation gets an error past all use.
-struct System {
-  Eigen::MatrixXd normal;
-  Eigen::VectorXd right;
-
+// The normal equations: as large as there are equations, for no file is matched with all others.
+// Unknown `fixed` is 0; one without an equation gets an error past all use.
+class System {
+ public:
   System(int unknowns, std::span<const Equation> equations, int fixed)
-      : normal(Eigen::MatrixXd::Identity(unknowns, unknowns) * 1e-9),
-        right(Eigen::VectorXd::Zero(unknowns)) {
-    normal(fixed, fixed) += 1e12;
+      : right_(Eigen::VectorXd::Zero(unknowns)) {
+    for (int i = 0; i < unknowns; ++i) entries_.emplace_back(i, i, 1e-9);
+    entries_.emplace_back(fixed, fixed, 1e12);
     for (const Equation& e : equations) add(e, e.weight / (e.error * e.error));
+    Eigen::SparseMatrix<double> normal(unknowns, unknowns);
+    normal.setFromTriplets(entries_.begin(), entries_.end());
+    factors_.compute(normal);
   }
+
+  Eigen::VectorXd solution() const { return factors_.solve(right_); }
+
+  double varianceOf(int unknown) const {
+    return factors_.solve(Eigen::VectorXd::Unit(right_.size(), unknown))(unknown);
+  }
+
+ private:
   void add(const Equation& e, double weight) {
-    normal(e.from, e.from) += weight;
-    normal(e.to, e.to) += weight;
-    normal(e.from, e.to) -= weight;
-    normal(e.to, e.from) -= weight;
-    right(e.to) += weight * e.difference;
-    right(e.from) -= weight * e.difference;
+    entries_.emplace_back(e.from, e.from, weight);
+    entries_.emplace_back(e.to, e.to, weight);
+    entries_.emplace_back(e.from, e.to, -weight);
+    entries_.emplace_back(e.to, e.from, -weight);
+    right_(e.to) += weight * e.difference;
+    right_(e.from) -= weight * e.difference;
   }
+
+  std::vector<Eigen::Triplet<double>> entries_;
+  Eigen::VectorXd right_;
+  Eigen::SimplicialLDLT<Eigen::SparseMatrix<double>> factors_;
 };
 
 // Equations that lie farther off than `far` lose their weight round by round.
@@ -47,8 +61,7 @@ Eigen::VectorXd robustSolution(int unknowns, std::vector<Equation>& equations, i
                                double far) {
   Eigen::VectorXd value;
   for (int round = 0; round < kRounds; ++round) {
-    const System system(unknowns, equations, fixed);
-    value = system.normal.ldlt().solve(system.right);
+    value = System(unknowns, equations, fixed).solution();
     for (Equation& e : equations) {
       const double off = std::abs(value(e.to) - value(e.from) - e.difference) / far;
       e.weight = 1 / (1 + off * off);
@@ -99,11 +112,9 @@ void solveDrift(const Numbering& numbers, std::span<const align::Match> matches,
   const int fixed = numbers.clock.at(reference);
   const Eigen::VectorXd drift = robustSolution(numbers.clocks, equations, fixed, kFarDrift);
   const System system(numbers.clocks, equations, fixed);
-  const Eigen::MatrixXd covariance =
-      system.normal.ldlt().solve(Eigen::MatrixXd::Identity(numbers.clocks, numbers.clocks));
   for (const auto& [file, index] : numbers.member) {
     const int clock = numbers.clock.at(file);
-    if (covariance(clock, clock) < kKnownDrift * kKnownDrift)
+    if (system.varianceOf(clock) < kKnownDrift * kKnownDrift)
       out.driftPpm[std::size_t(index)] = drift(clock);
   }
 }
