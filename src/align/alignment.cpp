@@ -73,7 +73,8 @@ bool believed(const Alignment& a) {
   if (a.support < 3 || a.spreadSeconds < 1.5) return false;
   const bool clear = (a.strength >= 15 && a.distinct >= 1.8) ||  // few such windows are enough
                      (a.strength >= 25 && a.support * 2 >= a.windows);  // echoes beside the peak
-  if (a.varies) return clear && a.support >= 4 && a.support * 10 >= 3 * a.windows;
+  if (a.varies)
+    return (clear || nearlyEverywhere(a)) && a.support >= 4 && a.support * 10 >= 3 * a.windows;
   return clear || (a.support >= 4 && a.support * 10 >= 3 * a.windows && a.evidence >= 14 &&
                    a.strength >= 6.5 && a.distinct >= 1.2);
 }

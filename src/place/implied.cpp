@@ -92,12 +92,12 @@ bool ImpliedOverlaps::mustBeHeard(const Implied& pair) const {
 }
 
 bool ImpliedOverlaps::bearOut(const align::Alignment& bridge, GrowingGroups& groups) const {
-  int fitting = 0, silent = 0;
+  double fitting = 0, silent = 0;  // seconds
   for (const Implied& pair : impliedBy(bridge, groups, recordings_)) {
     if (fits(pair))
-      ++fitting;
-    else
-      silent += heard_(pair.first, pair.second) && mustBeHeard(pair);
+      fitting += pair.overlapSeconds;
+    else if (heard_(pair.first, pair.second) && mustBeHeard(pair))
+      silent += pair.overlapSeconds;
   }
   return fitting >= kNearlyAll * (fitting + silent);
 }

@@ -16,8 +16,7 @@ constexpr std::size_t kBatch = 32;  // pairs examined at once; fixed, so that th
 constexpr double kPromising = 4;    // significance of a vote's peak from which it is listened to
 constexpr std::size_t kPatience =
     48;  // pairs in a row without a match, after which the listening ends ...
-constexpr std::size_t kMorePatience = 4;    // ... or so many times fewer than there are recordings
-constexpr std::size_t kFaintPatience = 16;  // the same of pairs that cost ten times as much
+constexpr std::size_t kMorePatience = 4;  // ... or so many times fewer than there are recordings
 constexpr std::size_t kSearched =
     256;  // pairs whose envelopes are searched before any is listened to
 constexpr std::size_t kSmallSet = 12;  // recordings; in smaller sets every pair is worth its time
@@ -176,7 +175,7 @@ void PairSearch::listenFaintly() {
            std::min(most[std::size_t(s.first)], most[std::size_t(s.second)]) >=
                align::kPastRepetition;
   });
-  listen(silent, align::examineFaintly, kFaintPatience);
+  listen(silent, align::examineFaintly, patience());
 }
 
 std::vector<vote::PairCandidates> PairSearch::envelopeCandidates(
