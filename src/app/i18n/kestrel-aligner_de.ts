@@ -237,7 +237,7 @@
     </message>
     <message>
         <source>or drag it out</source>
-        <translation>oder hinausziehen</translation>
+        <translation>oder ziehen</translation>
     </message>
 </context>
 <context>
