@@ -24,9 +24,9 @@ constexpr const char* kUntoldRate = "0.000";  // a picture is there; its rate fo
 Rate rateOf(double framesPerSecond) {
   if (!(framesPerSecond >= kSlowest && framesPerSecond <= kFastest)) return {};
   const double whole = std::ceil(framesPerSecond - 0.006);
-  const auto near = [&](double rate) { return std::abs(framesPerSecond - rate) < 0.006; };
-  if (near(whole)) return {std::llround(whole), 1};
-  if (near(whole * 1000 / 1001)) return {std::llround(whole * 1000), 1001};
+  const auto isNear = [&](double rate) { return std::abs(framesPerSecond - rate) < 0.006; };
+  if (isNear(whole)) return {std::llround(whole), 1};
+  if (isNear(whole * 1000 / 1001)) return {std::llround(whole * 1000), 1001};
   return {std::llround(framesPerSecond * 1000), 1000};
 }
 

@@ -23,6 +23,7 @@ class Program : public testing::Test {
     environment.insert("USERPROFILE", folder_.path());
     environment.insert("XDG_CONFIG_HOME", folder_.path());
     environment.insert("QML_IMPORT_TRACE", "1");  // names each document that is loaded
+    environment.insert("QT_FORCE_STDERR_LOGGING", "1");  // Windows programs without a console too
     program_.setProcessEnvironment(environment);
     program_.setWorkingDirectory(folder_.path());
     program_.start(file, QStringList());
