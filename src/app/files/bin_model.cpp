@@ -1,5 +1,6 @@
 #include "app/files/bin_model.h"
 
+#include <QDir>
 #include <QFileInfo>
 #include <QLocale>
 #include <algorithm>
@@ -16,6 +17,10 @@ namespace {
 
 QString pathOf(const project::Recording& recording) {
   return QString::fromStdString(project::mainFile(recording).path);
+}
+
+QString shownFolder(const project::Recording& recording) {
+  return QDir::toNativeSeparators(QFileInfo(pathOf(recording)).path());
 }
 
 }  // namespace
@@ -75,7 +80,7 @@ QVariant BinModel::deviceData(const project::Device& device, int role) const {
   if (role == CountRole) return static_cast<int>(device.recordings.size());
   if (role == TracksRole) return 0;
   if (role == FolderRole && !device.recordings.empty())
-    return QFileInfo(pathOf(device.recordings.front())).path();
+    return shownFolder(device.recordings.front());
   if (role != LengthRole) return QString();
   double seconds = 0;
   for (const project::Recording& recording : device.recordings)
@@ -89,7 +94,7 @@ QVariant BinModel::recordingData(const project::Recording& recording, int role) 
     case NameRole:
       return QFileInfo(pathOf(recording)).fileName();
     case FolderRole:
-      return QFileInfo(pathOf(recording)).path();
+      return shownFolder(recording);
     case CountRole:
       return 0;
     case TracksRole:
