@@ -60,7 +60,8 @@ TEST_F(Program, StartsInTheFixedOrderAndNamesAMissingDocument) {
   ASSERT_TRUE(QTest::qWaitFor([&] { return shown().contains("could not be loaded"); }, 20000));
   EXPECT_TRUE(shown_.contains("qml/syncui1/main.qml"));
   EXPECT_EQ(program_.readAllStandardOutput().trimmed(),
-            QDir(folder_.path()).canonicalPath().toUtf8() + "/abc/main.qml");
+            QDir::toNativeSeparators(QDir(folder_.path()).canonicalPath()).toUtf8() +
+                "/abc/main.qml");
 
   const QStringList lines = logLines();
   ASSERT_EQ(lines.size(), 22);
