@@ -1,6 +1,8 @@
 // How smoothly a thousand clips scroll and zoom, drawn without a graphics driver: the time from a
 // change to the finished picture. Also the time from the start of the program to the window's first
 // picture. The processor's time, of all threads together, does not depend on what else runs.
+#include <sndfile.h>
+
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QQmlContext>
@@ -9,8 +11,6 @@
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QThreadPool>
-#include <sndfile.h>
-
 #include <algorithm>
 #include <cmath>
 #include <cstdio>

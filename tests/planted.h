@@ -14,7 +14,8 @@ inline void plant(const std::filesystem::path& card) {
 #ifdef _WIN32
   for (const char* name : {"ffmpeg.exe", "explorer.exe", "cmd.exe", "open.exe", "xdg-open.exe"})
     fs::copy_file(PLANTED_PROGRAM, card / name);
-  for (const char* name : {"MediaInfo.dll", "shell32.dll", "dwmapi.dll", "uxtheme.dll", "d3d11.dll"})
+  for (const char* name :
+       {"MediaInfo.dll", "shell32.dll", "dwmapi.dll", "uxtheme.dll", "d3d11.dll"})
     fs::copy_file(PLANTED_LIBRARY, card / name);
 #else
   for (const char* name : {"ffmpeg", "ffmpeg.exe", "xdg-open", "explorer", "open", "sh"}) {

@@ -62,10 +62,10 @@ void QMLFile::clearall() { fileModel.clear(); }
 vector<std::string> QMLFile::synco(vector<std::string> videofiles, double a_d, int resx, int resy,
                                    float frps, int prem) {
   RunProgress progress(*this, runSession());
-  return runSession().execute({std::move(videofiles), a_d, resx, resy, frps, prem,
-                               workspace().project(), workspace().takeAgain(),
-                               workspace().documentsFolder().toStdString()},
-                              progress);
+  return runSession().execute(
+      {std::move(videofiles), a_d, resx, resy, frps, prem, workspace().project(),
+       workspace().takeAgain(), workspace().documentsFolder().toStdString()},
+      progress);
 }
 
 void QMLFile::start_sync2(float tolerance, int x, int y, float fps, int premiere) {

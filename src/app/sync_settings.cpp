@@ -132,7 +132,8 @@ void SyncSettings::hand() const {
 void SyncSettings::takeOver(const project::Settings& settings) {
   speed_ = indexIn(kTolerances, settings.tolerance, speed_);
   mode_ = indexIn(kModeFlags, settings.mode, mode_);
-  rate_ = settings.framesPerSecond ? indexIn(run::kFrameRates, *settings.framesPerSecond, -1) + 1 : 0;
+  rate_ =
+      settings.framesPerSecond ? indexIn(run::kFrameRates, *settings.framesPerSecond, -1) + 1 : 0;
   const project::FrameSize size = settings.frameSize.value_or(project::FrameSize{});
   size_ = indexIn(kFrameSizes, QSize(size.width, size.height), -1) + 1;
   drift_ = indexIn(kDrifts, settings.drift, drift_);

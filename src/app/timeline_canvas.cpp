@@ -14,7 +14,7 @@ constexpr double kNarrowest = 3;     // pixels of a clip, so that it can be seen
 constexpr double kLabelHeight = 20;  // above the waveform
 constexpr double kRadius = 5;
 constexpr double kSign = 9;
-constexpr int kKeptRate = 8000;  // Hz, of the kept sounds
+constexpr int kKeptRate = 8000;   // Hz, of the kept sounds
 constexpr double kFrameRoom = 8;  // pixels between two frames from which the grid shows
 constexpr double kPeaksUpTo = 1.5 * Waveform::kPeaksPerSecond;  // pixels a second
 
@@ -130,7 +130,8 @@ void TimelineCanvas::takeColours() {
   for (const QVariant& lane : look_.value("lanes").toList()) laneColours_ << lane.value<QColor>();
   colours_.clear();
   for (auto it = look_.cbegin(); it != look_.cend(); ++it)
-    if (const auto colour = it->value<QColor>(); colour.isValid()) colours_.insert(it.key(), colour);
+    if (const auto colour = it->value<QColor>(); colour.isValid())
+      colours_.insert(it.key(), colour);
 }
 
 void TimelineCanvas::paint(QPainter* painter) {

@@ -159,8 +159,7 @@ void Workspace::renameDevice(int device, const QString& name) {
 }
 
 QString Workspace::refusal() const {
-  return QString::fromStdString(
-      run::tooManyFiles(project::allRecordings(project()).size()));
+  return QString::fromStdString(run::tooManyFiles(project::allRecordings(project()).size()));
 }
 
 void Workspace::forgetLostSounds() {

@@ -103,7 +103,8 @@ class Workspace final : public QObject {
   Q_INVOKABLE bool save();
   Q_INVOKABLE bool saveAs(const QUrl& file);
   /// Writes the documents again, as the project stands, into `folder`; an empty one: where the
-  /// user wants them, else where they are. Returns when they are written; until then the calling GUI thread handles events.
+  /// user wants them, else where they are. Returns when they are written; until then the calling
+  /// GUI thread handles events.
   Q_INVOKABLE bool exportTo(const QUrl& folder);
   /// Forgets sounds that are no longer kept.
   void forgetLostSounds();
@@ -146,7 +147,7 @@ class Workspace final : public QObject {
   Failures failures_;
   project::Project exported_;           // as the documents have it
   std::vector<project::Device> shown_;  // the devices as the window knows them
-  bool savedByRun_ = false;  // what `path_` names
+  bool savedByRun_ = false;             // what `path_` names
   bool writing_ = false;
   bool writingList_ = false;
   bool listMoved_ = false;

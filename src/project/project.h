@@ -77,10 +77,10 @@ struct Clip {
   std::optional<double> driftPpm;      // clock against the group's; none where it was not measured
   /// What is to be added to the start once every recording is stretched to the group's clock.
   std::optional<double> oneClockShiftSeconds;
-  std::vector<Id> matchedWith;         // recordings, strongest first
-  bool confirmed = false;              // somebody looked and found it right
-  bool pinned = false;                 // stays where it is when clips are synchronised again
-  bool excluded = false;               // keeps its place, but goes into no document
+  std::vector<Id> matchedWith;  // recordings, strongest first
+  bool confirmed = false;       // somebody looked and found it right
+  bool pinned = false;          // stays where it is when clips are synchronised again
+  bool excluded = false;        // keeps its place, but goes into no document
   Unknown unknown;
   bool operator==(const Clip&) const = default;
 };

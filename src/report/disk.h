@@ -9,9 +9,9 @@
 namespace report {
 
 // What std::filesystem does too, but not on Windows with long paths: the runtime library that it
-// rests on there refuses their extended form, lists and removes no folder beyond 260 characters, and
-// takes any two files of one drive for one when it is to copy one over the other.
-// Paths come from `fromUtf8`. All are callable from any thread.
+// rests on there refuses their extended form, lists and removes no folder beyond 260 characters,
+// and takes any two files of one drive for one when it is to copy one over the other. Paths come
+// from `fromUtf8`. All are callable from any thread.
 
 /// What lies at `path`: not_found, directory, regular, or something else; `none` with an `error`
 /// where that cannot be told. Links are followed.

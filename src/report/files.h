@@ -22,9 +22,9 @@ std::string nativeUtf8(const std::filesystem::path& path);
 /// The folder must exist.
 Status writeWhole(const std::filesystem::path& path, std::string_view text);
 
-/// Moves a file over whatever file `to` is, also to another drive, where `to` is as it was until all
-/// has arrived. Only one at a time may move files there into one folder. After an error both files are
-/// as they were.
+/// Moves a file over whatever file `to` is, also to another drive, where `to` is as it was until
+/// all has arrived. Only one at a time may move files there into one folder. After an error both
+/// files are as they were.
 std::error_code moveFile(const std::filesystem::path& from, const std::filesystem::path& to);
 
 }  // namespace report

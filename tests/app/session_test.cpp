@@ -131,8 +131,7 @@ TEST_F(Session, KeysAloneLeadFromTheFirstFolderToCorrectedDocuments) {
 
   key(Qt::Key_Right);
   const int clip = item("timeline")->property("current").toInt();
-  const project::Recording* recording =
-      project::findRecording(app::workspace().project(), clip);
+  const project::Recording* recording = project::findRecording(app::workspace().project(), clip);
   ASSERT_NE(recording, nullptr);
   const std::string path = project::mainFile(*recording).path;
   ASSERT_TRUE(path.ends_with(".mov")) << "the recorder comes first and holds the group's ends";
@@ -144,8 +143,7 @@ TEST_F(Session, KeysAloneLeadFromTheFirstFolderToCorrectedDocuments) {
   EXPECT_EQ(startOf(clip), place);
   EXPECT_FALSE(app::workspace().edited());
 
-  for (int i = 0; i < 3; ++i)
-    ASSERT_NO_FATAL_FAILURE(press("frameLaterButton", Qt::Key_Space));
+  for (int i = 0; i < 3; ++i) ASSERT_NO_FATAL_FAILURE(press("frameLaterButton", Qt::Key_Space));
   EXPECT_NEAR(startOf(clip), place + 0.12, 1e-9);
   ASSERT_NO_FATAL_FAILURE(press("exportButton", Qt::Key_Return));
   ASSERT_TRUE(wait([] { return !app::workspace().edited(); }));
@@ -213,8 +211,8 @@ TEST_F(Session, ChoicesReachTheRunItsFolderAndTheNextRun) {
   for (const auto& [name, text] : documents()) EXPECT_TRUE(name.ends_with(".edl")) << name;
   EXPECT_EQ(documents().size(), QDir(folder + "/VEGAS_SEQUENCES").entryList(QDir::Files).size());
   EXPECT_GT(documents().size(), 0u);
-  EXPECT_TRUE(QFile::exists(
-      QString::fromStdString(folder_.file("profile/Desktop/SYNCED/READ2SYNC.txt"))));
+  EXPECT_TRUE(
+      QFile::exists(QString::fromStdString(folder_.file("profile/Desktop/SYNCED/READ2SYNC.txt"))));
 
   const run::SoundCache cache(run::SoundCache::usualFolder());
   EXPECT_GT(cache.bytes(), 100000u) << "what was heard is kept";
@@ -234,7 +232,8 @@ TEST_F(Session, WhatCannotBeWrittenIsSaidAndWrittenElsewhere) {
   ASSERT_TRUE(wait([&] { return phase() == "finished"; }));
   EXPECT_EQ(app::workspace().result()->endState(), app::EndState::NothingWritten);
   EXPECT_EQ(item("endTitle")->property("text"), "Nothing was written");
-  EXPECT_TRUE(app::workspace().problem().contains("SYNCED")) << app::workspace().problem().toStdString();
+  EXPECT_TRUE(app::workspace().problem().contains("SYNCED"))
+      << app::workspace().problem().toStdString();
   EXPECT_TRUE(item("elsewhere")->hasActiveFocus()) << "another folder is a key away";
   std::filesystem::create_directories(report::fromUtf8(folder_.file("other")));
   answer(QString::fromStdString(folder_.file("other")));

@@ -22,7 +22,7 @@ class Program : public testing::Test {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert("USERPROFILE", folder_.path());
     environment.insert("XDG_CONFIG_HOME", folder_.path());
-    environment.insert("QML_IMPORT_TRACE", "1");  // names each document that is loaded
+    environment.insert("QML_IMPORT_TRACE", "1");         // names each document that is loaded
     environment.insert("QT_FORCE_STDERR_LOGGING", "1");  // Windows programs without a console too
     program_.setProcessEnvironment(environment);
     program_.setWorkingDirectory(folder_.path());
@@ -59,9 +59,9 @@ TEST_F(Program, StartsInTheFixedOrderAndNamesAMissingDocument) {
   start(withoutDocument());
   ASSERT_TRUE(QTest::qWaitFor([&] { return shown().contains("could not be loaded"); }, 20000));
   EXPECT_TRUE(shown_.contains("qml/syncui1/main.qml"));
-  EXPECT_EQ(program_.readAllStandardOutput().trimmed(),
-            QDir::toNativeSeparators(QDir(folder_.path()).canonicalPath()).toUtf8() +
-                "/abc/main.qml");
+  EXPECT_EQ(
+      program_.readAllStandardOutput().trimmed(),
+      QDir::toNativeSeparators(QDir(folder_.path()).canonicalPath()).toUtf8() + "/abc/main.qml");
 
   const QStringList lines = logLines();
   ASSERT_EQ(lines.size(), 22);
@@ -90,7 +90,8 @@ TEST_F(Program, StartedOnACardItLoadsNothingFromThere) {
   start();
   ASSERT_TRUE(QTest::qWaitFor([&] { return logLines().size() >= 22; }, 20000));
   EXPECT_TRUE(QTest::qWaitFor([&] { return shown().contains("/syncui1/main.qml"); }, 20000));
-  EXPECT_TRUE(shown_.contains(QFileInfo(PROGRAM).absolutePath().toUtf8() + "/qml/syncui1/main.qml"));
+  EXPECT_TRUE(
+      shown_.contains(QFileInfo(PROGRAM).absolutePath().toUtf8() + "/qml/syncui1/main.qml"));
   EXPECT_FALSE(shown_.contains(folder_.path().toUtf8() + "/qml"));
   EXPECT_EQ(whatRan(card), "");
 }

@@ -102,8 +102,8 @@ TEST(Windows, ACancelledProgramEndsWithAllThatItHasStarted) {
   const std::string file = folder.file("number");
   std::atomic<bool> cancelled = false;
   std::jthread waiting([&] {
-    (void)run::SystemProcesses().run(
-        {Holder::commandLine(file), {report::wholePath(HOLDER)}}, cancelled);
+    (void)run::SystemProcesses().run({Holder::commandLine(file), {report::wholePath(HOLDER)}},
+                                     cancelled);
   });
   HANDLE started = sleeper(file);
   cancelled = true;

@@ -15,8 +15,8 @@ int main() {
   if (given.size() != 13) return 2;
   const std::wstring_view source = given[1], target = given[12];
   const std::vector<std::wstring_view> expected = {
-      L"-i", source, L"-vn", L"-acodec", L"pcm_s16le", L"-ar", L"8000", L"-ac", L"1", L"-f",
-      L"wav", L"-y", target};
+      L"-i",  source, L"-vn", L"-acodec", L"pcm_s16le", L"-ar", L"8000",
+      L"-ac", L"1",   L"-f",  L"wav",     L"-y",        target};
   if (!std::ranges::equal(given, expected)) return 2;
   return CopyFileW(source.data(), target.data(), FALSE) ? 0 : 1;
 }

@@ -1,5 +1,6 @@
 // holder hold FILE: starts itself as "holder sleep FILE" through the program's own way to start
-// programs, and waits for it. holder sleep FILE: writes its process number to FILE and goes on and on.
+// programs, and waits for it. holder sleep FILE: writes its process number to FILE and goes on and
+// on.
 #include <windows.h>
 
 #include <fstream>

@@ -8,7 +8,8 @@ namespace {
 
 void leaveMark(HMODULE module) {
   wchar_t file[MAX_PATH];
-  const std::wstring mark = std::wstring(file, GetModuleFileNameW(module, file, MAX_PATH)) + L".ran";
+  const std::wstring mark =
+      std::wstring(file, GetModuleFileNameW(module, file, MAX_PATH)) + L".ran";
   CloseHandle(CreateFileW(mark.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr));
 }
 

@@ -1,5 +1,5 @@
-// What presses of keys and buttons need of Qt's test library, for a Qt that was built without it: the
-// headers are those of the tools' own Qt, which is the same release.
+// What presses of keys and buttons need of Qt's test library, for a Qt that was built without it:
+// the headers are those of the tools' own Qt, which is the same release.
 #include <QTest>
 
 namespace QTestPrivate {

@@ -124,9 +124,9 @@ QString MediaCollector::notesOn(const QStringList& picked) {
   QStringList others;
   for (const QString& path : picked)
     if (path != kGroupBegin && path != kGroupEnd && !isMedia(QFileInfo(path))) others << path;
-  QStringList notes = {others.isEmpty() ? QString()
-                                        : tr("Perhaps no recordings: %1").arg(shortNames(others)),
-                       refusedText(picked)};
+  QStringList notes = {
+      others.isEmpty() ? QString() : tr("Perhaps no recordings: %1").arg(shortNames(others)),
+      refusedText(picked)};
   notes.removeAll(QString());
   return notes.join('\n');
 }

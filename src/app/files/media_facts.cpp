@@ -40,10 +40,12 @@ MediaFacts askMediaInfo(const QString& path) {
   const run::MediaProperties found = probe.query(path.toStdString());
   const double rate = QString::fromStdString(found.frameRate).toDouble();
   const project::Picture picture = found.facts.picture.value_or(project::Picture{});
-  return {found.opened && (found.facts.picture || !found.facts.sounds.empty()), rate, picture.width,
+  return {found.opened && (found.facts.picture || !found.facts.sounds.empty()),
+          rate,
+          picture.width,
           picture.height,
-          std::max({found.facts.lengthSeconds, picture.lengthSeconds,
-                    found.firstSound().lengthSeconds}),
+          std::max(
+              {found.facts.lengthSeconds, picture.lengthSeconds, found.firstSound().lengthSeconds}),
           QString::fromStdString(found.facts.deviceModel).simplified()};
 }
 
