@@ -19,17 +19,19 @@ PACKAGES = {
     "python3": "python3", "wine": "wine", "wineserver": "wine64", "xz": "xz-utils",
     "x86_64-w64-mingw32-g++-posix": "g++-mingw-w64-x86-64-posix", "zip": "zip", "Xvfb": "xvfb", "import": "imagemagick",
     "xdotool": "xdotool", "pngquant": "pngquant", "lupdate": "qt6-l10n-tools",
+    "appstreamcli": "appstream", "desktop-file-validate": "desktop-file-utils", "lintian": "lintian",
+    "clang-format": "clang-format", "clang-tidy-16": "clang-tidy-16",
 }
 # Called if they are there, with something else in their place if not.
-OPTIONAL = {"git", "sudo"}
+OPTIONAL = {"git", "sudo", "pulseaudio"}
 # Packages marked essential or required, with what they bring of what scripts call.
 BASE = set("""apt-get apt-helper awk basename bash cat chroot cp cut date dd diff dirname dpkg dpkg-deb
-dpkg-query du env find flock grep head id install ln ls mkdir mkfifo mktemp mount mv nice nproc
+dpkg-query du env find flock grep head id install ln ls md5sum mkdir mkfifo mktemp mount mv nice nproc
 realpath readlink rm rmdir sed seq sh sha256sum sleep sort stat sudo tail tar tee timeout touch tr true false
 umount uname uniq unshare wc xargs""".split())
 KEYWORDS = set("""if then else elif fi for while until do done case esac in function select time { } !
 [[ ]] : . [ alias break cd command continue echo eval exec exit export false getopts hash let local
-printf pwd read readonly return set shift source test trap true type ulimit umask unset until wait
+mapfile printf pwd read readonly return set shift source test trap true type ulimit umask unset until wait
 kill jobs""".split())
 # Programs that others call, and how that shows.
 CALLED_BY_SIGN = {"ninja": "-G Ninja", "x86_64-w64-mingw32-g++-posix": "mingw.cmake"}
@@ -45,17 +47,20 @@ INSTALLED_BY = {
     "packaging/windows/try-installer": ["packaging/windows/check-window"],
     "packaging/windows/wine": ["packaging/windows/check"],
     "scripts/build": ["scripts/setup"],
+    "scripts/package": ["scripts/setup"],
     "scripts/screenshots": ["scripts/setup"],
+    "scripts/tidy": ["scripts/setup"],
     "scripts/translate": ["scripts/setup"],
     "test": ["scripts/setup"],
     "run": ["scripts/setup"],
+    ".ci/more": ["scripts/setup"],
     ".ci/run": ["scripts/setup", "packaging/windows/check"],
 }
 STAGES = "packaging/windows/stages/"
 
 
 def scripts():
-    files = [ROOT / "run", ROOT / "test", ROOT / ".ci/run"]
+    files = [ROOT / "run", ROOT / "test", ROOT / ".ci/run", ROOT / ".ci/more"]
     for folder in ("scripts", "packaging"):
         files += [f for f in sorted((ROOT / folder).rglob("*")) if f.is_file()]
     for file in files:
