@@ -102,7 +102,7 @@ Grouping formGroups(Recordings recordings, std::vector<align::Match> matches, co
       open.push_back(std::move(match));
   }
   joinByConsensus(open, grouping.kept, groups);
-  joinByImpliedOverlaps(ambiguous, grouping.kept, groups, recordings, heard);
+  joinByImpliedOverlaps(ambiguous, grouping.kept, groups, recordings);
   std::ranges::move(ambiguous, std::back_inserter(open));
   for (align::Match& match : open) {
     if (groups.together(match.best) && agreesSomehow(groups, match)) {

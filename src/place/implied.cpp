@@ -50,14 +50,6 @@ std::size_t spreadOver(std::span<align::Match* const> matches, GrowingGroups& gr
   return fewest;
 }
 
-bool borneOut(const align::Alignment& bridge, std::size_t agree, GrowingGroups& groups,
-              std::span<const align::Recording> recordings, const Heard& heard) {
-  const auto implied = impliedBy(bridge, groups, recordings);
-  const auto count = std::ranges::count_if(
-      implied, [&](const Implied& pair) { return heard(pair.first, pair.second); });
-  return double(agree) >= kNearlyAll * double(count);
-}
-
 }  // namespace
 
 ImpliedOverlaps::ImpliedOverlaps(std::span<const align::Recording> recordings,
@@ -137,8 +129,7 @@ std::vector<Implied> impliedBy(const align::Alignment& bridge, GrowingGroups& gr
 }
 
 void joinByImpliedOverlaps(std::vector<align::Match>& open, std::vector<align::Match>& kept,
-                           GrowingGroups& groups, std::span<const align::Recording> recordings,
-                           const Heard& heard) {
+                           GrowingGroups& groups, std::span<const align::Recording> recordings) {
   if (!devicesKnown(recordings)) return;
   std::ranges::stable_sort(open, std::greater{},
                            [](const align::Match& m) { return align::weightOf(m.best); });
@@ -146,9 +137,7 @@ void joinByImpliedOverlaps(std::vector<align::Match>& open, std::vector<align::M
     const align::Alignment bridge = open[i].best;
     if (groups.together(bridge) || !groups.possible(bridge)) continue;
     const std::vector<align::Match*> agree = agreeing(bridge, open, groups);
-    if (spreadOver(agree, groups) < kFewest ||
-        !borneOut(bridge, agree.size(), groups, recordings, heard))
-      continue;
+    if (spreadOver(agree, groups) < kFewest) continue;
     for (const align::Match* match : agree) kept.push_back(*match);
     groups.join(bridge);
   }

@@ -59,7 +59,6 @@ bool devicesKnown(std::span<const align::Recording> recordings);
 /// give it and nearly all pairs heard that it implies are among them. Only where devices are known.
 /// Moves the matches used from `open` to `kept`.
 void joinByImpliedOverlaps(std::vector<align::Match>& open, std::vector<align::Match>& kept,
-                           GrowingGroups& groups, std::span<const align::Recording> recordings,
-                           const Heard& heard);
+                           GrowingGroups& groups, std::span<const align::Recording> recordings);
 
 }  // namespace place
