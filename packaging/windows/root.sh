@@ -35,10 +35,10 @@ use_prebuilt() {
   local qt=$1/qt-6.8.2-win64-mingw.tar.xz deps=$1/deps-win64-mingw.tar.xz
   stage prebuilt-qt "half a minute" --with "$(stat -c %n%s%Y "$qt")" unpacked "$qt"
   stage prebuilt-deps "at once" --with "$(stat -c %n%s%Y "$deps")" unpacked "$deps"
-  local option  # a program carries the options that ffmpeg was configured with
-  for option in $(grep -o -- '--enable-filter=[a-z,]*' "$here/stages/ffmpeg"); do
-    grep -aqF -- "$option" "$work/deps/bin/ffmpeg.exe" && continue
-    say "the ffmpeg in $1 was made without $option: it is made anew"
+  local filters  # a program carries the options that ffmpeg was configured with, in quotes
+  for filters in $(sed -n 's/.*--enable-filter=\([a-z,]*\).*/\1/p' "$here/stages/ffmpeg"); do
+    grep -aqF -- "'$filters'" "$work/deps/bin/ffmpeg.exe" && continue
+    say "the ffmpeg in $1 was made without $filters: it is made anew"
     rm -f "$work/done/ffmpeg"
     stage ffmpeg "6 minutes" --of ffmpeg in_root "$here/stages/ffmpeg" "$work"
     break
