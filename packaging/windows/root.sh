@@ -33,8 +33,8 @@ make_root() {
 use_prebuilt() {
   unpacked() { tar --extract --file "$1" --directory "$work"; }
   local qt=$1/qt-6.8.2-win64-mingw.tar.xz deps=$1/deps-win64-mingw.tar.xz
-  stage prebuilt-qt "half a minute" --with "$(stat -c %n%s%Y "$qt")" unpacked "$qt"
-  stage prebuilt-deps "at once" --with "$(stat -c %n%s%Y "$deps")" unpacked "$deps"
+  stage prebuilt-qt "half a minute" --with "$(sha256sum <"$qt")" unpacked "$qt"
+  stage prebuilt-deps "at once" --with "$(sha256sum <"$deps")" unpacked "$deps"
   local filters  # a program carries the options that ffmpeg was configured with, in quotes
   for filters in $(sed -n 's/.*--enable-filter=\([a-z,]*\).*/\1/p' "$here/stages/ffmpeg"); do
     grep -aqF -- "'$filters'" "$work/deps/bin/ffmpeg.exe" && continue
