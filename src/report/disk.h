@@ -23,6 +23,9 @@ std::string wholePath(const std::string& name);
 /// Bytes of a file; 0 if there is none.
 std::uintmax_t sizeOf(const std::filesystem::path& path);
 
+/// Bytes that this user may still write into `folder`; the largest number where that is unknown.
+std::uintmax_t roomIn(const std::filesystem::path& folder);
+
 /// Whether both name one existing file.
 bool areOneFile(const std::filesystem::path& first, const std::filesystem::path& second);
 

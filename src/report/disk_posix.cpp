@@ -27,6 +27,11 @@ std::uintmax_t sizeOf(const fs::path& path) {
   return error ? 0 : size;
 }
 
+std::uintmax_t roomIn(const fs::path& folder) {
+  std::error_code error;
+  return fs::space(folder, error).available;  // the largest number after an error
+}
+
 bool areOneFile(const fs::path& first, const fs::path& second) {
   std::error_code error;
   return fs::equivalent(first, second, error);

@@ -99,6 +99,12 @@ std::uintmax_t sizeOf(const fs::path& path) {
   return static_cast<std::uintmax_t>(data.nFileSizeHigh) << 32 | data.nFileSizeLow;
 }
 
+std::uintmax_t roomIn(const fs::path& folder) {
+  const std::wstring ended = folder.wstring() + L'\\';  // as the names of shares must be
+  ULARGE_INTEGER room;
+  return GetDiskFreeSpaceExW(ended.c_str(), &room, nullptr, nullptr) ? room.QuadPart : UINTMAX_MAX;
+}
+
 bool areOneFile(const fs::path& first, const fs::path& second) {
   const File a(opened(first, 0)), b(opened(second, 0));
   BY_HANDLE_FILE_INFORMATION of[2];

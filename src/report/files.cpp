@@ -15,7 +15,7 @@ namespace {
 namespace fs = std::filesystem;
 
 Status cannotWrite(const fs::path& path, const std::string& answer) {
-  return {"cannot write " + toUtf8(path) + ": " + answer};
+  return {"cannot write " + nativeSlashes(toUtf8(path)) + ": " + answer};
 }
 
 Status writeInto(const fs::path& file, std::string_view text, const fs::path& shown) {

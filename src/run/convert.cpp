@@ -13,6 +13,7 @@
 #include "run/batches.h"
 #include "run/conversion_command.h"
 #include "run/entries.h"
+#include "run/full_drive.h"
 #include "run/playlist.h"
 #include "run/progress_bar.h"
 #include "run/two_steps.h"
@@ -115,6 +116,7 @@ class Converter {
     const Command command = conversionCommand(programFolder(), entries_[i], results_[i].sound);
     services_.console.line("ffmpeg windows komand:     " + command.windowsLine);
     results_[i].result = services_.processes.run(command, services_.cancelled);
+    noteFullDrive(results_[i].sound, results_[i].result);
     showMacCommand(entries_[i], services_.console);
   }
 

@@ -9,6 +9,7 @@
 #include "report/diagnostics.h"
 #include "report/disk.h"
 #include "report/files.h"
+#include "report/profile.h"
 #include "run/clock.h"
 #include "run/clock_stage.h"
 #include "run/project_report.h"
@@ -116,7 +117,8 @@ void writeResults(const project::Project& project, const std::string& folder,
 void makeDocumentsFolder(const std::string& folder, Outcome& outcome) {
   const std::filesystem::path vegas = report::fromUtf8(folder + "/VEGAS_SEQUENCES");
   if (const std::error_code error = report::makeFolders(vegas))
-    addFailure("The folder " + folder + " cannot be written to (" + error.message() + ").",
+    addFailure("The folder " + report::nativeSlashes(folder) + " cannot be written to (" +
+                   error.message() + ").",
                outcome);
 }
 

@@ -4,7 +4,9 @@
 
 #include "report/disk.h"
 #include "report/files.h"
+#include "report/profile.h"
 #include "run/conversion_command.h"
+#include "run/full_drive.h"
 
 namespace run {
 
@@ -40,13 +42,16 @@ std::optional<std::string> NewSounds::make(const Command& command, const std::st
   const fs::path unfinished = report::fromUtf8(path + kUnfinished);
   const auto fail = [&](const std::string& why) -> std::optional<std::string> {
     report::removeFile(unfinished);
-    addFailure("The new sound of " + source + " was not written: " + why + ".", outcome_);
+    addFailure(
+        "The new sound of " + report::nativeSlashes(source) + " was not written: " + why + ".",
+        outcome_);
     return {};
   };
   if (const std::error_code error = report::makeFolders(report::fromUtf8(folder_)))
     return fail("the folder " + folder_ + " cannot be created (" + error.message() + ")");
   services_.console.line("ffmpeg windows komand:     " + command.windowsLine);
-  const ProcessResult result = services_.processes.run(command, services_.cancelled);
+  ProcessResult result = services_.processes.run(command, services_.cancelled);
+  noteFullDrive(path, result);
   if (services_.cancelled) {
     report::removeFile(unfinished);
     return {};

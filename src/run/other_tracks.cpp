@@ -6,6 +6,7 @@
 #include "report/disk.h"
 #include "report/files.h"
 #include "report/parallel.h"
+#include "report/profile.h"
 #include "run/conversion_command.h"
 #include "run/sound_level.h"
 
@@ -29,7 +30,8 @@ std::vector<TrackChoice> otherChoices(const MediaProperties& media) {
   return choices;
 }
 
-std::string sentence(const std::string& path, const TrackChoice& choice) {
+std::string sentence(const std::string& listed, const TrackChoice& choice) {
+  const std::string path = report::nativeSlashes(listed);
   if (choice.track == 0)
     return "The channels of " + path +
            " cancel each other out, so its first one alone was listened to: turn the sign of one "

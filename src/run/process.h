@@ -23,6 +23,7 @@ struct ProcessResult {
   std::string messages;    // the last lines of what it wrote to its error stream
   int signal = 0;          // what ended it; 0: it ended by itself (always so on Windows)
   bool stalled = false;    // it was ended because it did nothing for too long
+  bool driveFull = false;  // it failed on a full drive (noteFullDrive)
 
   /// It ran to its own end and had nothing to complain of.
   bool ok() const { return started.ok() && exitCode == 0 && !stalled; }
@@ -30,7 +31,7 @@ struct ProcessResult {
 
 /// Whether it failed for want of room on a drive.
 inline bool hadNoRoom(const ProcessResult& result) {
-  return result.messages.find("No space left") != std::string::npos ||
+  return result.driveFull || result.messages.find("No space left") != std::string::npos ||
          result.messages.find("Disk quota exceeded") != std::string::npos;
 }
 

@@ -19,8 +19,8 @@ std::string makeResultsFolders() {
   const fs::path folder = report::fromUtf8(resultsFolder());
   for (const fs::path& path : {folder, folder / "debugfiles", folder / "VEGAS_SEQUENCES"}) {
     if (const std::error_code error = report::makeFolders(path))
-      return "The folder " + report::toUtf8(path) + " cannot be created (" + error.message() +
-             "), so no documents can be written there.";
+      return "The folder " + report::nativeSlashes(report::toUtf8(path)) + " cannot be created (" +
+             error.message() + "), so no documents can be written there.";
   }
   return {};
 }

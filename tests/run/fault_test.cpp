@@ -118,6 +118,22 @@ TEST(Faults, ASourceDriveWithoutRoomIsNoHindrance) {
   EXPECT_TRUE(event.mediaFiles() == before);
 }
 
+TEST(Faults, AFullSourceDriveIsKnownWhereFfmpegDoesNotNameIt) {
+  Event event;
+  const fs::path media = fs::path(event.sound("a.wav", liveSound(1, 51))).parent_path();
+  if (mount("tmpfs", media.c_str(), "tmpfs", 0, "size=2m") != 0)
+    GTEST_SKIP() << "needs the right to mount";
+  const Strings list = twoOf(event);
+  StandIn standIn(
+      "case $out in */media/*) head -c 3000000 /dev/zero >\"$out\"; echo 'Invalid argument' >&2; "
+      "exit 1;; esac; real 60");
+  event.processes = &standIn;
+  const auto before = event.mediaFiles();
+  expectWorks(event, list);
+  EXPECT_TRUE(event.mediaFiles() == before);
+  umount2(media.c_str(), MNT_DETACH);
+}
+
 TEST(Faults, ASecondRunIsRefusedAndTouchesNothing) {
   Event event;
   const Strings list = twoOf(event);
