@@ -19,7 +19,8 @@ PACKAGES = {
     "python3": "python3", "wine": "wine", "wineserver": "wine64", "xz": "xz-utils",
     "x86_64-w64-mingw32-g++-posix": "g++-mingw-w64-x86-64-posix", "zip": "zip", "Xvfb": "xvfb", "import": "imagemagick",
     "xdotool": "xdotool", "pngquant": "pngquant", "lupdate": "qt6-l10n-tools",
-    "appstreamcli": "appstream", "desktop-file-validate": "desktop-file-utils", "lintian": "lintian",
+    "appstreamcli": "appstream", "pactl": "pulseaudio", "parec": "pulseaudio",
+    "desktop-file-validate": "desktop-file-utils", "lintian": "lintian",
     "clang-format": "clang-format", "clang-tidy-16": "clang-tidy-16",
 }
 # Called if they are there, with something else in their place if not.
@@ -45,6 +46,7 @@ INSTALLED_BY = {
     "packaging/windows/build": ["packaging/windows/root.sh"],
     "packaging/windows/compare-runs": ["packaging/windows/check"],
     "packaging/windows/try-installer": ["packaging/windows/check-window"],
+    "packaging/windows/try-sound": ["packaging/windows/check-window"],
     "packaging/windows/wine": ["packaging/windows/check"],
     "scripts/build": ["scripts/setup"],
     "scripts/package": ["scripts/setup"],

@@ -62,6 +62,8 @@ class WaveOutput final : public AudioOutput {
 
  private:
   void feed(const Fill& fill) {
+    SetThreadPriority(GetCurrentThread(),
+                      THREAD_PRIORITY_HIGHEST);  // a run beside it takes all cores
     for (Block& block : blocks_) {
       block.header = {};
       block.header.lpData = reinterpret_cast<char*>(block.samples.data());
