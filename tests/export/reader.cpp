@@ -239,7 +239,7 @@ class Fcpxml {
     const auto [length, lengthUnit] = fraction(part, "duration");
     const auto [first, firstUnit] = fraction(asset, "start");
     const auto [whole, wholeUnit] = fraction(asset, "duration");
-    using Exact = __int128;
+    __extension__ typedef __int128 Exact;
     const auto common =
         Exact(std::lcm(std::lcm(startUnit, lengthUnit), std::lcm(firstUnit, wholeUnit)));
     const auto at = [&](std::int64_t n, std::int64_t unit) { return Exact(n) * (common / unit); };

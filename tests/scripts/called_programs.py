@@ -55,14 +55,13 @@ INSTALLED_BY = {
     "scripts/translate": ["scripts/setup"],
     "test": ["scripts/setup"],
     "run": ["scripts/setup"],
-    ".ci/more": ["scripts/setup"],
-    ".ci/run": ["scripts/setup", "packaging/windows/check"],
+    ".ci/steps.sh": ["scripts/setup"],
 }
 STAGES = "packaging/windows/stages/"
 
 
 def scripts():
-    files = [ROOT / "run", ROOT / "test", ROOT / ".ci/run", ROOT / ".ci/more"]
+    files = [ROOT / "run", ROOT / "test", ROOT / ".ci/run", ROOT / ".ci/more", ROOT / ".ci/steps.sh"]
     for folder in ("scripts", "packaging"):
         files += [f for f in sorted((ROOT / folder).rglob("*")) if f.is_file()]
     for file in files:
