@@ -36,7 +36,10 @@ void Envelopes::prepare(std::span<const int> files) {
 #pragma omp parallel for schedule(dynamic)
   for (std::size_t i = 0; i < wanted.size(); ++i)
     failed.keep([&] {
-      made[i] = envelopeOf(sound_(wanted[i], 0, recordings_[std::size_t(wanted[i])].samples));
+      const auto read = [&](std::int64_t first, std::int64_t count) {
+        return sound_(wanted[i], first, count);
+      };
+      made[i] = envelopeOf(recordings_[std::size_t(wanted[i])].samples, read);
     });
   failed.rethrow();
   for (std::size_t i = 0; i < wanted.size(); ++i) envelopes_[wanted[i]] = std::move(made[i]);

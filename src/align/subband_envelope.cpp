@@ -14,10 +14,11 @@ namespace {
 
 constexpr int kHop = static_cast<int>(kSampleRate / kEnvelopeRate);
 constexpr int kWindow = 2 * kHop;
-constexpr double kLow = 150, kHigh = 3700;  // Hz
-constexpr int kAround = 25;                 // frames on each side that give the level around one
-constexpr float kStep = 60, kLimit = 2;     // steps per standard deviation; deviations
-constexpr float kSteadyWeight = 0.5f;       // faint sound below steady noise is still something
+constexpr Eigen::Index kPieceFrames = 4096;  // read at once, 2 min; four are transformed together
+constexpr double kLow = 150, kHigh = 3700;   // Hz
+constexpr int kAround = 25;                  // frames on each side that give the level around one
+constexpr float kStep = 60, kLimit = 2;      // steps per standard deviation; deviations
+constexpr float kSteadyWeight = 0.5f;        // faint sound below steady noise is still something
 constexpr float kSteadyNoise = 0.3f;  // its levels' variance is 0.20 to 0.28 whatever its colour
 
 std::array<int, kEnvelopeBands + 1> bandEdges() {
@@ -41,32 +42,24 @@ const Eigen::RowVectorXf& taper() {
   return window;
 }
 
-// Four frames from frame `first` on, one in each row; past the end there is silence.
-void fillFrames(std::span<const float> samples, Eigen::Index first, Signals& frames) {
-  std::array<const float*, 4> from;
-  std::array<float, 4 * kWindow> padded;
-  for (std::size_t i = 0; i < from.size(); ++i) {
-    const std::size_t start = (std::size_t(first) + i) * kHop;
-    from[i] = samples.data() + start;
-    if (start + kWindow <= samples.size()) continue;
-    float* const copy = padded.data() + i * kWindow;
-    const auto rest = samples.subspan(std::min(samples.size(), start));
-    std::fill(std::ranges::copy(rest, copy).out, copy + kWindow, 0.0f);
-    from[i] = copy;
-  }
+// Four frames that begin at `samples`, one in each row.
+void fillFrames(const float* samples, Signals& frames) {
   for (Eigen::Index n = 0; n < kWindow; ++n)
-    frames.col(n) << from[0][n], from[1][n], from[2][n], from[3][n];
+    frames.col(n) << samples[n], samples[n + kHop], samples[n + 2 * kHop], samples[n + 3 * kHop];
   frames.rowwise() *= taper().array();
 }
 
-Levels bandLevels(std::span<const float> samples) {
+Levels bandLevels(std::int64_t samples, const ReadSamples& read) {
   static const auto edges = bandEdges();
-  const auto frames = static_cast<Eigen::Index>(samples.size()) / kHop;
+  const Eigen::Index frames = samples / kHop;
   Levels levels(kEnvelopeBands, frames);
   Signals four(4, kWindow), powers;
   Spectra spectra;
+  std::vector<float> piece;
   for (Eigen::Index t = 0; t < frames; t += 4) {
-    fillFrames(samples, t, four);
+    if (t % kPieceFrames == 0)
+      piece = read(t * kHop, (std::min(kPieceFrames, frames - t + 3) + 1) * kHop);
+    fillFrames(piece.data() + t % kPieceFrames * kHop, four);
     spectra = forward(four, std::move(spectra));
     powers = spectra.re.square() + spectra.im.square();
     const Eigen::Index count = std::min<Eigen::Index>(4, frames - t);
@@ -109,9 +102,18 @@ Envelope movement(Levels levels) {
 
 }  // namespace
 
+Envelope envelopeOf(std::int64_t samples, const ReadSamples& read) {
+  if (samples < kHop) return Envelope(kEnvelopeBands, 0);
+  return movement(bandLevels(samples, read));
+}
+
 Envelope envelopeOf(std::span<const float> samples) {
-  if (samples.size() < kHop) return Envelope(kEnvelopeBands, 0);
-  return movement(bandLevels(samples));
+  return envelopeOf(std::ssize(samples), [&](std::int64_t first, std::int64_t count) {
+    const auto rest = samples.subspan(static_cast<std::size_t>(first));
+    std::vector<float> piece(rest.begin(), rest.begin() + std::min(std::ssize(rest), count));
+    piece.resize(static_cast<std::size_t>(count));
+    return piece;
+  });
 }
 
 bool isActive(const Envelope& envelope, Eigen::Index first, Eigen::Index frames) {

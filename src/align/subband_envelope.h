@@ -2,7 +2,9 @@
 
 #include <Eigen/Core>
 #include <cstdint>
+#include <functional>
 #include <span>
+#include <vector>
 
 namespace align {
 
@@ -15,7 +17,14 @@ inline constexpr int kEnvelopeBands = 16;
 /// all is half as large. An hour takes 1.8 MB.
 using Envelope = Eigen::Array<std::int8_t, kEnvelopeBands, Eigen::Dynamic>;
 
-/// The envelope of `samples` (mono, 8000 Hz). Pure: callable from any thread.
+/// Reads `count` samples (mono, 8000 Hz) from sample `first` on; past the end they are 0.
+using ReadSamples = std::function<std::vector<float>(std::int64_t first, std::int64_t count)>;
+
+/// The envelope of a recording of `samples` samples, which is read piece by piece: an hour takes
+/// 22 MB of room meanwhile. Callable from any thread that `read` is.
+Envelope envelopeOf(std::int64_t samples, const ReadSamples& read);
+
+/// The envelope of `samples`. Pure: callable from any thread.
 Envelope envelopeOf(std::span<const float> samples);
 
 /// Whether there is more than steady noise in some of `frames` frames from `first` on.
