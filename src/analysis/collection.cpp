@@ -1,16 +1,36 @@
 #include "analysis/collection.h"
 
 #include <algorithm>
+#include <array>
 #include <utility>
 
 namespace analysis {
 namespace {
+
+using Row = PackedFingerprint::Row;
 
 constexpr Eigen::Index kZeroRows = 5;  // of every fingerprint
 
 // A delay without landmarks adds a row of zeros.
 Eigen::Index zeroRows(const std::vector<std::vector<Landmark>>& delays) {
   return kZeroRows + std::ranges::count_if(delays, &std::vector<Landmark>::empty);
+}
+
+// Equal hashes keep their order. Linear.
+void sortByHash(std::vector<Row>& rows) {
+  constexpr int kDigitBits = 12;
+  constexpr int kDigits = 3;  // hashes stay below 2 to the power of 35
+  std::vector<Row> sorted(rows.size());
+  for (int digit = 0; digit < kDigits; ++digit) {
+    const auto bucket = [&](Row row) {
+      return (PackedFingerprint::hashOf(row) >> (digit * kDigitBits)) % (1 << kDigitBits);
+    };
+    std::array<std::size_t, (1 << kDigitBits) + 1> ends = {};
+    for (const Row row : rows) ++ends[bucket(row) + 1];
+    for (std::size_t i = 1; i < ends.size(); ++i) ends[i] += ends[i - 1];
+    for (const Row row : rows) sorted[ends[bucket(row)]++] = row;
+    rows.swap(sorted);
+  }
 }
 
 }  // namespace
@@ -32,17 +52,18 @@ Eigen::Index Collection::rows() const {
   return rows;
 }
 
-MatrixXLI Collection::sorted() && {
-  const Eigen::Index zeros = zeroRows(delays_);
-  std::vector<Landmark> landmarks;
-  landmarks.reserve(static_cast<std::size_t>(rows() - zeros));
+PackedFingerprint Collection::sorted() && {
+  std::vector<Row> packed;
+  packed.reserve(static_cast<std::size_t>(rows()));
+  packed.resize(static_cast<std::size_t>(zeroRows(delays_)));
   for (std::vector<Landmark>& delay : delays_) {
-    landmarks.insert(landmarks.end(), delay.begin(), delay.end());
+    for (const Landmark& landmark : delay)
+      packed.push_back(PackedFingerprint::row(landmark.frame, hashOf(landmark)));
     delay = {};
   }
   delays_.clear();
-  sortByHash(landmarks);
-  return asMatrix(landmarks, zeros);
+  sortByHash(packed);
+  return PackedFingerprint(std::move(packed));
 }
 
 MatrixXLI emptyFingerprint() {

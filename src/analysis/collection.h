@@ -7,6 +7,7 @@
 
 #include "analysis/landmarks.h"
 #include "analysis/matrix.h"
+#include "analysis/packed_fingerprint.h"
 
 namespace analysis {
 
@@ -25,7 +26,7 @@ class Collection {
   Eigen::Index rows() const;
 
   /// The fingerprint. Leaves nothing behind, so that a long recording is not held twice.
-  MatrixXLI sorted() &&;
+  PackedFingerprint sorted() &&;
 
  private:
   std::vector<std::vector<Landmark>> delays_;

@@ -7,7 +7,7 @@ namespace analysis {
 
 MatrixXLI fingerprint(std::span<const float> samples, float a_dec) {
   SamplesInMemory source(samples);
-  return Collection(landmarksOf(source, kShifts, {a_dec})).sorted();
+  return Collection(landmarksOf(source, kShifts, {a_dec})).sorted().matrix();
 }
 
 void extract_peaks(MatrixXLI& out, const std::string& path, int /*file*/, float* duration,

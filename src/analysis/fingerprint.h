@@ -10,6 +10,7 @@
 #include <string_view>
 
 #include "analysis/matrix.h"
+#include "analysis/packed_fingerprint.h"
 #include "report/console.h"
 
 namespace analysis {
@@ -27,7 +28,7 @@ void extract_peaks(MatrixXLI& out, const std::string& path, int file, float* dur
 
 /// A file's fingerprint and its length in whole seconds.
 struct Heard {
-  MatrixXLI fingerprint;
+  PackedFingerprint fingerprint;
   float seconds = 0;
 };
 
@@ -46,10 +47,15 @@ struct FingerprintListener {
 /// none of the listener's other calls. Callable from several threads at once.
 Heard fingerprintFile(const std::string& path, float a_dec, const FingerprintListener& listener);
 
-/// Fingerprints the WAV files `names` on the OpenMP team, one file per iteration: fills `all` and
-/// the durations `traenje` (their length), each by index. A file without sound has zero rows
-/// only. `progress` grows by `weight` and a little for long files, and starts again at the end of
-/// the bar.
+/// Fingerprints the WAV files `names` on the OpenMP team, one file per iteration, and hands each
+/// with its index to `take`, from several threads at once. A file without sound has zero rows only.
+/// `progress` grows by `weight` and a little for long files, and starts again at the end of the
+/// bar.
+void hearAll(std::span<const std::string> names, float a_dec, std::atomic<std::uint32_t>& progress,
+             float weight, const FingerprintListener& listener,
+             const std::function<void(int, Heard)>& take);
+
+/// The same as matrices: fills `all` and the durations `traenje` (their length), each by index.
 void fingerprint_all(std::span<const std::string> names, std::span<MatrixXLI> all,
                      Eigen::VectorXf& traenje, float a_dec, std::atomic<std::uint32_t>& progress,
                      float weight, const FingerprintListener& listener);

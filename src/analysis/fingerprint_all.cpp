@@ -21,7 +21,7 @@ void appendLogLine(const FingerprintListener& listener, std::string_view text) {
   if (listener.appendLogLine) listener.appendLogLine(text);
 }
 
-MatrixXLI combined(std::vector<std::vector<Landmark>> delays, report::Console& console) {
+PackedFingerprint combined(std::vector<std::vector<Landmark>> delays, report::Console& console) {
   Collection collection(std::move(delays));
   const std::string rule(55, '$');
   console.line(rule);
@@ -60,22 +60,21 @@ Heard fingerprintFile(const std::string& path, float a_dec, const FingerprintLis
     throw;  // the others would fare no better
   } catch (const std::exception& error) {
     appendLogLine(listener, line("cannot fingerprint ", path, ": ", error.what()));
-    heard.fingerprint = emptyFingerprint();
+    heard.fingerprint = PackedFingerprint(emptyFingerprint());
   }
   return heard;
 }
 
-void fingerprint_all(std::span<const std::string> names, std::span<MatrixXLI> all,
-                     Eigen::VectorXf& traenje, float a_dec, std::atomic<std::uint32_t>& progress,
-                     float weight, const FingerprintListener& listener) {
+void hearAll(std::span<const std::string> names, float a_dec, std::atomic<std::uint32_t>& progress,
+             float weight, const FingerprintListener& listener,
+             const std::function<void(int, Heard)>& take) {
   const auto hear = [&](int file) {
     if (isCancelled(listener)) return;
     appendLogLine(listener, "687");
     Heard heard = hearOrKnown(names[file], file, a_dec, listener);
-    all[file] = std::move(heard.fingerprint);
-    traenje[file] = heard.seconds;
+    const Eigen::Index rows = heard.fingerprint.rows();
+    take(file, std::move(heard));
     listener.console.line("posle namaluvanje");  // after the reduction
-    const Eigen::Index rows = all[file].rows();
     appendLogLine(listener, line("vkupniot broj na maksovi:", static_cast<float>(2 * rows)));
     moveBar(progress, weight, rows, listener);
     if (listener.fileDone) listener.fileDone(file);
@@ -84,6 +83,15 @@ void fingerprint_all(std::span<const std::string> names, std::span<MatrixXLI> al
 #pragma omp parallel for schedule(static)
   for (int file = 0; file < std::ssize(names); ++file) failed.keep([&] { hear(file); });
   failed.rethrow();
+}
+
+void fingerprint_all(std::span<const std::string> names, std::span<MatrixXLI> all,
+                     Eigen::VectorXf& traenje, float a_dec, std::atomic<std::uint32_t>& progress,
+                     float weight, const FingerprintListener& listener) {
+  hearAll(names, a_dec, progress, weight, listener, [&](int file, Heard heard) {
+    all[file] = heard.fingerprint.matrix();
+    traenje[file] = heard.seconds;
+  });
 }
 
 }  // namespace analysis

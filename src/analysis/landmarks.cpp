@@ -1,7 +1,5 @@
 #include "analysis/landmarks.h"
 
-#include <array>
-
 namespace analysis {
 namespace {
 
@@ -36,22 +34,6 @@ std::vector<Landmark> pairPeaks(std::span<const Peak> peaks, const TargetZone& z
     }
   }
   return landmarks;
-}
-
-void sortByHash(std::vector<Landmark>& landmarks) {
-  constexpr int kDigitBits = 12;
-  constexpr int kDigits = 3;  // hashes stay below 2 to the power of 35
-  std::vector<Landmark> sorted(landmarks.size());
-  for (int digit = 0; digit < kDigits; ++digit) {
-    const auto bucket = [&](const Landmark& landmark) {
-      return (hashOf(landmark) >> (digit * kDigitBits)) % (1 << kDigitBits);
-    };
-    std::array<std::size_t, (1 << kDigitBits) + 1> ends = {};
-    for (const Landmark& landmark : landmarks) ++ends[bucket(landmark) + 1];
-    for (std::size_t i = 1; i < ends.size(); ++i) ends[i] += ends[i - 1];
-    for (const Landmark& landmark : landmarks) sorted[ends[bucket(landmark)]++] = landmark;
-    landmarks.swap(sorted);
-  }
 }
 
 }  // namespace analysis

@@ -36,7 +36,4 @@ struct TargetZone {
 /// latest first. Linear in the number of peaks.
 std::vector<Landmark> pairPeaks(std::span<const Peak> peaks, const TargetZone& zone);
 
-/// Sorts by hash; equal hashes keep their order. Linear.
-void sortByHash(std::vector<Landmark>& landmarks);
-
 }  // namespace analysis

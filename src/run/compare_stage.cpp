@@ -1,6 +1,7 @@
 #include "run/compare_stage.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "report/diagnostics.h"
 #include "report/read2sync.h"
@@ -63,6 +64,7 @@ class Told {
  public:
   Told(const Material& material, const Services& services)
       : material_(material), services_(services) {
+    for (const auto& fingerprint : material.fingerprints) rows_.push_back(fingerprint.rows());
     report::removeTempResultsFile();
     pairs_.add(report::tempResultsHeading());
     vote::announce(
@@ -75,7 +77,7 @@ class Told {
   }
 
   void add(const PairVote& vote) {
-    services_.console.line(vote::rowsLine(material_.fingerprints[vote.first]));
+    services_.console.line(vote::rowsLine(rows_[vote.first]));
     pairs_.add(report::tempResultsLine(described(vote, material_.entries)));
     for (const std::string& step : vote::stepLines(vote)) log_.add(step);
     if (vote::isHundredth(++compared_)) log_.add(vote::kHundredLine);
@@ -84,6 +86,7 @@ class Told {
  private:
   const Material& material_;
   const Services& services_;
+  std::vector<Eigen::Index> rows_;  // of the fingerprints
   Lines pairs_{report::appendTempResultsLine}, log_{report::appendLogLine};
   int compared_ = 0;
 };
@@ -111,7 +114,7 @@ std::vector<FilePair> allPairs(const Material& material) {
 
 }  // namespace
 
-Comparison compareAll(const Material& material, int mode, const Services& services) {
+Comparison compareAll(Material& material, int mode, const Services& services) {
   const std::vector<Entry>& entries = material.entries;
   std::vector<std::string> names;
   for (const Entry& entry : entries) names.push_back(entry.converted);
@@ -132,7 +135,7 @@ Comparison compareAll(const Material& material, int mode, const Services& servic
     }
     if (!shareDevice(entries, vote)) shortlist.add(std::move(vote));
   };
-  vote::votePairs(material.fingerprints, material.durations, pairs, mode, take,
+  vote::votePairs(std::exchange(material.fingerprints, {}), material.durations, pairs, mode, take,
                   [&] { return services.cancelled.load(); });
   comparison.votes = shortlist.take();
   return comparison;

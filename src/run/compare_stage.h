@@ -19,7 +19,7 @@ struct Comparison {
 /// The device groups count the list before unusable files were dropped, and the sync table is made
 /// with them as they stand: after a drop they name the wrong files. The placement must not suffer
 /// from that, so it gets the votes of all pairs whose files truly come from two devices, and no
-/// others.
-Comparison compareAll(const Material& material, int mode, const Services& services);
+/// others. The fingerprints are given up for it.
+Comparison compareAll(Material& material, int mode, const Services& services);
 
 }  // namespace run

@@ -57,8 +57,11 @@ void fingerprintAll(Material& material, double tolerance, const Services& servic
       [&] { return services.cancelled.load(); },
       [&](int file) { return early.take(names[file]); }};
   std::atomic<std::uint32_t> pixels = 0;
-  analysis::fingerprint_all(names, material.fingerprints, material.durations,
-                            static_cast<float>(tolerance), pixels, barStep(nall), listener);
+  analysis::hearAll(names, static_cast<float>(tolerance), pixels, barStep(nall), listener,
+                    [&](int file, analysis::Heard heard) {
+                      material.fingerprints[file] = std::move(heard.fingerprint);
+                      material.durations[file] = heard.seconds;
+                    });
 }
 
 }  // namespace run

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "analysis/matrix.h"
+#include "analysis/packed_fingerprint.h"
 #include "analysis/sound.h"
 #include "run/device_groups.h"
 #include "run/entry.h"
@@ -24,7 +24,7 @@ struct Settings {
 struct Material {
   std::vector<Entry> entries;
   DeviceGroups groups;  // count the list before files were dropped
-  std::vector<analysis::MatrixXLI> fingerprints;
+  std::vector<analysis::PackedFingerprint> fingerprints;
   Eigen::VectorXf durations;          // whole seconds
   std::vector<std::string> sounds;    // where each converted sound can be read
   std::vector<std::int64_t> samples;  // exact lengths at 8000 Hz; 0: no sound

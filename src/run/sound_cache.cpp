@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <fstream>
 #include <random>
+#include <utility>
 #include <vector>
 
 #include "report/disk.h"
@@ -23,7 +24,7 @@ namespace fs = std::filesystem;
 /// Raised when conversion or fingerprint change, so that what older versions kept is not used.
 constexpr char kForm[] = "1";
 constexpr char kFolderName[] = "kestrel-aligner-sounds";
-constexpr std::uint64_t kMagic = 0x3150464c5453454b;  // "KESTLFP1"
+constexpr std::uint64_t kMagic = 0x3250464c5453454b;  // "KESTLFP2"
 
 std::int64_t timeOf(const fs::path& path) {
   std::error_code error;
@@ -141,27 +142,29 @@ std::optional<analysis::Heard> SoundCache::fetchHeard(const FileKey& key, double
   Header header{};
   if (!file.read(reinterpret_cast<char*>(&header), sizeof header)) return {};
   const std::uintmax_t bytes = report::sizeOf(kept) - sizeof header;
-  constexpr std::uintmax_t kRow = 2 * sizeof(analysis::MatrixXLI::Scalar);
-  if (header.magic != kMagic || header.rows < 0 || std::uintmax_t(header.rows) * kRow != bytes)
+  using Row = analysis::PackedFingerprint::Row;
+  if (header.magic != kMagic || header.rows < 0 ||
+      std::uintmax_t(header.rows) * sizeof(Row) != bytes)
     return {};
-  analysis::Heard heard{analysis::MatrixXLI(header.rows, 2), static_cast<float>(header.duration)};
-  file.read(reinterpret_cast<char*>(heard.fingerprint.data()), static_cast<std::streamsize>(bytes));
+  std::vector<Row> rows(static_cast<std::size_t>(header.rows));
+  file.read(reinterpret_cast<char*>(rows.data()), static_cast<std::streamsize>(bytes));
   if (!file) return {};
   file.close();
   touch(kept);
-  return heard;
+  return analysis::Heard{analysis::PackedFingerprint(std::move(rows)),
+                         static_cast<float>(header.duration)};
 }
 
 void SoundCache::keepHeard(const FileKey& key, double tolerance,
                            const analysis::Heard& heard) const {
-  if (folder_.empty() || key.empty() || heard.fingerprint.cols() != 2) return;
+  const auto rows = heard.fingerprint.packed();
+  if (folder_.empty() || key.empty() || rows.empty()) return;
   makeWhole(place(key, "-" + report::shortestText(tolerance)), [&](const fs::path& part) {
     std::ofstream file(part, std::ios::binary);
-    const Header header{kMagic, heard.fingerprint.rows(), heard.seconds};
+    const Header header{kMagic, std::ssize(rows), heard.seconds};
     file.write(reinterpret_cast<const char*>(&header), sizeof header);
-    file.write(reinterpret_cast<const char*>(heard.fingerprint.data()),
-               static_cast<std::streamsize>(std::size_t(heard.fingerprint.size()) *
-                                            sizeof(analysis::MatrixXLI::Scalar)));
+    file.write(reinterpret_cast<const char*>(rows.data()),
+               static_cast<std::streamsize>(rows.size_bytes()));
     return static_cast<bool>(file.flush());
   });
 }

@@ -167,7 +167,6 @@ void Steps::compare() {
   comparison_ = compareAll(material_, settings_.mode, services_);
   report::appendLogLine("POSLE PROVERI ALL MNOGU BITNO!!!!!!!!!!!!!!!  -------------------------");
   services_.console.line("1125");
-  material_.fingerprints.clear();
 }
 
 void Steps::place() {

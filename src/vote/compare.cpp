@@ -49,9 +49,7 @@ void announce(const CompareCalls& calls) {
   say(calls.console, "emitted moveprogresssignal...");
 }
 
-std::string rowsLine(const analysis::MatrixXLI& fingerprint) {
-  return "n1=" + std::to_string(fingerprint.rows());
-}
+std::string rowsLine(Eigen::Index rows) { return "n1=" + std::to_string(rows); }
 
 std::vector<FilePair> pairsToCompare(const Eigen::VectorXf& durations,
                                      const std::vector<std::vector<int>>& deviceGroups) {
@@ -101,7 +99,7 @@ std::vector<unsigned long long>* proveriall(int nall, Eigen::VectorXf traenje,
   const auto compare = [&](const FilePair& pair, std::vector<HitCode>& hits) {
     if (calls.cancelled && calls.cancelled()) return;
     const auto [first, second] = pair;
-    say(calls.console, rowsLine(all[first]));
+    say(calls.console, rowsLine(all[first].rows()));
     hits = compareFingerprints(all[first], all[second], first, second, traenje[first],
                                traenje[second]);
     if (isHundredth(++compared)) say(calls.log, kHundredLine);

@@ -48,7 +48,7 @@ inline constexpr std::string_view kRoomLines[] = {"poslealokacija....",  // "aft
                                                   "allocate memory done.."};
 inline constexpr std::string_view kHundredLine = "iljada pominaa...";  // "a thousand went by"
 constexpr bool isHundredth(int compared) { return compared % 100 == 0; }
-std::string rowsLine(const analysis::MatrixXLI& fingerprint);
+std::string rowsLine(Eigen::Index rows);
 
 /// "Check all": compares all pairs of the `nall` fingerprints in `all`, whose durations in seconds
 /// are `traenje`. Returns an array of (nall + 1) squared hit lists, which the caller deletes: the

@@ -12,30 +12,34 @@
 namespace vote {
 namespace {
 
-constexpr std::uint64_t kWordBits = 64;         // more than the distances of landmarks
-constexpr std::uint64_t kBinPairs = 1 << 15;    // more than the pairs of bins
-constexpr std::uint64_t kFrameLimit = 1 << 20;  // 7 hours; differences always have a delta
+using analysis::PackedFingerprint;
+
+constexpr std::uint64_t kWordBits = 64;           // more than the distances of landmarks
+constexpr std::uint64_t kBinPairs = 1 << 15;      // more than the pairs of bins
+constexpr std::uint64_t kFrameLimit = 2'000'000;  // 13 hours; differences always have a delta
 
 using Words = std::vector<std::int32_t>;  // by pair of bins: its word of `present`
 
-bool indexable(const analysis::MatrixXLI& fingerprint) {
-  if (fingerprint.cols() < 2) return false;
-  const auto frames = fingerprint.col(0), hashes = fingerprint.col(1);
+bool isIndexable(const PackedFingerprint& fingerprint, float seconds) {
+  std::uint64_t last = 0;
   for (Eigen::Index row = 0; row < fingerprint.rows(); ++row) {
-    if (frames[row] >= kFrameLimit || hashes[row] >= kBinPairs * analysis::kBinsUnit ||
-        hashes[row] % analysis::kBinsUnit >= kWordBits)
+    const std::uint64_t hash = fingerprint.hash(row);
+    last = std::max(last, fingerprint.frame(row));
+    if (hash >= kBinPairs * analysis::kBinsUnit || hash % analysis::kBinsUnit >= kWordBits)
       return false;
   }
-  return true;
+  // Of a section beyond there is no bit.
+  return fingerprint.rows() > 0 && last < kFrameLimit &&
+         sectionOfFrame(last, seconds + 1) < kSectionBits;
 }
 
 /// One word for every pair of bins that any of `fingerprints` has.
-Words numbered(std::span<const analysis::MatrixXLI> fingerprints, std::span<const char> usable) {
+Words numbered(std::span<const PackedFingerprint> fingerprints, std::span<const char> usable) {
   Words words(kBinPairs, 0);
   for (std::size_t file = 0; file < fingerprints.size(); ++file) {
     if (!usable[file]) continue;
-    for (const std::uint64_t hash : fingerprints[file].col(1))
-      words[hash / analysis::kBinsUnit] = 1;
+    for (Eigen::Index row = 0; row < fingerprints[file].rows(); ++row)
+      words[fingerprints[file].hash(row) / analysis::kBinsUnit] = 1;
   }
   int next = 0;
   for (std::int32_t& word : words) word = word ? next++ : -1;
@@ -55,56 +59,59 @@ void countWords(IndexedFingerprint& indexed) {
   }
 }
 
-/// None when the file has a section that no bit stands for.
-std::optional<IndexedFingerprint> indexed(const analysis::MatrixXLI& fingerprint, float seconds,
-                                          const Words& words) {
+IndexedFingerprint indexed(const PackedFingerprint& fingerprint, float seconds,
+                           const Words& words) {
   IndexedFingerprint result;
   result.present.resize(words.back());
   result.fillers = leadingFillers(fingerprint);
-  result.frames.assign(fingerprint.col(0).begin(), fingerprint.col(0).end());
-  for (const std::int32_t frame : result.frames)
-    result.frameEnd = std::max(result.frameEnd, frame + 1);
+  result.frames.reserve(static_cast<std::size_t>(fingerprint.rows()));
   for (Eigen::Index row = 0; row < fingerprint.rows(); ++row) {
-    const std::uint64_t hash = fingerprint(row, 1);
-    if (row > 0 && hash == fingerprint(row - 1, 1)) continue;
-    const int section = sectionOfFrame(fingerprint(row, 0), seconds + 1);
-    if (section >= kSectionBits) return std::nullopt;
+    const std::uint64_t hash = fingerprint.hash(row), frame = fingerprint.frame(row);
+    result.frames.push_back(static_cast<std::int32_t>(frame));
+    result.frameEnd = std::max(result.frameEnd, result.frames.back() + 1);
+    if (row > 0 && hash == fingerprint.hash(row - 1)) continue;
     result.present[words[hash / analysis::kBinsUnit]] |= std::uint64_t{1}
                                                          << hash % analysis::kBinsUnit;
-    result.runs.push_back({static_cast<std::uint32_t>(row),
-                           static_cast<std::uint32_t>(fingerprint(row, 0)),
+    const int section = sectionOfFrame(frame, seconds + 1);
+    result.runs.push_back({static_cast<std::uint32_t>(row), static_cast<std::uint32_t>(frame),
                            static_cast<std::uint32_t>(section)});
   }
   result.runs.push_back({static_cast<std::uint32_t>(fingerprint.rows()), 0, 0});
+  result.runs.shrink_to_fit();
   countWords(result);
   return result;
 }
 
 }  // namespace
 
-int leadingFillers(const analysis::MatrixXLI& fingerprint) {
+int leadingFillers(const PackedFingerprint& fingerprint) {
   int rows = 0;
-  while (rows < fingerprint.rows() && fingerprint(rows, 0) == 0 && fingerprint(rows, 1) == 0)
+  while (rows < fingerprint.rows() && fingerprint.frame(rows) == 0 && fingerprint.hash(rows) == 0)
     ++rows;
   return rows;
 }
 
-HashIndex::HashIndex(std::span<const analysis::MatrixXLI> fingerprints,
-                     const Eigen::VectorXf& durations)
-    : files_(fingerprints.size()) {
+std::vector<char> indexable(std::span<const PackedFingerprint> fingerprints,
+                            const Eigen::VectorXf& durations) {
   std::vector<char> usable(fingerprints.size());
+#pragma omp parallel for schedule(dynamic)
+  for (std::size_t file = 0; file < usable.size(); ++file)
+    usable[file] = isIndexable(fingerprints[file], durations[static_cast<Eigen::Index>(file)]);
+  return usable;
+}
+
+HashIndex::HashIndex(std::span<PackedFingerprint> fingerprints, const Eigen::VectorXf& durations,
+                     std::span<const char> usable, Indexed afterwards)
+    : files_(fingerprints.size()) {
+  const Words words = numbered(fingerprints, usable);
+  const auto take = [&](std::size_t file) {
+    if (!usable[file]) return;
+    files_[file] = indexed(fingerprints[file], durations[static_cast<Eigen::Index>(file)], words);
+    if (afterwards == Indexed::dropped) fingerprints[file] = {};
+  };
   report::FirstException failed;
 #pragma omp parallel for schedule(dynamic)
-  for (std::size_t file = 0; file < files_.size(); ++file)
-    usable[file] = indexable(fingerprints[file]);
-  const Words words = numbered(fingerprints, usable);
-#pragma omp parallel for schedule(dynamic)
-  for (std::size_t file = 0; file < files_.size(); ++file)
-    failed.keep([&] {
-      if (usable[file])
-        files_[file] =
-            indexed(fingerprints[file], durations[static_cast<Eigen::Index>(file)], words);
-    });
+  for (std::size_t file = 0; file < files_.size(); ++file) failed.keep([&] { take(file); });
   failed.rethrow();
 }
 

@@ -6,7 +6,7 @@
 #include <span>
 #include <vector>
 
-#include "analysis/matrix.h"
+#include "analysis/packed_fingerprint.h"
 
 namespace vote {
 
@@ -39,14 +39,22 @@ std::span<const CommonHash> commonHashes(const IndexedFingerprint& x, const Inde
                                          std::vector<CommonHash>& room);
 
 /// The rows of zeros that stand first in every fingerprint: frame 0, hash 0.
-int leadingFillers(const analysis::MatrixXLI& fingerprint);
+int leadingFillers(const analysis::PackedFingerprint& fingerprint);
+
+/// For every file whether its fingerprint is as analysis makes them, of half a day at most, so that
+/// it can be indexed. `durations` are seconds by file index. Works in parallel.
+std::vector<char> indexable(std::span<const analysis::PackedFingerprint> fingerprints,
+                            const Eigen::VectorXf& durations);
+
+/// What becomes of a fingerprint when it is indexed.
+enum class Indexed { kept, dropped };
 
 /// The fingerprints of a run, indexed. Memory is linear in their rows.
 class HashIndex {
  public:
-  /// `durations` are seconds by file index. A fingerprint that is not as analysis makes them, of
-  /// a few hours at most, is left out. Works in parallel.
-  HashIndex(std::span<const analysis::MatrixXLI> fingerprints, const Eigen::VectorXf& durations);
+  /// Files that are not `usable`, as `indexable` tells, are left out. Works in parallel.
+  HashIndex(std::span<analysis::PackedFingerprint> fingerprints, const Eigen::VectorXf& durations,
+            std::span<const char> usable, Indexed afterwards);
 
   /// Null when the file was left out.
   const IndexedFingerprint* find(int file) const { return files_[file] ? &*files_[file] : nullptr; }

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <atomic>
 #include <numeric>
+#include <utility>
 
 #include "report/parallel.h"
 #include "vote/compare.h"
@@ -19,25 +20,43 @@ constexpr Eigen::Index kBlockRows = 200'000'000;  // about a second of work betw
 
 constexpr int kPairsAtOnce = 8;  // of one thread; they share a file
 
-using Fingerprints = std::span<const analysis::MatrixXLI>;
+using Fingerprints = std::vector<analysis::PackedFingerprint>;
+
+std::vector<Eigen::Index> rowsOf(const Fingerprints& fingerprints) {
+  std::vector<Eigen::Index> rows;
+  for (const auto& fingerprint : fingerprints) rows.push_back(fingerprint.rows());
+  return rows;
+}
+
+bool goesByIndex(const FilePair& pair, std::span<const char> indexable) {
+  const bool mayMeetFiller = pair.first == 0 && pair.second < 10;  // packed, such hits look alike
+  return indexable[pair.first] && indexable[pair.second] && !mayMeetFiller;
+}
 
 /// Votes on pairs one by one; callable from several threads at once.
 class Voter {
  public:
-  Voter(Fingerprints fingerprints, const Eigen::VectorXf& durations, int mode)
-      : fingerprints_(fingerprints),
+  Voter(Fingerprints fingerprints, const Eigen::VectorXf& durations,
+        std::span<const FilePair> pairs, int mode)
+      : fingerprints_(std::move(fingerprints)),
         durations_(durations),
         mode_(mode),
-        index_(fingerprints, durations) {}
+        indexable_(indexable(fingerprints_, durations)),
+        index_(fingerprints_, durations, indexable_, afterIndexing(pairs)) {}
 
   PairVote vote(const FilePair& pair) const {
-    const IndexedFingerprint* x = index_.find(pair.first);
-    const IndexedFingerprint* y = index_.find(pair.second);
-    const bool mayMeetFiller = pair.first == 0 && pair.second < 10;  // packed, such hits look alike
-    return x && y && !mayMeetFiller ? indexedVote(pair, *x, *y) : packedVote(pair);
+    return goesByIndex(pair, indexable_)
+               ? indexedVote(pair, *index_.find(pair.first), *index_.find(pair.second))
+               : packedVote(pair);
   }
 
  private:
+  /// Where a pair does not go by the index, fingerprints are read once more.
+  Indexed afterIndexing(std::span<const FilePair> pairs) const {
+    const auto byIndex = [&](const FilePair& pair) { return goesByIndex(pair, indexable_); };
+    return std::ranges::all_of(pairs, byIndex) ? Indexed::dropped : Indexed::kept;
+  }
+
   PairVote indexedVote(const FilePair& pair, const IndexedFingerprint& x,
                        const IndexedFingerprint& y) const {
     thread_local HitMap hits;
@@ -56,8 +75,8 @@ class Voter {
   PairVote packedVote(const FilePair& pair) const {
     const auto& x = fingerprints_[pair.first];
     const auto& y = fingerprints_[pair.second];
-    const auto hits = compareFingerprints(x, y, pair.first, pair.second, durations_[pair.first] + 1,
-                                          durations_[pair.second] + 1);
+    const auto hits = compareFingerprints(x.matrix(), y.matrix(), pair.first, pair.second,
+                                          durations_[pair.first] + 1, durations_[pair.second] + 1);
     PairVote vote = voteOn(hits, durations_, mode_)
                         .value_or(voteWith({}, pair.first, pair.second, durations_, mode_));
     if (hits.back() == 0) return vote;  // nothing in common
@@ -70,6 +89,7 @@ class Voter {
   Fingerprints fingerprints_;
   const Eigen::VectorXf& durations_;
   int mode_;
+  std::vector<char> indexable_;
   HashIndex index_;
 };
 
@@ -84,11 +104,12 @@ std::vector<std::size_t> cacheOrder(std::span<const FilePair> block) {
 }
 
 /// The pairs from the front of `pairs` on that make one block of work, at least one.
-std::span<const FilePair> nextBlock(std::span<const FilePair> pairs, Fingerprints fingerprints) {
+std::span<const FilePair> nextBlock(std::span<const FilePair> pairs,
+                                    std::span<const Eigen::Index> rowsByFile) {
   Eigen::Index rows = 0;
   std::size_t count = 0;
   while (count < std::min(pairs.size(), kBlockPairs) && rows < kBlockRows) {
-    rows += fingerprints[pairs[count].first].rows() + fingerprints[pairs[count].second].rows();
+    rows += rowsByFile[pairs[count].first] + rowsByFile[pairs[count].second];
     ++count;
   }
   return pairs.first(count);
@@ -99,11 +120,12 @@ std::span<const FilePair> nextBlock(std::span<const FilePair> pairs, Fingerprint
 bool votePairs(Fingerprints fingerprints, const Eigen::VectorXf& durations,
                std::span<const FilePair> pairs, int mode, const std::function<void(PairVote)>& sink,
                const std::function<bool()>& cancelled) {
-  const Voter voter(fingerprints, durations, mode);
+  const std::vector<Eigen::Index> rows = rowsOf(fingerprints);
+  const Voter voter(std::move(fingerprints), durations, pairs, mode);
   std::vector<PairVote> votes;
   std::atomic<bool> stop = false;
   for (std::span<const FilePair> rest = pairs; !rest.empty();) {
-    const auto block = nextBlock(rest, fingerprints);
+    const auto block = nextBlock(rest, rows);
     rest = rest.subspan(block.size());
     votes.resize(block.size());
     const std::vector<std::size_t> order = cacheOrder(block);
@@ -122,7 +144,15 @@ bool votePairs(Fingerprints fingerprints, const Eigen::VectorXf& durations,
   return true;
 }
 
-bool votePairs(Fingerprints fingerprints, const Eigen::VectorXf& durations,
+bool votePairs(std::span<const analysis::MatrixXLI> fingerprints, const Eigen::VectorXf& durations,
+               std::span<const FilePair> pairs, int mode, const std::function<void(PairVote)>& sink,
+               const std::function<bool()>& cancelled) {
+  Fingerprints packed;
+  for (const analysis::MatrixXLI& matrix : fingerprints) packed.emplace_back(matrix);
+  return votePairs(std::move(packed), durations, pairs, mode, sink, cancelled);
+}
+
+bool votePairs(std::span<const analysis::MatrixXLI> fingerprints, const Eigen::VectorXf& durations,
                const std::vector<std::vector<int>>& deviceGroups, int mode,
                const std::function<void(PairVote)>& sink, const std::function<bool()>& cancelled) {
   const Eigen::VectorXf raised = durations.array() + 1;  // as the comparison has them

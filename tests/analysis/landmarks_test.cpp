@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <random>
 
+#include "analysis/collection.h"
+
 namespace {
 
 using analysis::Landmark;
@@ -44,10 +46,9 @@ TEST(Landmarks, SortingIsStable) {
                 static_cast<std::uint8_t>(random() % 192),
                 static_cast<std::uint8_t>(random() % 8 * 27)};
   }
-  auto expected = landmarks;
-  std::ranges::stable_sort(expected, {}, analysis::hashOf);
-  analysis::sortByHash(landmarks);
-  EXPECT_EQ(landmarks, expected);
+  const analysis::MatrixXLI sorted = analysis::Collection({landmarks}).sorted().matrix();
+  std::ranges::stable_sort(landmarks, {}, analysis::hashOf);
+  EXPECT_EQ(sorted, analysis::asMatrix(landmarks, 5));
 }
 
 }  // namespace

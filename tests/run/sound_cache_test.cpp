@@ -42,8 +42,8 @@ TEST_F(SoundCacheTest, GivesBackWhatItKept) {
   ASSERT_TRUE(cache.fetchSound("key", target));
   EXPECT_EQ(readWhole(report::fromUtf8(target)), "sound");
 
-  analysis::Heard heard{analysis::MatrixXLI(3, 2), 12};
-  heard.fingerprint << 1, 2, 3, 4, 5, ~std::uint64_t(0);
+  const analysis::Heard heard{
+      analysis::PackedFingerprint(std::vector<std::uint64_t>{1, 2, ~std::uint64_t(0)}), 12};
   cache.keepHeard("key", 0.99, heard);
   EXPECT_FALSE(cache.fetchHeard("key", 0.985).has_value());
   ASSERT_TRUE(cache.fetchHeard("key", 0.99).has_value());
