@@ -7,6 +7,7 @@
 #include <map>
 
 #include "analysis/fingerprint.h"
+#include "place/pair_search.h"
 #include "place/placement.h"
 #include "vote/shortlist.h"
 #include "vote/vote_pairs.h"
@@ -95,6 +96,21 @@ Result measured(RenderedSet rendered, bool knowDevices, float tolerance) {
   for (const auto& sound : shoot.rendered.sounds)
     result.bySound.hours += double(sound.size()) / kRate / 3600;
   return result;
+}
+
+Listened listenedTo(RenderedSet rendered, bool knowDevices) {
+  constexpr float kTolerance = 0.99f;
+  const Shoot shoot = shootOf(std::move(rendered), knowDevices);
+  const auto votes = vote(shoot, fingerprints(shoot, kTolerance));
+  const align::SoundReader reader = readerOf(shoot);
+  const place::PlacementProgress progress;
+  const auto search = place::searched(shoot.recordings, votes, reader, progress);
+  Listened listened{shoot.rendered.set, shoot.recordings, search.matches(), {}};
+  const int files = int(shoot.recordings.size());
+  for (int a = 0; a < files; ++a)
+    for (int b = a + 1; b < files; ++b)
+      if (search.heard(a, b)) listened.heard.emplace_back(a, b);
+  return listened;
 }
 
 }  // namespace events

@@ -25,12 +25,6 @@ float highestElsewhere(const WindowCorrelation& window, double delay) {
   return highest;
 }
 
-double confidenceOf(const Alignment& a) {
-  const double said =
-      0.15 * a.evidence + 0.25 * std::min(a.strength, 20.0) + 1.5 * std::min(a.distinct, 3.0) - 5.5;
-  return 1 / (1 + std::exp(-said));
-}
-
 }  // namespace
 
 void summarise(Alignment& alignment, const DelayLine& line,
@@ -53,7 +47,6 @@ void summarise(Alignment& alignment, const DelayLine& line,
   alignment.strength = median(heights);
   alignment.distinct = median(distinctions);
   alignment.spreadSeconds = to - from;
-  alignment.confidence = confidenceOf(alignment);
 }
 
 // The height that windows would need to say as much if rooms did not spread their sound.
@@ -65,7 +58,6 @@ void summarise(Alignment& a, const Evidence& evidence, std::size_t windows) {
   a.distinct = 1.2;
   a.spreadSeconds = a.overlapSeconds;
   a.varies = false;
-  a.confidence = 1 - std::exp(-std::max(0.0, a.logOdds - kBeyondChance / 2));
 }
 
 bool believed(const Alignment& a) {

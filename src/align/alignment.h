@@ -29,7 +29,6 @@ struct Alignment {
   int support = 0;           // windows that support it ...
   int windows = 0;           // ... of so many
   double spreadSeconds = 0;  // from the first supporting window to the last
-  double confidence = 0;     // 0 to 1
   double logOdds = 0;        // of all windows together, see Evidence; 0 = the line said enough
   bool varies = false;       // a device was carried about: errorSeconds is how far the sound's way
                              // moves it to either side
@@ -37,7 +36,7 @@ struct Alignment {
 };
 
 /// Fills in what `line` and the windows it runs through say: strength, evidence, distinction,
-/// support, spread and confidence.
+/// support and spread.
 void summarise(Alignment& alignment, const DelayLine& line,
                std::span<const WindowCorrelation> windows);
 

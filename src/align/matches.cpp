@@ -73,7 +73,7 @@ class Examination {
   std::optional<Match> result() {
     for (auto best = plausibles_.begin(); best != plausibles_.end(); ++best) {
       const Alignment exact = best->seen.logOdds > 0 ? best->seen : best->listening.exact();
-      if (believed(exact)) return withRivals(exact, {best + 1, plausibles_.end()});
+      if (believed(exact)) return Match{exact, rivalsOf(exact, {best + 1, plausibles_.end()})};
     }
     return std::nullopt;
   }
@@ -92,15 +92,6 @@ class Examination {
     std::ranges::stable_sort(plausibles_, [](const Listened& a, const Listened& b) {
       return weightOf(a.seen) > weightOf(b.seen);
     });
-  }
-
-  // A rival that fits as well leaves a chance of one half.
-  static Match withRivals(Alignment best, std::span<const Listened> others) {
-    Match match{best, rivalsOf(best, others)};
-    double rival = 0;
-    for (const Alignment& a : match.rivals) rival = std::max(rival, weightOf(a));
-    match.best.confidence *= 1 - 0.5 * std::min(1.0, rival / weightOf(best));
-    return match;
   }
 
   static std::vector<Alignment> rivalsOf(const Alignment& best, std::span<const Listened> others) {

@@ -1,14 +1,11 @@
 #include "place/group.h"
 
 #include <algorithm>
-#include <functional>
+#include <cmath>
 #include <iterator>
 #include <utility>
 
-#include "place/ambiguous.h"
-#include "place/consistency.h"
-#include "place/growing_groups.h"
-#include "place/repeats.h"
+#include "place/bridges.h"
 #include "place/sentences.h"
 
 namespace place {
@@ -16,34 +13,9 @@ namespace {
 
 using Recordings = std::span<const align::Recording>;
 
-struct Ranked {
-  align::Match match;
-  Confirmation thirds;
-  double weight;
-};
+constexpr double kSure = 2;  // log odds from which two groups are joined
 
-// Most first: a match weighs more with every third recording that confirms it, much less with every
-// one that contradicts it.
-std::vector<Ranked> ranked(Recordings recordings, std::vector<align::Match> matches) {
-  std::ranges::sort(matches, {},
-                    [](const align::Match& m) { return std::pair(m.best.first, m.best.second); });
-  const std::vector<Confirmation> thirds = confirmations(recordings, matches);
-  std::vector<Ranked> all;
-  for (std::size_t i = 0; i < matches.size(); ++i) {
-    const double against = 1.0 + thirds[i].contradict;
-    const double weight =
-        align::weightOf(matches[i].best) * (1.0 + thirds[i].agree) / (against * against);
-    all.push_back({std::move(matches[i]), thirds[i], weight});
-  }
-  std::ranges::stable_sort(all, std::greater{}, &Ranked::weight);
-  return all;
-}
-
-// Chance rarely lets several others agree on a repetition, and hardly any contradict.
-bool confirmed(const Confirmation& thirds, const align::Match& match) {
-  const int enough = match.rivals.empty() ? 2 : 4;
-  return thirds.agree >= enough && thirds.agree >= 2 * thirds.contradict;
-}
+double probability(double logOdds) { return 1 / (1 + std::exp(-logOdds)); }
 
 // Of a match within a group the first offset that agrees becomes its best one.
 bool agreesSomehow(GrowingGroups& groups, align::Match& match) {
@@ -55,13 +27,15 @@ bool agreesSomehow(GrowingGroups& groups, align::Match& match) {
   return true;
 }
 
-std::string doubt(const align::Match& match, GrowingGroups& groups, Recordings recordings) {
+std::string doubt(const align::Match& match, Bridges& bridges, Recordings recordings) {
   const align::Alignment& a = match.best;
+  GrowingGroups& groups = bridges.groups();
   if (groups.together(a))
     return contradiction({a.first, a.second, a.offsetSeconds, a.strength},
                          groups.position(a.second) - groups.position(a.first), recordings);
   if (!groups.suitsDevices(a)) return deviceConflict(a, recordings);
-  return groups.possible(a) ? repetition(match, recordings) : othersSilent(a, recordings);
+  return bridges.ofSilence(a) < -kSure ? othersSilent(a, recordings)
+                                       : repetition(match, recordings);
 }
 
 void addGroup(Grouping& grouping, GrowingGroups& groups, int root) {
@@ -75,45 +49,80 @@ void addGroup(Grouping& grouping, GrowingGroups& groups, int root) {
   grouping.members.push_back(std::move(members));
 }
 
+/// Joins what can be joined and remembers how sure that was.
+class Forming {
+ public:
+  Forming(Recordings recordings, std::span<const align::Match> matches, const Heard& heard)
+      : recordings_(recordings),
+        heard_(heard),
+        bridges_(recordings, matches, heard),
+        logOdds_(recordings.size(), INFINITY) {}
+
+  void joinAll() {
+    while (const auto join = bridges_.likeliest(kSure)) {
+      wantTested(*join);
+      remember(*join);
+      bridges_.join(*join);
+    }
+    for (const Join& join : bridges_.open(0)) wantTested(join);
+  }
+
+  Bridges& bridges() { return bridges_; }
+  GrowingGroups& groups() { return bridges_.groups(); }
+  std::vector<Implied> untested() const { return untested_; }
+
+  // A place is as sure as what the file itself hears, and as what joined its part of the group.
+  double confidence(int file) {
+    return probability(std::min(bridges_.ofPlace(file), logOdds_[std::size_t(file)]));
+  }
+
+ private:
+  void wantTested(const Join& join) {
+    std::ranges::copy(untestedBy(join.by, groups(), recordings_, heard_),
+                      std::back_inserter(untested_));
+  }
+
+  // What joins two groups says most of the smaller.
+  void remember(const Join& join) {
+    const auto &x = groups().membersWith(join.by.first), &y = groups().membersWith(join.by.second);
+    for (const int file : x.size() < y.size() ? x : y)
+      logOdds_[std::size_t(file)] = std::min(logOdds_[std::size_t(file)], join.logOdds);
+    if (x.size() == y.size())
+      for (const int file : x)
+        logOdds_[std::size_t(file)] = std::min(logOdds_[std::size_t(file)], join.logOdds);
+  }
+
+  Recordings recordings_;
+  const Heard& heard_;
+  Bridges bridges_;
+  std::vector<double> logOdds_;  // per file, of the joins that it stands by
+  std::vector<Implied> untested_;
+};
+
 }  // namespace
 
 Grouping formGroups(Recordings recordings, std::vector<align::Match> matches, const Heard& heard) {
-  GrowingGroups groups(recordings);
+  std::ranges::sort(matches, {},
+                    [](const align::Match& m) { return std::pair(m.best.first, m.best.second); });
+  Forming forming(recordings, matches, heard);
+  forming.joinAll();
+  GrowingGroups& groups = forming.groups();
   Grouping grouping;
   grouping.position.resize(recordings.size(), 0.0);
   grouping.groupOf.resize(recordings.size(), -1);
-  std::vector<align::Match> open;
-  const ImpliedOverlaps overlaps(recordings, matches, heard);
-  groups.require([&](const align::Alignment& a) { return overlaps.bearOut(a, groups); });
-  const auto join = [&](const align::Alignment& a) {
-    std::ranges::copy(overlaps.untested(a, groups), std::back_inserter(grouping.untested));
-    groups.join(a);
-  };
-  dropMereRepeats(matches);
-  std::vector<align::Match> ambiguous = takeAmbiguous(matches, recordings);
-  for (auto& [match, thirds, weight] : ranked(recordings, std::move(matches))) {
-    const bool together = groups.together(match.best);
-    const bool joins = !together && ((confirmed(thirds, match) && groups.possible(match.best)) ||
-                                     standsOut(match, groups));
-    if (joins) join(match.best);
-    if (joins || (together && agreesSomehow(groups, match)))
-      grouping.kept.push_back(std::move(match));
-    else
-      open.push_back(std::move(match));
-  }
-  joinByConsensus(open, grouping.kept, groups);
-  joinByImpliedOverlaps(ambiguous, grouping.kept, groups, recordings);
-  std::ranges::move(ambiguous, std::back_inserter(open));
-  for (align::Match& match : open) {
+  grouping.untested = forming.untested();
+  for (align::Match& match : matches) {
     if (groups.together(match.best) && agreesSomehow(groups, match)) {
       grouping.kept.push_back(std::move(match));
       continue;
     }
-    grouping.doubts.push_back(doubt(match, groups, recordings));
+    grouping.doubts.push_back(doubt(match, forming.bridges(), recordings));
     if (!groups.together(match.best)) grouping.undecided.push_back({match, grouping.doubts.back()});
   }
-  for (int file = 0; file < std::ssize(recordings); ++file)
+  for (int file = 0; file < std::ssize(recordings); ++file) {
     if (groups.group(file) == file) addGroup(grouping, groups, file);
+    grouping.confidence.push_back(forming.confidence(file));
+  }
   return grouping;
 }
 

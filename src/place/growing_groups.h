@@ -1,8 +1,6 @@
 #pragma once
 
-#include <functional>
 #include <span>
-#include <utility>
 #include <vector>
 
 #include "align/alignment.h"
@@ -29,16 +27,6 @@ class GrowingGroups {
   /// one device over each other.
   bool suitsDevices(const align::Alignment& a);
 
-  /// Whether the alignment can be right as far as is known: it suits the devices, and what else is
-  /// required of those that join groups.
-  bool possible(const align::Alignment& a) {
-    return suitsDevices(a) && (together(a) || !required_ || required_(a));
-  }
-
-  void require(std::function<bool(const align::Alignment&)> required) {
-    required_ = std::move(required);
-  }
-
   /// Lays the two groups over each other.
   void join(const align::Alignment& a);
 
@@ -55,7 +43,6 @@ class GrowingGroups {
   double overlapOnDevice(int x, int y, double shift);
 
   std::span<const align::Recording> recordings_;
-  std::function<bool(const align::Alignment&)> required_;
   OffsetForest forest_;
   std::vector<std::vector<int>> members_;  // by the group's root
 };

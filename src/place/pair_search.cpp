@@ -23,7 +23,6 @@ constexpr std::size_t kSmallSet = 12;  // recordings; in smaller sets every pair
 constexpr int kEnough = 2;             // sure matches of a recording, after which more add little
 constexpr double kSureIfUnique = 10;   // strength enough where the sound fits at one offset only
 constexpr double kMuchAlike = 4.5;     // resemblance of envelopes that chance hardly ever gives
-constexpr int kAskedOfABridge = 6;     // implied pairs that tell a repetition from a right bridge
 constexpr double kConfirms = 0.3;      // seconds; a candidates so near speaks for a known position
 constexpr double kImpliedOverlap = 6;  // seconds two members must share to be worth a look
 
@@ -201,39 +200,13 @@ void PairSearch::addOtherOffsets(std::span<vote::PairCandidates> candidates) {
     std::ranges::copy(others[i].offsets, std::back_inserter(candidates[i].offsets));
 }
 
-bool PairSearch::tryBridges(const Grouping& grouping) {
-  if (!devicesKnown(recordings_)) return false;
-  GrowingGroups groups(recordings_);
-  connected_ = OffsetForest(static_cast<int>(recordings_.size()));
-  for (const align::Match& match : grouping.kept)
-    if (!groups.together(match.best)) {
-      groups.join(match.best);
-      connected_.join(match.best.first, match.best.second, match.best.offsetSeconds);
-    }
-  std::vector<vote::PairCandidates> implied;
-  std::map<std::pair<int, int>, int> asked;  // by groups
-  for (const Unused& open : grouping.undecided) {
-    const align::Alignment& bridge = open.match.best;
-    if (!open.match.rivals.empty()) continue;  // what else repeats would seem to bear it out
-    int& count = asked[std::minmax(groups.group(bridge.first), groups.group(bridge.second))];
-    for (const Implied& pair : impliedBy(bridge, groups, recordings_))
-      if (count < kAskedOfABridge && !heard(pair.first, pair.second)) {
-        ++count;
-        implied.push_back({pair.first, pair.second, {pair.offsetSeconds}, pair.overlapSeconds});
-      }
-  }
-  addOtherOffsets(implied);
-  const std::size_t before = matches_.size();
-  listen(implied, align::examine, implied.size() + 1);
-  return matches_.size() > before;
-}
-
 bool PairSearch::testJoins(const Grouping& grouping) {
   connected_ = OffsetForest(static_cast<int>(recordings_.size()));
   std::vector<vote::PairCandidates> implied;
   for (const Implied& pair : grouping.untested)
     if (!heard(pair.first, pair.second))
       implied.push_back({pair.first, pair.second, {pair.offsetSeconds}, pair.overlapSeconds});
+  addOtherOffsets(implied);
   listen(implied, align::examine, implied.size() + 1);
   return !implied.empty();
 }

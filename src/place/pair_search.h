@@ -31,14 +31,10 @@ class PairSearch {
   /// single window said anything: far microphones, big halls.
   void listenFaintly();
 
-  /// Listens to what undecided matches between two groups imply: if they are right, other members
-  /// must hear each other too. Whether anything was found that was not known.
-  bool tryBridges(const Grouping& grouping);
-
   /// Whether the pair was listened to.
   bool heard(int a, int b) const { return heard_.contains(std::minmax(a, b)); }
 
-  /// Listens to what the joins of the groups imply and nobody tried yet. Whether there was any.
+  /// Listens to what would decide more of the groups' joins. Whether there was anything.
   bool testJoins(const Grouping& grouping);
 
   /// Listens to members of a group that hang on one match and must hear by their places what others
@@ -74,5 +70,10 @@ class PairSearch {
   std::vector<align::Match> matches_;
   std::vector<vote::PairCandidates> silent_;  // listened to without success
 };
+
+/// All of it in turn, for a set's votes.
+PairSearch searched(std::span<const align::Recording> recordings,
+                    std::span<const vote::PairVote> votes, const align::SoundReader& sound,
+                    const PlacementProgress& progress);
 
 }  // namespace place

@@ -12,19 +12,16 @@ namespace {
 
 constexpr double kPadding = 0.010;  // seconds; shorter overlaps on a device are moved apart
 
-// With whom it was matched, and how surely all those matches together place it.
+// With whom it was matched, those first with whom it fits best.
 void describe(Placed& placed, std::span<const align::Match> matches) {
   std::vector<std::pair<double, int>> others;
-  double wrong = 1;
   for (const align::Match& m : matches) {
     if (m.best.first != placed.file && m.best.second != placed.file) continue;
     others.emplace_back(-align::weightOf(m.best),
                         m.best.first == placed.file ? m.best.second : m.best.first);
-    wrong *= 1 - m.best.confidence;
   }
   std::ranges::sort(others);
   for (const auto& [weight, file] : others) placed.matchedWith.push_back(file);
-  placed.confidence = 1 - wrong;
 }
 
 // A device's files follow one another; by the estimates' errors they may overlap a little.
@@ -55,8 +52,12 @@ PlacedGroup placedGroup(const Grouping& grouping, int index,
   const Positions positions = solvePositions(recordings, members, matches);
   PlacedGroup group;
   for (std::size_t i = 0; i < members.size(); ++i) {
-    Placed placed{
-        members[i], positions.seconds[i], 0, positions.errorSeconds[i], positions.driftPpm[i], {}};
+    Placed placed{members[i],
+                  positions.seconds[i],
+                  grouping.confidence[std::size_t(members[i])],
+                  positions.errorSeconds[i],
+                  positions.driftPpm[i],
+                  {}};
     placed.oneClockShift = positions.oneClockShift[i];
     describe(placed, matches);
     group.members.push_back(std::move(placed));

@@ -70,7 +70,7 @@ Match match(int first, int second, double offset, double strength, std::vector<d
   const auto alignment = [&](double at) {
     Alignment a{.first = first, .second = second, .offsetSeconds = at};
     a.strength = strength, a.distinct = 3, a.support = a.windows = 10;
-    a.confidence = 0.99, a.overlapSeconds = 50;
+    a.overlapSeconds = 50;
     return a;
   };
   Match m{alignment(offset), {}};
