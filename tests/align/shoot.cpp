@@ -69,8 +69,8 @@ std::vector<float> waiting(unsigned seed, double seconds, float deep) {
 Match match(int first, int second, double offset, double strength, std::vector<double> rivals) {
   const auto alignment = [&](double at) {
     Alignment a{.first = first, .second = second, .offsetSeconds = at};
-    a.strength = strength, a.distinct = 3, a.support = a.windows = 10;
-    a.overlapSeconds = 50;
+    a.strength = strength, a.distinct = 1 + strength / 20, a.support = a.windows = 10;
+    a.overlapSeconds = 50, a.spreadSeconds = 45;
     return a;
   };
   Match m{alignment(offset), {}};

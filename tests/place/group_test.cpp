@@ -36,7 +36,7 @@ TEST(FormGroups, TakesTheRivalThatAgrees) {
 
 TEST(FormGroups, NeverLaysADevicesFilesOverEachOther) {
   const auto recordings = fourMinutesEach({7, 7, -1});
-  const Grouping grouping = formGroups(recordings, {match(0, 2, 10, 40), match(1, 2, 20, 30)});
+  const Grouping grouping = formGroups(recordings, {match(0, 2, 10, 40), match(1, 2, 20, 15)});
   EXPECT_EQ(grouping.members, (std::vector<std::vector<int>>{{0, 2}}));
   EXPECT_EQ(grouping.doubts.size(), 1u);
   ASSERT_EQ(grouping.undecided.size(), 1u);
@@ -74,12 +74,13 @@ TEST(FormGroups, RepetitionsAreDecidedByAllMatchesOfTwoGroups) {
 
 TEST(FormGroups, PartOfWhatTheRecordingsShareWithOthersDecidesNothing) {
   const auto recordings = fourMinutesEach({-1, -1, -1, -1});
-  const auto groups = [&](const Match& bridge) {
+  const auto groups = [&](Match bridge, int support) {
+    bridge.best.support = support;
     return formGroups(recordings, {match(0, 1, 10, 40), match(2, 3, 7, 40), bridge}).members.size();
   };
-  EXPECT_EQ(groups(match(1, 2, 20, 30)), 1u);
-  EXPECT_EQ(groups(match(1, 2, 20, 9)), 2u);
-  EXPECT_EQ(groups(match(1, 2, 20, 15, {26})), 2u);
+  EXPECT_EQ(groups(match(1, 2, 20, 30), 10), 1u);
+  EXPECT_EQ(groups(match(1, 2, 20, 10), 6), 2u);  // speech between
+  EXPECT_EQ(groups(match(1, 2, 20, 15, {26}), 10), 2u);
 }
 
 // Two groups of three that one match would lay over each other: the other eight pairs must then
@@ -88,7 +89,7 @@ TEST(FormGroups, JoinsOnlyWhatTheImpliedOverlapsBearOut) {
   const auto recordings = fourMinutesEach({-1, -1, -1, -1, -1, -1});
   std::vector<Match> matches{match(0, 1, 5, 40), match(1, 2, 5, 40), match(0, 2, 10, 40),
                              match(3, 4, 5, 40), match(4, 5, 5, 40), match(3, 5, 10, 40),
-                             match(0, 3, 50, 30)};
+                             match(0, 3, 50, 20)};
   const auto told = [](int, int) { return true; };
   const auto within = [](int a, int b) { return a / 3 == b / 3 || a + b == 3; };
   const Grouping untold = formGroups(recordings, matches, within);
@@ -101,7 +102,7 @@ TEST(FormGroups, JoinsOnlyWhatTheImpliedOverlapsBearOut) {
 
   for (const int a : {0, 1, 2})
     for (const int b : {3, 4, 5})
-      if (a != 0 || b != 3) matches.push_back(match(a, b, 50 + 5 * (b - 3) - 5 * a, 30));
+      if (a != 0 || b != 3) matches.push_back(match(a, b, 50 + 5 * (b - 3) - 5 * a, 20));
   const Grouping joined = formGroups(recordings, matches, told);
   EXPECT_EQ(joined.members.size(), 1u);
   EXPECT_GT(joined.confidence[0], untold.confidence[0]);
