@@ -1,6 +1,7 @@
 #include "place/placed_groups.h"
 
 #include <algorithm>
+#include <cmath>
 #include <map>
 #include <utility>
 
@@ -37,6 +38,7 @@ void moveDevicesApart(PlacedGroup& group, std::span<const align::Recording> reco
       if (overlap > 0 && overlap < kPadding) {
         p.offsetSeconds += overlap;
         if (p.oneClockShift) *p.oneClockShift -= overlap;
+        p.errorSeconds = std::hypot(p.errorSeconds.value_or(0), overlap);
       }
     }
     last[device] = &p;

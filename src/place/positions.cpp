@@ -120,10 +120,11 @@ void solveDrift(const Numbering& numbers, std::span<const align::Match> matches,
 }
 
 // A position's own error is that of its surest matches, not its distance from a far anchor. How far
-// a carried device is off is no chance that many matches make up for.
+// a carried device is off is no chance that many matches make up for; nor is it how far all matches
+// of one that drifts, and cannot be stretched, lie from what they should be.
 void estimateErrors(const Numbering& numbers, std::span<const Equation> equations, Positions& out) {
   struct Sum {
-    double weights = 0, squares = 0;
+    double weights = 0, squares = 0, off = 0;  // sums over its matches
     int varying = 0, all = 0;
   };
   std::vector<Sum> sums(numbers.member.size());
@@ -135,6 +136,7 @@ void estimateErrors(const Numbering& numbers, std::span<const Equation> equation
       Sum& sum = sums[std::size_t(unknown)];
       sum.weights += 1 / square;
       sum.squares += square;
+      sum.off += off * off;
       sum.varying += e.varies;
       ++sum.all;
     }
@@ -143,7 +145,7 @@ void estimateErrors(const Numbering& numbers, std::span<const Equation> equation
     const bool carried = 2 * sum.varying > sum.all;
     out.errorSeconds.push_back(sum.all == 0 ? 1.0
                                : carried    ? std::sqrt(sum.squares / sum.all)
-                                            : 1 / std::sqrt(sum.weights));
+                                            : std::sqrt(1 / sum.weights + sum.off / sum.all));
   }
 }
 
