@@ -64,7 +64,9 @@ TEST(FormGroups, RepetitionsAreDecidedByAllMatchesOfTwoGroups) {
     matches.back().rivals[0].strength = 34;
   };
   addRepetition(0, 30, 42);
-  EXPECT_EQ(formGroups(recordings, matches).members[0].size(), 3u);
+  const Grouping open = formGroups(recordings, matches);
+  ASSERT_EQ(open.members.size(), 1u);
+  EXPECT_EQ(open.members[0].size(), 3u);
   addRepetition(1, 20, 14);
   addRepetition(2, 25, 28);
   const Grouping decided = formGroups(recordings, matches);
@@ -81,6 +83,18 @@ TEST(FormGroups, PartOfWhatTheRecordingsShareWithOthersDecidesNothing) {
   EXPECT_EQ(groups(match(1, 2, 20, 30), 10), 1u);
   EXPECT_EQ(groups(match(1, 2, 20, 10), 6), 2u);  // speech between
   EXPECT_EQ(groups(match(1, 2, 20, 15, {26}), 10), 2u);
+}
+
+// What may repeat leaves its recordings less sure, however sure the others are.
+TEST(FormGroups, ConfidenceIsEachRecordingsOwn) {
+  const auto recordings = fourMinutesEach({-1, -1, -1});
+  Match faint = match(0, 2, 20, 14);
+  faint.best.support = 8, faint.best.overlapSeconds = 20, faint.best.spreadSeconds = 18;
+  const Grouping grouping = formGroups(recordings, {match(0, 1, 10, 40), faint});
+  ASSERT_EQ(grouping.members.size(), 1u);
+  EXPECT_GT(grouping.confidence[1], 0.99);
+  EXPECT_LT(grouping.confidence[2], grouping.confidence[1]);
+  EXPECT_GT(grouping.confidence[2], 0.5);
 }
 
 // Two groups of three that one match would lay over each other: the other eight pairs must then
