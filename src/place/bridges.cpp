@@ -10,7 +10,7 @@ namespace place {
 namespace {
 
 constexpr std::size_t kWays = 40;   // in which two groups may lie, likeliest first
-constexpr std::size_t kTested = 5;  // of them; others are hardly ever likelier
+constexpr std::size_t kTested = 5;  // of them at least; others are hardly ever likelier
 constexpr double kImpossible = -1e9;
 
 // The log odds of the first against all others, and against none of them being right.
@@ -124,7 +124,8 @@ std::vector<double> Bridges::waysRound(const Groups& groups, const Shift& shift)
     const double allowed =
         2 * (there.by.errorSeconds + on.by.errorSeconds + shift.by->errorSeconds);
     const double longest = std::max({there.by.overlapSeconds, on.by.overlapSeconds});
-    if (std::abs(off) > 2 * offsetTolerance(longest) + allowed)
+    if (std::abs(off) > 2 * offsetTolerance(longest) + allowed && groups_.suitsDevices(there.by) &&
+        groups_.suitsDevices(on.by))
       odds.push_back(std::min(there.logOdds, on.logOdds));
   }
   return odds;
@@ -132,9 +133,13 @@ std::vector<double> Bridges::waysRound(const Groups& groups, const Shift& shift)
 
 void Bridges::test(const Groups& groups, Bridge& bridge) {
   std::vector<Shift> all = shifts(groups, bridge);
-  for (std::size_t i = 0; i < std::min(kTested, all.size()); ++i)
-    all[i].logOdds += ofSilence(*all[i].by);
-  std::ranges::stable_sort(all, std::greater{}, &Shift::logOdds);
+  for (std::size_t tested = 0; tested < std::min(kTested, all.size()) || !all.front().tested;
+       ++tested) {
+    Shift& likeliest = *std::ranges::find(all, false, &Shift::tested);
+    likeliest.logOdds += ofSilence(*likeliest.by);
+    likeliest.tested = true;
+    std::ranges::stable_sort(all, std::greater{}, &Shift::logOdds);
+  }
   std::vector<double> others = waysRound(groups, all.front());
   for (const Shift& shift : std::span(all).subspan(1))
     if (std::abs(shift.seconds - all.front().seconds) > 2 * kSameOffset)

@@ -60,6 +60,7 @@ class Bridges {
   struct Shift {
     double seconds, logOdds;
     const align::Alignment* by;
+    bool tested = false;  // whether devices and silence count already
   };
   struct Bridge {
     std::vector<int> matches;  // indices

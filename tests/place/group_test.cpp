@@ -44,6 +44,20 @@ TEST(FormGroups, NeverLaysADevicesFilesOverEachOther) {
   EXPECT_NE(grouping.undecided[0].why.find("of one device"), std::string::npos);
 }
 
+// Eight recordings that stand with 0 say eight different things of 1, all of them impossible.
+TEST(FormGroups, NoneOfManyWaysLaysADevicesFilesOverEachOther) {
+  const auto recordings = fourMinutesEach({7, 7, -1, -1, -1, -1, -1, -1, -1, -1});
+  std::vector<Match> matches;
+  for (const int file : {2, 3, 4, 5, 6, 7, 8, 9}) {
+    matches.push_back(match(0, file, 0, 60));
+    matches.push_back(match(1, file, 20.0 * file - 60, 30));
+    matches.back().best.support = 7;
+  }
+  const Grouping grouping = formGroups(recordings, matches);
+  ASSERT_EQ(grouping.members.size(), 1u);
+  EXPECT_EQ(grouping.members[0], (std::vector{0, 2, 3, 4, 5, 6, 7, 8, 9}));
+}
+
 TEST(FormGroups, LeavesAloneWhatFitsAtSeveralOffsetsAlike) {
   const auto recordings = fourMinutesEach({-1, -1, -1});
   const Grouping grouping =
