@@ -72,7 +72,13 @@ bool beginsLikeMovie(const std::string& file) {
 
 std::optional<Why> fromStart(const Entry& entry) {
   if (!entry.refusal.empty()) return Why{entry.refusal, entry.remedy};
-  const std::string& error = entry.conversion.started.error;
+  const ProcessResult& result = entry.conversion;
+  if (hadNoMemory(result))
+    return Why{"there was not enough memory for ffmpeg, which reads its sound",
+               "Close other programs, then start again; if that does not help, copy it again from "
+               "the camera."};
+  const std::string error =
+      result.started.ok() ? report::printable(brokenPartOf(result)) : result.started.error;
   if (error.empty()) return std::nullopt;
   return Why{"ffmpeg, which reads its sound, is missing or does not start (" + error + ")",
              kFfmpegRemedy};
@@ -87,6 +93,9 @@ std::optional<Why> fromOutside(const ProcessResult& result) {
     return Why{
         "reading it came to a halt for minutes",
         "Check its drive or network share; copy the file to another drive and add the copy."};
+  if (hasCrashed(result))
+    return Why{"ffmpeg crashed at its sound",
+               "Check that it plays; convert its sound to WAV with another program and add that."};
   if (result.signal != 0)
     return Why{"ffmpeg was ended by the system or another program before it was done",
                "Start again; close other programs if memory is short."};

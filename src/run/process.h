@@ -30,10 +30,17 @@ struct ProcessResult {
 };
 
 /// Whether it failed for want of room on a drive.
-inline bool hadNoRoom(const ProcessResult& result) {
-  return result.driveFull || result.messages.find("No space left") != std::string::npos ||
-         result.messages.find("Disk quota exceeded") != std::string::npos;
-}
+bool hadNoRoom(const ProcessResult& result);
+
+/// Whether it could not begin or go on for want of memory.
+bool hadNoMemory(const ProcessResult& result);
+
+/// What the system says of a part of the program itself that is missing or cannot be used; empty
+/// if the program came to its own first line.
+std::string brokenPartOf(const ProcessResult& result);
+
+/// Whether it came to grief by a fault of its own.
+bool hasCrashed(const ProcessResult& result);
 
 /// Starts outside programs. There is one implementation per platform; tests bring their own.
 class ProcessRunner {

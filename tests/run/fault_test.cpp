@@ -89,6 +89,10 @@ TEST(Faults, WhatFfmpegDidNotConvertToTheEndIsLeftOut) {
   const std::pair<const char*, const char*> cases[] = {
       {"real 20; echo 'Conversion failed!' >&2; exit 1", "ffmpeg failed at its sound (Conversion"},
       {"real 20; kill -9 $$", "ended by the system"},
+      {"real 20; kill -SEGV $$", "ffmpeg crashed"},
+      {"ulimit -v 20000; real 30; exit $?", "not enough memory for ffmpeg"},
+      {"echo 'ffmpeg: error while loading shared libraries: libx.so: no such file' >&2; exit 127",
+       "does not start (libx.so: no such file)"},
       {"real 5", "most of its sound is missing"},
       {"head -c 9000 /dev/urandom > \"$out\"", "most of its sound is missing"},
       {"real 20; echo 'av_interleaved_write_frame(): No space left on device' >&2", "no room"},
