@@ -9,6 +9,8 @@ namespace app {
 namespace {
 
 report::StandardOutput console;
+run::SystemDesktop systemDesktop;
+run::Desktop* desktop = &systemDesktop;
 
 run::Options optionsOf(const RunRequest& request) {
   run::Options options;
@@ -23,7 +25,8 @@ run::Options optionsOf(const RunRequest& request) {
 /// A run together with the services that it refers to.
 struct CoreRun {
   CoreRun(const RunRequest& request, run::Progress& progress, const std::atomic<bool>& cancelled)
-      : sync(services.withCache(console, progress, cancelled), optionsOf(request)) {}
+      : services(*desktop),
+        sync(services.withCache(console, progress, cancelled), optionsOf(request)) {}
 
   run::SystemServices services;
   run::SyncRun sync;
@@ -45,7 +48,7 @@ RunAnswer runCore(const RunRequest& request, run::Progress& progress,
 
 std::vector<std::string> convertCore(const std::vector<std::string>& videofiles,
                                      run::Progress& progress, const std::atomic<bool>& cancelled) {
-  run::SystemServices services;
+  run::SystemServices services(*desktop);
   return run::resemplirajgi8000(videofiles, services.with(console, progress, cancelled));
 }
 
@@ -62,16 +65,17 @@ class NoProgress final : public run::Progress {
 
 run::Outcome exportCore(const project::Project& project, const std::string& folder,
                         const std::atomic<bool>& cancelled) {
-  run::SystemServices services;
+  run::SystemServices services(*desktop);
   NoProgress progress;
   return run::exportDocuments(project, folder, services.withCache(console, progress, cancelled));
 }
 
 void reportCore(const std::vector<std::string>& result) {
-  run::SystemDesktop desktop;
-  (void)report::reportRun(result, console, [&desktop](const std::string& command) {
-    desktop.command(command);
+  (void)report::reportRun(result, console, [](const std::string& command) {
+    desktop->command(command);
   });  // the window shows the result too
 }
+
+void useDesktop(run::Desktop& other) { desktop = &other; }
 
 }  // namespace app

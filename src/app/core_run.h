@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "app/run_job.h"
+#include "run/desktop.h"
 
 namespace app {
 
@@ -23,5 +24,8 @@ run::Outcome exportCore(const project::Project& project, const std::string& fold
 
 /// Writes the end-of-run report and shows it and the results to the user.
 void reportCore(const std::vector<std::string>& result);
+
+/// Has all of the above use another desktop than the system's, one that lives on.
+void useDesktop(run::Desktop& desktop);
 
 }  // namespace app

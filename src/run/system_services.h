@@ -14,6 +14,10 @@ namespace run {
 /// The outside world of this computer, for the window and the command line alike.
 class SystemServices {
  public:
+  SystemServices() = default;
+  /// With another desktop than the system's, which must outlive this object.
+  explicit SystemServices(Desktop& desktop) : desktop_(desktop) {}
+
   /// What a run needs; refers to this object and the arguments, which must outlive the run.
   Services with(report::Console& console, Progress& progress, const std::atomic<bool>& cancelled) {
     return {processes_, probe_, clock_, desktop_, console, progress, cancelled};
@@ -33,7 +37,8 @@ class SystemServices {
   SystemProcesses processes_;
   MediaInfoProbe probe_;
   SystemClock clock_;
-  SystemDesktop desktop_;
+  SystemDesktop systemDesktop_;
+  Desktop& desktop_ = systemDesktop_;
   SoundCache cache_{""};
 };
 

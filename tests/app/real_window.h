@@ -24,6 +24,7 @@
 #include "app/start_up.h"
 #include "app/workspace.h"
 #include "report/profile.h"
+#include "tests/app/shown.h"
 #include "tests/awkward_names.h"
 #include "tests/run/media.h"
 
@@ -52,6 +53,7 @@ class RealWindow : public testing::Test {
     QDir().mkpath(QString::fromStdString(folder_.file("profile")));
     before_ = QDir::currentPath();
     QDir::setCurrent(QString::fromStdString(folder_.file("")));
+    shownDesktop() = {};
     app::runSession().setJob(app::runCore);
     QSettings().clear();
     app::workspace().clear();

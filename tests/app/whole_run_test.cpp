@@ -31,6 +31,12 @@ TEST_F(WholeRun, AClickLeadsToTheFinishedTimeline) {
                 starts[static_cast<std::size_t>(app::fileModel.entries().indexOf(path))], 0.06);
   }
   EXPECT_EQ(filesBesideSources(), 3) << "nothing is left beside the sources";
+  EXPECT_EQ(
+      std::ranges::count_if(shownDesktop().commands,
+                            [](const std::string& line) { return line.starts_with("explorer "); }),
+      3)
+      << "the folder and the two reports in it";
+  EXPECT_EQ(shownDesktop().shown, std::vector{folder_.file("profile/Desktop/SYNCED")});
   click("newSync");
   EXPECT_EQ(phase(), "idle");
   EXPECT_TRUE(item("startButton")->isEnabled());

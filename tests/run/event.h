@@ -9,9 +9,9 @@
 #include "report/disk.h"
 #include "report/profile.h"
 #include "run/clock.h"
-#include "run/desktop.h"
 #include "run/media_probe.h"
 #include "run/sync_run.h"
+#include "tests/quiet_desktop.h"
 
 /// Stands still, so that documents get the same names in every test.
 class StillClock final : public run::Clock {
@@ -19,22 +19,6 @@ class StillClock final : public run::Clock {
   std::string timeOfDay() override { return now; }
 
   std::string now = "14:05:09";
-};
-
-/// Keeps what it was asked to show.
-class QuietDesktop final : public run::Desktop {
- public:
-  void command(const std::string& line) override { commands.push_back(line); }
-  void show(const std::string& path) override { shown.push_back(path); }
-
-  std::string movedTo() override { return moved; }
-  bool putShortcut(const std::string& target, const std::string& place) override {
-    shortcuts.push_back(place + " -> " + target);
-    return moved.ends_with("Desktop");
-  }
-
-  std::vector<std::string> commands, shown, shortcuts;
-  std::string moved;
 };
 
 /// A profile folder, a media folder and a working folder of their own, and all that a run needs:
