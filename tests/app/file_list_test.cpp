@@ -103,8 +103,9 @@ TEST_F(FileList, OnlyTheTypeRoleHasData) {
 }
 
 app::MediaFacts fakeFacts(const QString& path) {
-  if (path.endsWith(".mov")) return {true, 25, 1920, 1080, 61, {}};
-  return {path.endsWith(".wav"), 0, 0, 0, 3600, {}};
+  if (path.endsWith(".mov")) return {true, 25, 1920, 1080, 61, {}, true};
+  if (path.endsWith(".mxf")) return {.asked = false};
+  return {path.endsWith(".wav"), 0, 0, 0, 3600, {}, true};
 }
 
 /// The bins over the workspace, whose list is the bridge's.
@@ -145,6 +146,21 @@ TEST_F(BinsTest, FoldersBecomeDevicesAndTheListBelowHasTheirMarkers) {
   app::workspace().addFiles({"/x/Cam 1/b.mov", "/x/Cam 1/d.mov"}, false);
   EXPECT_EQ(text(), "Cam 1: a.mov b.mov d.mov | Cam 2: c.mov | x: z.wav")
       << "a card that was forgotten";
+}
+
+TEST_F(BinsTest, AFileThatSaysNothingIsToldFromALibraryThatIsMissing) {
+  app::workspace().clear();
+  app::workspace().addFiles({"/x/a.mov", "/x/b.mp4", "/x/c.mxf"}, false);
+  QMap<QString, QString> problems;
+  ASSERT_TRUE(QTest::qWaitFor([&] {
+    for (int row = 0; row < bins_.rowCount(); ++row)
+      problems[at(row, app::BinModel::NameRole).toString()] =
+          at(row, app::BinModel::ProblemRole).toString();
+    return problems["b.mp4"] != "" && problems["c.mxf"] != "";
+  }));
+  EXPECT_EQ(problems["a.mov"], "");
+  EXPECT_EQ(problems["b.mp4"], "not readable as media");
+  EXPECT_EQ(problems["c.mxf"], "MediaInfo is missing");
 }
 
 TEST_F(BinsTest, WhatTheBridgeAddsIsShown) {

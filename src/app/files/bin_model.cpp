@@ -107,7 +107,8 @@ QVariant BinModel::recordingData(const project::Recording& recording, int role) 
       return facts && facts->seconds > 0 ? clockText(facts->seconds) : QString();
     case ProblemRole:
       if (isRefusedSound(pathOf(recording))) return tr("convert it to WAV first");
-      return !facts || facts->readable ? QString() : tr("not readable as media");
+      if (!facts || facts->readable) return QString();
+      return facts->asked ? tr("not readable as media") : tr("MediaInfo is missing");
     default:
       return {};
   }

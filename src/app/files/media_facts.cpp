@@ -37,6 +37,7 @@ namespace {
 
 MediaFacts askMediaInfo(const QString& path) {
   static run::MediaInfoProbe probe;
+  if (!probe.available()) return {.asked = false};
   const run::MediaProperties found = probe.query(path.toStdString());
   const double rate = QString::fromStdString(found.frameRate).toDouble();
   const project::Picture picture = found.facts.picture.value_or(project::Picture{});
@@ -46,7 +47,8 @@ MediaFacts askMediaInfo(const QString& path) {
           picture.height,
           std::max(
               {found.facts.lengthSeconds, picture.lengthSeconds, found.firstSound().lengthSeconds}),
-          QString::fromStdString(found.facts.deviceModel).simplified()};
+          QString::fromStdString(found.facts.deviceModel).simplified(),
+          true};
 }
 
 }  // namespace

@@ -15,7 +15,8 @@ struct MediaFacts {
   double frameRate = 0;  // frames per second; 0 for sound
   int width = 0, height = 0;
   double seconds = 0;
-  QString model;  // of the camera or recorder
+  QString model;      // of the camera or recorder
+  bool asked = true;  // false: the library that would know is missing
 };
 
 /// Finds out about files in the background, one at a time, and remembers. GUI thread only.

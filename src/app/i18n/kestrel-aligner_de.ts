@@ -1000,6 +1000,10 @@
         <source>not readable as media</source>
         <translation>nicht als Medium lesbar</translation>
     </message>
+    <message>
+        <source>MediaInfo is missing</source>
+        <translation>MediaInfo fehlt</translation>
+    </message>
 </context>
 <context>
     <name>app::DocumentTexts</name>
