@@ -5,6 +5,8 @@
 
 namespace report {
 
+std::string withSystemLineEnds(std::string_view text) { return std::string(text); }
+
 void appendWholeLine(const std::filesystem::path& path, std::string_view line) {
   std::string whole(line);
   whole += '\n';

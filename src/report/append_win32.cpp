@@ -7,24 +7,19 @@
 
 namespace report {
 
-namespace {
-
-/// All lines of the file end alike, also those that `text` brings along.
 std::string withSystemLineEnds(std::string_view text) {
   std::string result;
   for (const char character : text) {
     if (character == '\n' && !result.ends_with('\r')) result += '\r';
     result += character;
   }
-  return result + "\r\n";
+  return result;
 }
-
-}  // namespace
 
 // A stream opened for appending looks for the end and then writes: two steps. A handle that may
 // only append does both in one, for every process; the lock is for Wine, which does not.
 void appendWholeLine(const std::filesystem::path& path, std::string_view line) {
-  const std::string whole = withSystemLineEnds(line);
+  const std::string whole = withSystemLineEnds(line) + "\r\n";
   static std::mutex oneAtATime;
   const std::lock_guard lock(oneAtATime);
   HANDLE file = CreateFileW(path.c_str(), FILE_APPEND_DATA, FILE_SHARE_READ | FILE_SHARE_WRITE,

@@ -25,7 +25,7 @@ void appendTempResultsLine(std::string line) { appendLine(kTempResultsFile, line
 void appendRead2SyncLine(std::string line) { appendLine(kRead2SyncFile, line); }
 
 Status replaceRead2SyncFile(const std::string& page) {
-  return writeWhole(diagnosticFile(kRead2SyncFile), page);
+  return writeWhole(diagnosticFile(kRead2SyncFile), withSystemLineEnds(page));
 }
 
 void removeRead2SyncFile() { removeFile(diagnosticFile(kRead2SyncFile)); }

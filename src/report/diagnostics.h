@@ -20,7 +20,8 @@ void appendLogLine(std::string line);
 void appendTempResultsLine(std::string line);
 void appendRead2SyncLine(std::string line);
 
-/// Puts `page` in the place of READ2SYNC.txt, which stays as it was when that fails.
+/// Puts `page`, with this system's line ends, in the place of READ2SYNC.txt, which stays as it was
+/// when that fails.
 Status replaceRead2SyncFile(const std::string& page);
 
 /// Each deletes its file; a missing one is no error.

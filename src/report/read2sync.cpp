@@ -1,5 +1,6 @@
 #include "report/read2sync.h"
 
+#include "report/profile.h"
 #include "report/summary.h"
 #include "report/text.h"
 
@@ -68,7 +69,9 @@ std::string read2syncPage(const Outcome& outcome, const RunSettings& settings) {
   if (!matches.empty()) text += "Matched\n" + matches + '\n';
   if (!outcome.unsynced.empty()) text += kWhatToTry;
   text += listText("Please note", outcome.notices);
-  text += listText("Documents", outcome.outputs);
+  std::vector<std::string> documents;
+  for (const std::string& path : outcome.outputs) documents.push_back(nativeSlashes(path));
+  text += listText("Documents", documents);
   text += settingsText(settings);
   text.pop_back();  // the empty line after the last part
   return text;

@@ -18,6 +18,17 @@ TEST_F(Diagnostics, LinesAreAppendedInOrderToTheirOwnFile) {
   EXPECT_EQ(content("/Desktop/SYNCED/READ2SYNC.txt"), "page\n");
 }
 
+TEST_F(Diagnostics, AllLinesOfThePageEndAsOnThisSystem) {
+  ASSERT_TRUE(report::replaceRead2SyncFile("one\ntwo\n").ok());
+  report::appendRead2SyncLine("three\nfour");
+  const std::string bytes = content(report::kRead2SyncFile, std::ios::binary);
+#ifdef _WIN32
+  EXPECT_EQ(bytes, "one\r\ntwo\r\nthree\r\nfour\r\n");
+#else
+  EXPECT_EQ(bytes, "one\ntwo\nthree\nfour\n");
+#endif
+}
+
 TEST_F(Diagnostics, RemovingLeavesTheOtherFilesAndAllowsAMissingOne) {
   report::appendRead2SyncLine("page");
   report::appendTempResultsLine("pair");

@@ -23,8 +23,8 @@ class ProfileTest : public testing::Test {
   }
   void TearDown() override { std::filesystem::remove_all(profile_); }
 
-  std::string content(const char* belowProfile) const {
-    std::ifstream file(report::fromUtf8(report::toUtf8(profile_) + belowProfile));
+  std::string content(const char* belowProfile, std::ios::openmode mode = std::ios::in) const {
+    std::ifstream file(report::fromUtf8(report::toUtf8(profile_) + belowProfile), mode);
     return {std::istreambuf_iterator<char>(file), {}};
   }
 
