@@ -9,6 +9,9 @@
 namespace place {
 namespace {
 
+static_assert(kMatchWeights.size() == 1 + kFeatures + kFeatures * (kFeatures + 1) / 2,
+              "one weight for every product");
+
 double most(const auto& known, int file, int besides) {
   const auto found = known.find(file);
   return found == known.end() ? 0 : found->second.without(besides);
