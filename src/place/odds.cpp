@@ -42,17 +42,8 @@ void Odds::Most::add(double reached, int other) {
   }
 }
 
-double Odds::Repeats::shareWithout(const align::Match& match) const {
-  const int own = match.rivals.empty() ? 0 : 1;
-  return double(repeating - own) / std::max(1, matches - 1);
-}
-
 Odds::Odds(std::span<const align::Match> matches) {
   for (const align::Match& m : matches) {
-    for (const int file : {m.best.first, m.best.second}) {
-      ++repeats_[file].matches;
-      repeats_[file].repeating += m.rivals.empty() ? 0 : 1;
-    }
     if (m.best.copy) continue;
     const int first = m.best.first, second = m.best.second;
     strength_[first].add(m.best.strength, second);
@@ -76,8 +67,6 @@ std::vector<Features> Odds::features(const align::Match& match) const {
   const int first = match.best.first, second = match.best.second;
   const double strength = strengthElsewhere(first, second);
   const double distinct = std::min(most(distinct_, first, second), most(distinct_, second, first));
-  const double repeats =
-      std::max(repeats_.at(first).shareWithout(match), repeats_.at(second).shareWithout(match));
   const std::vector<align::Alignment> all = align::allOf(match);
   std::vector<Features> features;
   for (std::size_t i = 0; i < all.size(); ++i) {
@@ -92,7 +81,7 @@ std::vector<Features> Odds::features(const align::Match& match) const {
          share(height, typical_, -1.5, 0.7), std::log(double(all.size())),
          other > 0 ? share(align::weightOf(a), other, -2, 2) : 2, a.logOdds > 0 ? 1.0 : 0.0,
          a.logOdds > 0 ? share(a.logOdds, 100, -1, 2) : 0, a.varies ? 1.0 : 0.0,
-         std::clamp(a.spreadSeconds / std::max(1.0, a.overlapSeconds), 0.0, 1.0) - 0.6, repeats});
+         std::clamp(a.spreadSeconds / std::max(1.0, a.overlapSeconds), 0.0, 1.0) - 0.6});
   }
   return features;
 }

@@ -9,8 +9,8 @@
 
 namespace place {
 
-/// What a match tells of whether one of its offsets is the right one.
-inline constexpr std::size_t kFeatures = 15;
+/// What a match tells of whether one of its offsets is the right one; see featureNames.
+inline constexpr std::size_t kFeatures = 14;
 using Features = std::array<double, kFeatures>;
 
 /// How likely the offsets are at which two recordings fit, from all that is known of a set. Three
@@ -44,15 +44,7 @@ class Odds {
     double without(int other) const { return other == with ? next : value; }
   };
 
-  /// A file's matches, and those of them that fit at several offsets.
-  struct Repeats {
-    int matches = 0, repeating = 0;
-
-    double shareWithout(const align::Match& match) const;
-  };
-
   std::map<int, Most> strength_, distinct_;  // by file; copies do not count
-  std::map<int, Repeats> repeats_;           // by file
   double typical_ = 1;                       // strength that files of the set reach
 };
 
