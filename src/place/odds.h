@@ -9,7 +9,7 @@
 
 namespace place {
 
-/// What a match tells of whether one of its offsets is the right one; see featureNames.
+/// What a match tells of whether one of its offsets is the right one.
 inline constexpr std::size_t kFeatures = 14;
 using Features = std::array<double, kFeatures>;
 

@@ -60,12 +60,22 @@ std::vector<int> PairSearch::partners() const {
   return count;
 }
 
+void PairSearch::standBy(const Grouping& grouping) {
+  connected_ = OffsetForest(static_cast<int>(recordings_.size()));
+  for (const auto& members : grouping.members)
+    for (const int file : std::span(members).subspan(1))
+      connected_.join(
+          members[0], file,
+          grouping.position[std::size_t(file)] - grouping.position[std::size_t(members[0])]);
+}
+
 void PairSearch::followVotes(std::span<const vote::PairCandidates> candidates) {
   std::vector<vote::PairCandidates> promising;
-  std::ranges::copy_if(
-      candidates, std::back_inserter(promising), [&](const vote::PairCandidates& s) {
-        return s.significance >= kPromising && align::comparable(recordings_, s.first, s.second);
-      });
+  std::ranges::copy_if(candidates, std::back_inserter(promising),
+                       [&](const vote::PairCandidates& s) {
+                         return s.significance >= kPromising && !heard(s.first, s.second) &&
+                                align::comparable(recordings_, s.first, s.second);
+                       });
   listen(promising, align::examine, patience());
 }
 

@@ -21,7 +21,10 @@ class PairSearch {
   PairSearch(std::span<const align::Recording> recordings, const align::SoundReader& sound,
              const PlacementProgress& progress);
 
-  /// Listens where the votes candidates something, most significant first.
+  /// Takes these groups for what is connected past all doubt, whatever single matches said.
+  void standBy(const Grouping& grouping);
+
+  /// Listens where the votes promise something and nobody listened yet, most significant first.
   void followVotes(std::span<const vote::PairCandidates> candidates);
 
   /// Looks in the sound itself for what the candidates did not connect.

@@ -20,6 +20,8 @@ PairSearch searched(std::span<const align::Recording> recordings,
   const std::vector<vote::PairCandidates> candidates = vote::candidatesOf(votes);
   PairSearch search(recordings, sound, progress);
   search.followVotes(candidates);
+  search.standBy(groupsOf(search, recordings));
+  search.followVotes(candidates);
   search.search(candidates);
   search.listenFaintly();
   for (int round = 0; round < kRounds; ++round)

@@ -135,6 +135,28 @@ TEST(PlaceBySound, TellsThePlaceOfRecordingsThatMostlyWait) {
     EXPECT_NEAR(member.offsetSeconds, starts[member.file], 0.001);
 }
 
+// In sets of some size a pair whose places are known is left in peace, until the groups turn out
+// not to hold it.
+TEST(PairSearch, ListensToWhatOnlySeemedConnected) {
+  Shoot shoot;
+  for (const double start : {0, 5, 9}) shoot.add("take", recorded(1, start, 20));
+  for (int i = 0; i < 12; ++i) shoot.add("blip", recorded(1, 3, 0.3));
+  const SoundReader reader = shoot.reader();
+  const PlacementProgress progress;
+  PairSearch search(shoot.recordings, reader, progress);
+  std::vector<vote::PairCandidates> candidates = {{0, 1, {5.0}, 20}, {1, 2, {4.0}, 20}};
+  search.followVotes(candidates);
+  candidates.push_back({0, 2, {13.0}, 20});
+  search.followVotes(candidates);
+  EXPECT_FALSE(search.heard(0, 2));
+  Grouping grouping;
+  grouping.members = {{0, 1}};
+  grouping.position.resize(shoot.recordings.size(), 0.0);
+  search.standBy(grouping);
+  search.followVotes(candidates);
+  EXPECT_TRUE(search.heard(0, 2));
+}
+
 // Votes name a pair once; envelopes, and what a group implies, name it again the other way round.
 TEST(PairSearch, APairHeardTwiceIsHeardOnce) {
   Shoot shoot;
