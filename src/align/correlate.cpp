@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "align/fft.h"
+#include "report/per_thread.h"
 
 namespace align {
 namespace {
@@ -20,7 +21,8 @@ constexpr int kBlock = 8;  // samples whose level is evened by one factor
 
 // Hann window of that length, kept for the next call of the same thread.
 const Eigen::ArrayXf& taper(Index count) {
-  thread_local Eigen::ArrayXf window;
+  static const report::PerThread<Eigen::ArrayXf> windows;
+  Eigen::ArrayXf& window = *windows;
   if (window.size() != count) {
     const auto step = static_cast<float>(2 * std::numbers::pi / double(count));
     window =
@@ -62,8 +64,8 @@ struct Work {
 };
 
 Work& work() {
-  thread_local Work own;
-  return own;
+  static const report::PerThread<Work> works;
+  return *works;
 }
 
 // Spectra of up to four pieces; where there are fewer, the last stands in for the rest.

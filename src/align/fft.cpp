@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "analysis/lanes.h"
+#include "report/per_thread.h"
 
 namespace align {
 namespace {
@@ -31,13 +32,13 @@ struct Plan {
 };
 
 Plan& planFor(Index count) {
-  thread_local std::map<Index, Plan> plans;
-  return plans.try_emplace(count, count).first->second;
+  static const report::PerThread<std::map<Index, Plan>> plans;
+  return (*plans).try_emplace(count, count).first->second;
 }
 
 void transform(Plan& plan) {
-  thread_local Eigen::FFT<Lanes> fft;
-  fft.fwd(plan.out.data(), plan.in.data(), static_cast<Index>(plan.in.size()));
+  static const report::PerThread<Eigen::FFT<Lanes>> fft;
+  (*fft).fwd(plan.out.data(), plan.in.data(), static_cast<Index>(plan.in.size()));
 }
 
 Complex turned(const Complex& z, const std::complex<float>& by) {

@@ -8,6 +8,7 @@
 
 #include "align/activity.h"
 #include "align/fft.h"
+#include "report/per_thread.h"
 
 namespace align {
 namespace {
@@ -42,7 +43,8 @@ Spectra spectraOf(const Envelope& envelope, Eigen::Index band, Eigen::Index firs
 
 // Sum over bands of the products, for every lag of b's start from -(frames of b) on.
 std::vector<float> correlationOverLags(const Envelope& a, const Envelope& b) {
-  thread_local Work own;
+  static const report::PerThread<Work> works;
+  Work& own = *works;
   const Eigen::Index framesB = b.cols(), whole = a.cols() + framesB;
   const Eigen::Index size = fastSize(std::min(2 * framesB, whole));
   const Eigen::Index step = whole <= size ? size : size - framesB;  // what goes round is silence

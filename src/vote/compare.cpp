@@ -8,6 +8,7 @@
 #include <string>
 
 #include "report/parallel.h"
+#include "report/per_thread.h"
 #include "vote/join.h"
 
 namespace vote {
@@ -68,7 +69,8 @@ std::vector<FilePair> pairsToCompare(const Eigen::VectorXf& durations,
 std::vector<HitCode> compareFingerprints(const analysis::MatrixXLI& x, const analysis::MatrixXLI& y,
                                          int first, int second, float /*durationX*/,
                                          float durationY) {
-  thread_local std::vector<RowPair> room;
+  static const report::PerThread<std::vector<RowPair>> rooms;
+  std::vector<RowPair>& room = *rooms;
   const auto rows = mergeJoin(column(x, 1), column(y, 1), room);
   std::vector<HitCode> hits{kHitSentinel};
   hits.reserve(rows.size() + 2);

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "report/parallel.h"
+#include "report/per_thread.h"
 #include "vote/compare.h"
 #include "vote/evaluate.h"
 #include "vote/hash_index.h"
@@ -59,7 +60,8 @@ class Voter {
 
   PairVote indexedVote(const FilePair& pair, const IndexedFingerprint& x,
                        const IndexedFingerprint& y) const {
-    thread_local HitMap hits;
+    static const report::PerThread<HitMap> maps;
+    HitMap& hits = *maps;
     hits.fill(x, y);
     const bool enough = hits.hits() >= static_cast<int>(kFewestHits);  // and a sentinel
     PairVote vote = voteWith(enough ? hits.estimate() : std::nullopt, pair.first, pair.second,
