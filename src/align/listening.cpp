@@ -54,8 +54,11 @@ bool plain(const DelayLine& line) {
   return line.heights.size() >= kFew && std::ranges::min(line.heights) >= kPastRepetition;
 }
 
-// Chance gives so much less the more windows there are that what is real stands out in time.
-bool mayStillConvince(const Alignment& a) { return a.evidence >= (a.windows > 8 ? kProof : kHint); }
+// Chance gives so much less the more windows there are that what is real stands out in time. It
+// never gives one so high: then something that gates its noise may be silent in the others.
+bool mayStillConvince(const Alignment& a) {
+  return a.evidence >= (a.windows > 8 ? kProof : kHint) || a.strength >= kPastRepetition;
+}
 
 bool worthMore(const Alignment& a) {
   if (!believed(a)) return mayStillConvince(a);
@@ -195,7 +198,8 @@ Alignment Listening::faint() {
 
 Alignment Listening::glance() {
   const DelayLine& line = listenTo(kFew);
-  if (line.evidence >= kGlimmer && !plain(line)) listenTo(kSome);
+  const bool high = !line.heights.empty() && std::ranges::max(line.heights) >= kPastRepetition;
+  if ((line.evidence >= kGlimmer || high) && !plain(line)) listenTo(kSome);
   if (line_.evidence > kGlimmer && leavesReach()) comeNearer();
   return summary();
 }

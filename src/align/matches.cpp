@@ -18,7 +18,9 @@ struct Listened {
   Alignment seen;  // at a glance
 };
 
-bool plausible(const Alignment& a) { return a.support >= 2 && a.evidence >= 6; }
+bool plausible(const Alignment& a) {
+  return (a.support >= 2 && a.evidence >= 6) || a.strength >= kPastRepetition;
+}
 
 /// The offsets of one pair that were listened to and may be right.
 class Examination {

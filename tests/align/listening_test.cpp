@@ -62,6 +62,21 @@ TEST(Listening, KnowsACopyFromASecondMicrophone) {
   EXPECT_FALSE(other.copy);
 }
 
+// A phone that takes most of what it hears for noise: one window says more than chance ever does,
+// and few of the others anything.
+TEST(Listening, HearsWhatComesThroughNowAndThen) {
+  Shoot shoot;
+  shoot.add("recorder", recorded(1, 0, 60));
+  std::vector<float> phone = recorded(2, 0.5, 60);
+  const std::vector<float> heard = recorded(1, 36, 10);
+  std::copy(heard.begin(), heard.end(), phone.begin() + 36 * kSampleRate);
+  shoot.add("phone", phone);
+  const Alignment found = shoot.verified(0.01);
+  EXPECT_TRUE(believed(found));
+  EXPECT_LT(found.support * 4, found.windows);
+  EXPECT_NEAR(found.offsetSeconds, 0, 0.1 / kSampleRate);
+}
+
 // Exchanged wires turn the correlation upside down; its second highest peak is no place.
 TEST(Listening, HearsARecordingWhoseSignIsInverted) {
   Shoot shoot;
