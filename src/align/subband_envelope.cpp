@@ -32,7 +32,6 @@ std::array<int, kEnvelopeBands + 1> bandEdges() {
 }
 
 using Levels = Eigen::Array<float, kEnvelopeBands, Eigen::Dynamic>;
-using Weights = Eigen::Array<float, 1, Eigen::Dynamic>;
 
 const Eigen::RowVectorXf& taper() {
   static const Eigen::RowVectorXf window =
@@ -74,30 +73,44 @@ Levels bandLevels(std::int64_t samples, const ReadSamples& read) {
   return levels;
 }
 
-// Running mean over kAround frames on both sides.
-Levels meanAround(const Levels& x) {
+using Column = Eigen::Array<float, kEnvelopeBands, 1>;
+
+// Goes along the columns that `column` gives, each asked for once, and tells `use` of each in turn
+// the mean of those within kAround of it. What `column` reads may be changed once it was told of.
+template <class Give, class Use>
+void forEachMeanAround(Eigen::Index columns, const Give& column, const Use& use) {
   using Sums = Eigen::Array<double, kEnvelopeBands, 1>;
-  Levels mean(kEnvelopeBands, x.cols());
+  std::array<Sums, 64> held;
+  static_assert(held.size() >= 2 * kAround + 2);
+  const auto place = [&](Eigen::Index t) -> Sums& { return held[std::size_t(t) % held.size()]; };
   Sums sum = Sums::Zero();
   Eigen::Index from = 0, to = 0;
-  for (Eigen::Index t = 0; t < x.cols(); ++t) {
-    while (to < std::min(x.cols(), t + kAround + 1)) sum += x.col(to++).cast<double>();
-    while (from < t - kAround) sum -= x.col(from++).cast<double>();
-    mean.col(t) = (sum / double(to - from)).cast<float>();
+  for (Eigen::Index t = 0; t < columns; ++t) {
+    for (; to < std::min(columns, t + kAround + 1); ++to) {
+      place(to) = column(to).template cast<double>();
+      sum += place(to);
+    }
+    for (; from < t - kAround; ++from) sum -= place(from);
+    use(t, Column((sum / double(to - from)).template cast<float>()));
   }
-  return mean;
 }
 
+// Works in the room of `levels`, which of a long recording is all that there is room for.
 Envelope movement(Levels levels) {
   const float floor = levels.mean() * 1e-5f + 1e-12f;
   levels = (levels + floor).log();
-  levels -= meanAround(levels);
-  const Levels variance = meanAround(levels.square());
-  levels /= (variance + 0.05f).sqrt();
-  levels = kStep * levels.max(-kLimit).min(kLimit);
-  levels.rowwise() *= (variance.colwise().mean() > kSteadyNoise)
-                          .select(1.0f, Weights::Constant(variance.cols(), kSteadyWeight));
-  return levels.round().cast<std::int8_t>();
+  const auto level = [&](Eigen::Index t) { return levels.col(t); };
+  const auto square = [&](Eigen::Index t) -> Column { return levels.col(t).square(); };
+  forEachMeanAround(levels.cols(), level,
+                    [&](Eigen::Index t, const Column& mean) { levels.col(t) -= mean; });
+  Envelope envelope(kEnvelopeBands, levels.cols());
+  forEachMeanAround(levels.cols(), square, [&](Eigen::Index t, const Column& variance) {
+    const Column even = levels.col(t) / (variance + 0.05f).sqrt();
+    const float weight = variance.mean() > kSteadyNoise ? 1.0f : kSteadyWeight;
+    envelope.col(t) =
+        (weight * (kStep * even.max(-kLimit).min(kLimit))).round().cast<std::int8_t>();
+  });
+  return envelope;
 }
 
 }  // namespace

@@ -21,7 +21,7 @@ using Envelope = Eigen::Array<std::int8_t, kEnvelopeBands, Eigen::Dynamic>;
 using ReadSamples = std::function<std::vector<float>(std::int64_t first, std::int64_t count)>;
 
 /// The envelope of a recording of `samples` samples, which is read piece by piece: an hour takes
-/// 22 MB of room meanwhile. Callable from any thread that `read` is.
+/// 9 MB of room meanwhile. Callable from any thread that `read` is.
 Envelope envelopeOf(std::int64_t samples, const ReadSamples& read);
 
 /// The envelope of `samples`. Pure: callable from any thread.

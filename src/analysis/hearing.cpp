@@ -1,5 +1,7 @@
 #include "analysis/hearing.h"
 
+#include <utility>
+
 #include "analysis/frames.h"
 #include "analysis/line.h"
 #include "analysis/peaks.h"
@@ -46,7 +48,10 @@ std::vector<std::vector<Landmark>> landmarksOf(SampleSource& source, std::span<c
   const auto use = [&](std::size_t i, const float* column) { forward[i].add(column); };
   if (!forEachColumn(source, shifts, use, stop)) return {};
   std::vector<std::vector<Landmark>> landmarks;
-  for (const ForwardPeaks& peaks : forward) landmarks.push_back(pairsOf(peaks, frames, settings));
+  for (ForwardPeaks& peaks : forward) {
+    const ForwardPeaks heard = std::move(peaks);  // gone before those of the next are paired
+    landmarks.push_back(pairsOf(heard, frames, settings));
+  }
   return landmarks;
 }
 
