@@ -8,7 +8,6 @@
 #include "analysis/frames.h"
 #include "analysis/level.h"
 #include "analysis/logarithm.h"
-#include "analysis/sound.h"
 
 namespace analysis {
 namespace {
@@ -39,10 +38,6 @@ class HighPass {
   Column filtered_ = Column::Zero();
 };
 
-struct Level {
-  float mean, floor;
-};
-
 using Meters = std::vector<LevelMeter>;
 
 bool measure(SampleSource& source, std::span<const int> shifts, Meters& meters,
@@ -52,28 +47,15 @@ bool measure(SampleSource& source, std::span<const int> shifts, Meters& meters,
       [&](std::size_t i, const float* powers, int frames) { meters[i].add(powers, frames); }, stop);
 }
 
-// The levels of `shifts`; none when `stop` ended it.
-std::vector<Level> measuredLevels(SampleSource& source, std::span<const int> shifts,
-                                  const std::function<bool()>& stop) {
+// The levels of all delays; none when `stop` ended it.
+Meters levelsOf(SampleSource& source, std::span<const int> shifts,
+                const std::function<bool()>& stop) {
   Meters meters(shifts.size(), LevelMeter(kFaintAtFullScale));
   if (!measure(source, shifts, meters, stop)) return {};
-  if (!std::ranges::all_of(meters, &LevelMeter::settled)) {  // beyond full scale
-    for (LevelMeter& meter : meters) meter = LevelMeter(meter.floor());
-    if (!measure(source, shifts, meters, stop)) return {};
-  }
-  std::vector<Level> levels;
-  for (const LevelMeter& meter : meters) levels.push_back({meter.mean(), meter.floor()});
-  return levels;
-}
-
-// The same for all delays. A few milliseconds later a long recording is as loud as before: there
-// the middle one stands for all, which saves a third of the transforms.
-std::vector<Level> levelsOf(SampleSource& source, std::span<const int> shifts,
-                            const std::function<bool()>& stop) {
-  constexpr std::int64_t kLong = 5 * 60 * kSampleRate;
-  if (source.length() < kLong) return measuredLevels(source, shifts, stop);
-  const auto levels = measuredLevels(source, shifts.subspan(shifts.size() / 2, 1), stop);
-  return levels.empty() ? levels : std::vector(shifts.size(), levels.front());
+  if (std::ranges::all_of(meters, &LevelMeter::settled)) return meters;
+  Meters again;  // beyond full scale
+  for (const LevelMeter& meter : meters) again.emplace_back(meter.floor());
+  return measure(source, shifts, again, stop) ? again : Meters();
 }
 
 void fill(Spectrogram& out, SampleSource& source, int shift) {
@@ -88,15 +70,16 @@ void fill(Spectrogram& out, SampleSource& source, int shift) {
 
 bool forEachColumn(SampleSource& source, std::span<const int> shifts, const UseColumn& use,
                    const std::function<bool()>& stop) {
-  const std::vector<Level> levels = levelsOf(source, shifts, stop);
+  const Meters levels = levelsOf(source, shifts, stop);
   if (levels.empty()) return false;
   std::vector<HighPass> filters;
-  for (const Level& level : levels) filters.emplace_back(level.mean);
+  for (const LevelMeter& level : levels) filters.emplace_back(level.mean());
+  std::vector<float> floors;
+  for (const LevelMeter& level : levels) floors.push_back(level.floor());
   std::array<float, kBatch * kBins> logs;
   const auto useFrames = [&](std::size_t i, const float* powers, int frames) {
     std::copy_n(powers, frames * kBins, logs.begin());
-    toLogMagnitudes(std::span(logs).first(static_cast<std::size_t>(frames * kBins)),
-                    levels[i].floor);
+    toLogMagnitudes(std::span(logs).first(static_cast<std::size_t>(frames * kBins)), floors[i]);
     for (int frame = 0; frame < frames; ++frame) use(i, filters[i].filter(&logs[frame * kBins]));
   };
   return forEachFrame(source, shifts, useFrames, stop);

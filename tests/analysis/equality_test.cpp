@@ -95,23 +95,6 @@ TEST(Landmarks, EqualThoseOfWholeSpectrograms) {
 }
 
 // The level is told from products and from counted sizes; every way has to come to the same.
-TEST(Landmarks, OfLongSoundsAreThoseOfDelaysHeardAlone) {
-  auto sound =
-      sounds::heardWithNoise(sounds::music(320 * analysis::kSampleRate, 4), 0.4f, 0.003f, 5);
-  std::fill_n(sound.begin() + 4000, 9000, 0.0f);  // where the floor counts
-  analysis::SamplesInMemory source(sound);
-  const auto together = analysis::landmarksOf(source, analysis::kShifts, {0.99f});
-  for (std::size_t i = 0; i < together.size(); ++i) {
-    const auto alone = analysis::landmarksOf(source, std::span(&analysis::kShifts[i], 1), {0.99f});
-    std::size_t same = 0;
-    for (std::size_t k = 0; k < std::min(alone[0].size(), together[i].size()); ++k)
-      same += alone[0][k] == together[i][k];
-    EXPECT_GT(alone[0].size(), 10000u);
-    EXPECT_EQ(together[i].size(), alone[0].size());
-    EXPECT_GE(same, alone[0].size() - 20) << "delay " << analysis::kShifts[i];
-  }
-}
-
 TEST(Level, EqualsThatOfThePlainLogarithms) {
   for (const float loudness : {1.0f, 1e-2f, 1e-4f, 30.0f}) {
     for (const auto& [name, unscaled] : variedSounds()) {
