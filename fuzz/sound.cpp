@@ -1,5 +1,8 @@
 // A converted sound may be cut short or be anything at all: whatever the file holds, it is read as
 // often as it is asked for, and is what it was before.
+#include <algorithm>
+#include <span>
+
 #include "analysis/fingerprint.h"
 #include "analysis/sample_source.h"
 #include "fuzz/input.h"
@@ -15,6 +18,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   for (std::size_t i = 0; i < piece.size(); ++i)
     fuzz::require(piece[i] == whole[i + 110] || piece[i] != piece[i],
                   "a piece is cut from the whole");
-  fuzz::require(analysis::fingerprint(whole, 0.98f).rows() >= 8, "a fingerprint has its zero rows");
+  const auto heard = std::span(whole).first(std::min<std::size_t>(whole.size(), 8000));
+  fuzz::require(analysis::fingerprint(heard, 0.98f).rows() >= 8, "a fingerprint has its zero rows");
   return 0;
 }

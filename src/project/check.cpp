@@ -24,6 +24,39 @@ std::string problemOfNumbers(const Project& project) {
   return {};
 }
 
+// More than any file or shoot has, and little enough that frames and samples can be counted.
+constexpr double kMost = 1e9;
+
+bool isTime(double seconds) { return std::abs(seconds) <= kMost; }
+bool isCount(double count) { return count >= 0 && count <= kMost; }
+bool isRate(const Rate& rate) {
+  return isCount(double(rate.units)) && isCount(double(rate.seconds));
+}
+
+bool canBe(const Picture& picture) {
+  return isRate(picture.rate) && isCount(picture.width) && isCount(picture.height) &&
+         isCount(picture.pixelAspect) && isTime(picture.lengthSeconds);
+}
+
+bool canBe(const Sound& sound) {
+  return isCount(sound.channels) && isCount(sound.rate) && isCount(sound.bits) &&
+         (sound.layout.empty() || std::ssize(sound.layout) == sound.channels) &&
+         isTime(sound.lengthSeconds) && isTime(sound.startSeconds);
+}
+
+bool canBe(const MediaFacts& facts) {
+  return (!facts.picture || canBe(*facts.picture)) &&
+         std::ranges::all_of(facts.sounds, [](const Sound& sound) { return canBe(sound); }) &&
+         (!facts.timecode ||
+          (isRate(facts.timecode->rate) && isCount(facts.timecode->seconds()))) &&
+         isTime(facts.lengthSeconds);
+}
+
+bool canBeHeard(const Recording& recording) {
+  const auto streams = std::ssize(recording.files.front().facts.sounds);
+  return recording.heardStream >= 0 && (streams == 0 || recording.heardStream < streams);
+}
+
 std::string problemOfRecordings(const Project& project) {
   for (const Recording* recording : allRecordings(project)) {
     const auto noPlace = [](const MediaFile& file) { return file.path.empty(); };
@@ -31,6 +64,11 @@ std::string problemOfRecordings(const Project& project) {
       return numbered("no file is named for recording ", recording->id);
     if (!(recording->lengthSeconds >= 0))
       return "the length of recording " + std::to_string(recording->id) + " is below 0";
+    if (!isCount(recording->lengthSeconds) || !isTime(recording->soundStartSeconds))
+      return numbered("no recording is as long as recording ", recording->id);
+    const auto isFile = [](const MediaFile& file) { return canBe(file.facts); };
+    if (!std::ranges::all_of(recording->files, isFile) || !canBeHeard(*recording))
+      return numbered("no file is as those of recording ", recording->id) + " are said to be";
   }
   return {};
 }
@@ -43,7 +81,8 @@ std::string problemOfClips(const Project& project, const std::set<Id>& known) {
         return numbered("a clip stands for recording ", clip.recording) + ", which is not there";
       if (!placed.insert(clip.recording).second)
         return numbered("two clips stand for recording ", clip.recording);
-      if (!(std::abs(clip.startSeconds) < 1e9))
+      if (!isTime(clip.startSeconds) || !isTime(clip.errorSeconds.value_or(0)) ||
+          !isTime(clip.driftPpm.value_or(0)) || !isTime(clip.oneClockShiftSeconds.value_or(0)))
         return numbered("the place of recording ", clip.recording) + " is no time";
       for (const Id other : clip.matchedWith)
         if (!known.contains(other))

@@ -63,6 +63,18 @@ struct Rest {
   void show(auto& visit, auto& part) const { visit.unknown(part.*member); }
 };
 
+// How a compiler that deduces nothing for aggregates (clang 16) reads the table.
+template <class Part, class Value>
+Plain(const char*, Value Part::*) -> Plain<Part, Value>;
+template <class Part, class Value, std::size_t size>
+Word(const char*, Value Part::*, const Words<Value, size>&) -> Word<Part, Value, size>;
+template <class Part, class Value>
+Path(const char*, Value Part::*) -> Path<Part, Value>;
+template <class Part, class Value>
+Paths(const char*, Value Part::*) -> Paths<Part, Value>;
+template <class Part, class Value>
+Rest(Value Part::*) -> Rest<Part, Value>;
+
 template <class Part>
 inline constexpr std::tuple<> kFields;  // every part has its own
 

@@ -18,6 +18,9 @@ using project::Rate;
 constexpr double kMilliseconds = 1e-3;
 // Frames per second; a slideshow's or a damaged header's rate is none to count by.
 constexpr double kSlowest = 1, kFastest = 1000;
+// A damaged header may say any number; within these, frames and samples of a day can be counted.
+constexpr double kLargest = 1e12;
+constexpr int kLargestCount = 1'000'000'000;
 constexpr const char* kUntoldRate = "0.000";  // a picture is there; its rate follows the sequence
 
 /// 29.970 is 30000/1001; a rate that is near none of its kind is taken to the thousandth.
@@ -31,8 +34,7 @@ Rate rateOf(double framesPerSecond) {
 }
 
 Rate pictureRate(const StreamFields& stream) {
-  const Rate told{std::llround(stream.number("FrameRate_Num")),
-                  std::llround(stream.number("FrameRate_Den"))};
+  const Rate told{stream.count("FrameRate_Num"), stream.count("FrameRate_Den")};
   if (told.known() && rateOf(told.perSecond()).known()) return told;
   if (const Rate rate = rateOf(stream.number("FrameRate")); rate.known()) return rate;
   const double frames = stream.number("FrameCount"), length = stream.seconds("Duration");
@@ -61,8 +63,8 @@ project::Picture pictureOf(const StreamFields& stream) {
   project::Picture picture;
   picture.rate = pictureRate(stream);
   picture.variableRate = isVariable(stream);
-  picture.width = static_cast<int>(stream.number("Width"));
-  picture.height = static_cast<int>(stream.number("Height"));
+  picture.width = stream.count("Width");
+  picture.height = stream.count("Height");
   picture.rotation = rotationOf(stream);
   if (const double aspect = stream.number("PixelAspectRatio"); aspect > 0)
     picture.pixelAspect = aspect;
@@ -87,13 +89,13 @@ double soundLength(const StreamFields& stream, int rate) {
 
 project::Sound soundOf(const StreamFields& stream) {
   project::Sound sound;
-  sound.channels = static_cast<int>(stream.number("Channel(s)"));
-  sound.rate = static_cast<int>(stream.number("SamplingRate"));
-  sound.bits = static_cast<int>(stream.number("BitDepth"));
+  sound.channels = stream.count("Channel(s)");
+  sound.rate = stream.count("SamplingRate");
+  sound.bits = stream.count("BitDepth");
   sound.layout = layoutOf(stream, sound.channels);
   sound.lengthSeconds = soundLength(stream, sound.rate);
   if (const std::string order = stream.text("StreamOrder"); !order.empty())
-    sound.index = static_cast<int>(stream.number("StreamOrder"));
+    sound.index = stream.count("StreamOrder");
   return sound;
 }
 
@@ -148,7 +150,12 @@ double StreamFields::number(const std::string& field) const {
   const std::string answer = text(field);
   double value = 0;
   std::from_chars(answer.data(), answer.data() + answer.size(), value);
-  return value;
+  return std::abs(value) <= kLargest ? value : 0;
+}
+
+int StreamFields::count(const std::string& field) const {
+  const double value = number(field);
+  return value >= 0 && value <= kLargestCount ? static_cast<int>(value) : 0;
 }
 
 double StreamFields::seconds(const std::string& field) const {

@@ -16,7 +16,8 @@ class StreamFields {
   explicit StreamFields(std::map<std::string, std::string> answers)
       : answers_(std::move(answers)) {}
   std::string text(const std::string& field) const;
-  double number(const std::string& field) const;   // 0 where there is none
+  double number(const std::string& field) const;   // 0 where there is none, or an absurd one
+  int count(const std::string& field) const;       // of a whole number from 0 up
   double seconds(const std::string& field) const;  // of a field in milliseconds
   bool empty() const { return answers_.empty(); }
 

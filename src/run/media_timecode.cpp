@@ -11,8 +11,7 @@ using project::Rate;
 using project::Timecode;
 
 Rate rateOf(const StreamFields& stream) {
-  return {std::llround(stream.number("FrameRate_Num")),
-          std::llround(stream.number("FrameRate_Den"))};
+  return {stream.count("FrameRate_Num"), stream.count("FrameRate_Den")};
 }
 
 std::optional<Timecode> read(const StreamFields& stream, const StreamFields& fallback) {
@@ -26,7 +25,7 @@ std::optional<Timecode> read(const StreamFields& stream, const StreamFields& fal
 /// A recorder counts the samples since midnight.
 std::optional<Timecode> ofBroadcastWave(const StreamFields& sound) {
   if (sound.text("Delay_Source").find("bext") == std::string::npos) return {};
-  const auto rate = std::llround(sound.number("SamplingRate"));
+  const int rate = sound.count("SamplingRate");
   const Timecode found{{rate, 1}, std::llround(sound.seconds("Delay") * double(rate)), false};
   return rate > 0 && found.units > 0 ? std::optional(found) : std::nullopt;
 }
@@ -43,7 +42,7 @@ std::optional<Timecode> parsedTimecode(std::string_view text, Rate rate, bool dr
     at = next == end ? end : next + 1;
   }
   const std::int64_t base = rate.known() ? std::llround(std::ceil(rate.perSecond() - 0.01)) : 0;
-  if (base == 0 || parts[1] > 59 || parts[2] > 59 || parts[3] >= base) return {};
+  if (base == 0 || parts[0] > 99 || parts[1] > 59 || parts[2] > 59 || parts[3] >= base) return {};
   const std::int64_t minutes = parts[0] * 60 + parts[1];
   const bool drops = dropFrame && base % 30 == 0;
   const std::int64_t dropped = drops ? base / 15 * (minutes - minutes / 10) : 0;

@@ -4,11 +4,13 @@
 
 #include <filesystem>
 
+#include "project/check.h"
 #include "project/edit.h"
 #include "project/file_stamp.h"
 #include "project/look_up.h"
 #include "report/files.h"
 #include "tests/fresh_path.h"
+#include "tests/project/sample.h"
 
 namespace project {
 namespace {
@@ -86,6 +88,28 @@ TEST_F(ProjectFile, WhatCannotBeOpenedIsNamed) {
   EXPECT_FALSE(saveProject(project_, path("no/such/w.kestrel")).ok());
   EXPECT_TRUE(isProjectPath("A.Kestrel"));
   EXPECT_FALSE(isProjectPath(".kestrel"));
+}
+
+TEST(ProjectCheck, FilesAndPlacesThatCannotBeAreAProblem) {
+  EXPECT_EQ(problemOf(fullProject()), "");
+  using Change = void (*)(Recording&, MediaFacts&, Clip&);
+  const Change changes[] = {
+      [](Recording& recording, MediaFacts&, Clip&) { recording.heardStream = 2; },
+      [](Recording& recording, MediaFacts&, Clip&) { recording.heardStream = -1; },
+      [](Recording& recording, MediaFacts&, Clip&) { recording.lengthSeconds = 1e300; },
+      [](Recording&, MediaFacts& facts, Clip&) { facts.sounds[0].layout = {"L"}; },
+      [](Recording&, MediaFacts& facts, Clip&) { facts.sounds[1].channels = -1; },
+      [](Recording&, MediaFacts& facts, Clip&) { facts.picture->rate.units = -7; },
+      [](Recording&, MediaFacts& facts, Clip&) { facts.picture->lengthSeconds = -1e18; },
+      [](Recording&, MediaFacts& facts, Clip&) { facts.timecode->units = 1LL << 60; },
+      [](Recording&, MediaFacts&, Clip& clip) { clip.driftPpm = 1e12; },
+      [](Recording&, MediaFacts&, Clip& clip) { clip.oneClockShiftSeconds = -2e9; }};
+  for (const Change& change : changes) {
+    Project project = fullProject();
+    Recording& recording = project.devices[0].recordings[0];
+    change(recording, recording.files[0].facts, project.groups[0].clips[0]);
+    EXPECT_NE(problemOf(project), "") << &change - changes;
+  }
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "run/media_fields.h"
 #include "run/media_probe.h"
 #include "run/media_timecode.h"
 #include "tests/run/media.h"
@@ -122,6 +123,26 @@ TEST(MediaFacts, WhatIsNoTimecodeIsNone) {
   for (const char* text : {"", "10", "10:00:00", "10:60:00:00", "10:00:00:25", "aa:bb:cc:dd"})
     EXPECT_FALSE(run::parsedTimecode(text, {25, 1}, false)) << text;
   EXPECT_FALSE(run::parsedTimecode("10:00:00:00", {}, false));
+  EXPECT_FALSE(run::parsedTimecode("9000000000000000000:00:00:00", {25, 1}, false));
+}
+
+TEST(MediaFacts, NumbersThatNoHeaderMeansCountAsUntold) {
+  for (const char* number : {"4799222229", "1e300", "-7", "inf", "nan"}) {
+    const run::StreamFields stream({{"Width", number},
+                                    {"FrameRate_Num", number},
+                                    {"FrameRate_Den", "0"},
+                                    {"FrameRate", number},
+                                    {"Channel(s)", number},
+                                    {"SamplingRate", number},
+                                    {"Delay_Source", "Container (bext)"},
+                                    {"Delay", "1000"}});
+    const MediaFacts facts = run::propertiesOf({{}, {stream}, {stream}, {}}).facts;
+    EXPECT_EQ(facts.picture->width, 0) << number;
+    EXPECT_FALSE(facts.picture->rate.known()) << number;
+    EXPECT_EQ(facts.sounds.at(0).channels, 0) << number;
+    EXPECT_EQ(facts.sounds.at(0).rate, 0) << number;
+    EXPECT_FALSE(facts.timecode) << number;
+  }
 }
 
 }  // namespace
